@@ -1,0 +1,53 @@
+# How every target of this tree is built. One static library a layer (in
+# Platform/ one a facility): a file that reaches for a layer which its own
+# target does not link finds no symbols there.
+
+add_library(quorvel_options INTERFACE)
+target_compile_features(quorvel_options INTERFACE cxx_std_20)
+target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(quorvel_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_definitions(quorvel_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_URL_CAST_FROM_STRING)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+set(QUORVEL_SANITIZERS "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
+if(QUORVEL_SANITIZERS)
+  add_compile_options(-fsanitize=${QUORVEL_SANITIZERS} -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUORVEL_SANITIZERS})
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+# quorvel_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
+function(quorvel_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+endfunction()
+
+# quorvel_test(NAME SOURCES ... LINKS ... [LAUNCHER ...] [LABELS ...] [TIMEOUT seconds])
+# One Qt Test program, run without a display and with folders of its own.
+function(quorvel_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LINKS;LAUNCHER;LABELS")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 60)
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE quorvel_options ${arg_LINKS} Qt6::Test)
+  set_target_properties(${name} PROPERTIES
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+  add_test(NAME ${name} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${name}>)
+  set(home ${PROJECT_BINARY_DIR}/tests/homes/${name})
+  file(MAKE_DIRECTORY ${home}/run)
+  file(CHMOD ${home}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+  set(environment QT_QPA_PLATFORM=offscreen HOME=${home} XDG_RUNTIME_DIR=${home}/run
+      XDG_DATA_HOME=${home}/data XDG_CONFIG_HOME=${home}/config XDG_CACHE_HOME=${home}/cache)
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
+endfunction()

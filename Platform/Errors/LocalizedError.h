@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <exception>
+
+namespace quorvel {
+
+/// The root of every failure that can reach the user: one sentence, and nothing else to show.
+class LocalizedError : public std::exception
+{
+public:
+    /// The sentence for the user; never empty.
+    [[nodiscard]] virtual QString errorDescription() const = 0;
+
+    /// The same sentence in UTF-8, for whoever knows only `std::exception`.
+    [[nodiscard]] const char *what() const noexcept final;
+
+private:
+    mutable QByteArray m_utf8;
+};
+
+inline const char *LocalizedError::what() const noexcept
+{
+    m_utf8 = errorDescription().toUtf8();
+    return m_utf8.constData();
+}
+
+} // namespace quorvel
