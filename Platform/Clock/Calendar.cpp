@@ -15,8 +15,7 @@ Instant instantOf(const QDateTime &dateTime)
 
 Calendar::Calendar(QTimeZone zone)
     : m_zone(std::move(zone))
-{
-}
+{}
 
 DayInterval Calendar::day(Instant containing) const
 {

@@ -11,8 +11,7 @@ public:
     explicit FakeClock(Instant now, QTimeZone zone = QTimeZone::utc())
         : instant(now)
         , timeZone(std::move(zone))
-    {
-    }
+    {}
 
     [[nodiscard]] Instant now() const override { return instant; }
     [[nodiscard]] Calendar calendar() const override { return Calendar(timeZone); }

@@ -1,0 +1,214 @@
+#pragma once
+
+#include "Platform/ObjectStore/Coding.h"
+#include "Platform/ObjectStore/PersistentObject.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <vector>
+
+namespace quorvel {
+
+/// A column and its type as SQL writes it.
+struct ColumnDescription
+{
+    QByteArray name;
+    QByteArray sqlType;
+};
+
+/// An attribute of an entity: the columns it takes and how it gets in and out of them.
+struct AttributeDescription
+{
+    std::vector<ColumnDescription> columns;
+    void (*read)(PersistentObject &object, const RowReader &row, int firstColumn) = nullptr;
+    void (*write)(const PersistentObject &object, ParameterWriter &writer,
+                  int firstIndex) = nullptr;
+    /// Rows are looked up by it, so it gets an index.
+    bool isLookupKey = false;
+};
+
+/// What becomes of an object when the one it points to is deleted.
+enum class DeleteRule { Nullify, Cascade };
+
+/// A to-one relationship. Its inverse, the to-many side, is the query for what points back.
+struct RelationshipDescription
+{
+    QByteArray name;
+    const EntityDescription &(*destination)() = nullptr;
+    const PersistentObject *(*get)(const PersistentObject &object) = nullptr;
+    std::shared_ptr<PersistentObject> (*getShared)(const PersistentObject &object) = nullptr;
+    void (*set)(PersistentObject &object, std::shared_ptr<PersistentObject> destination) = nullptr;
+    DeleteRule whenDestinationIsDeleted = DeleteRule::Nullify;
+};
+
+/// One kind of stored object: its table, and how objects and rows become each other.
+struct EntityDescription
+{
+    QByteArray name;
+    std::shared_ptr<PersistentObject> (*make)() = nullptr;
+    std::vector<AttributeDescription> attributes;
+    std::vector<RelationshipDescription> relationships;
+};
+
+struct SchemaVersion
+{
+    int majorNumber = 0;
+    int minorNumber = 0;
+    int patchNumber = 0;
+
+    friend auto operator<=>(const SchemaVersion &, const SchemaVersion &) = default;
+};
+
+/// The kinds of object that a store holds, and the version of that agreement.
+struct Schema
+{
+    SchemaVersion version;
+    std::vector<const EntityDescription *> entities;
+};
+
+namespace detail {
+
+template <auto Member>
+struct MemberTraits;
+
+template <class O, class V, V O::*Member>
+struct MemberTraits<Member>
+{
+    using Owner = O;
+    using Value = V;
+};
+
+template <auto Member>
+const auto &memberOf(const PersistentObject &object)
+{
+    return static_cast<const typename MemberTraits<Member>::Owner &>(object).*Member;
+}
+
+template <auto Member>
+auto &memberOf(PersistentObject &object)
+{
+    return static_cast<typename MemberTraits<Member>::Owner &>(object).*Member;
+}
+
+template <Composite Record>
+std::vector<ColumnDescription> compositeColumns(bool optional)
+{
+    std::vector<ColumnDescription> columns;
+    const auto add = [&]<class Value>(const CodingKey<Record, Value> &key) {
+        QByteArray sqlType = ColumnCoding<Value>::sqlType;
+        if (optional)
+            sqlType.replace(" NOT NULL", "");
+        columns.push_back({key.name, sqlType});
+    };
+    std::apply([&](const auto &...key) { (add(key), ...); }, Record::codingKeys());
+    return columns;
+}
+
+template <Composite Record>
+bool isAbsent(const RowReader &row, int column)
+{
+    for (int i = 0; i < codingKeyCount<Record>; ++i) {
+        if (!row.isNull(column + i))
+            return false;
+    }
+    return true;
+}
+
+} // namespace detail
+
+/// An attribute that stands in one column under its own name.
+template <auto Member>
+[[nodiscard]] AttributeDescription attribute(const char *name, const char *constraint = "")
+{
+    using Value = typename detail::MemberTraits<Member>::Value;
+    return {.columns = {{name, QByteArray(ColumnCoding<Value>::sqlType) + constraint}},
+            .read =
+                [](PersistentObject &object, const RowReader &row, int column) {
+                    detail::memberOf<Member>(object) = ColumnCoding<Value>::decode(row, column);
+                },
+            .write =
+                [](const PersistentObject &object, ParameterWriter &writer, int index) {
+                    ColumnCoding<Value>::encode(writer, index, detail::memberOf<Member>(object));
+                }};
+}
+
+/// The attribute that at most one row may hold a given value of.
+template <auto Member>
+[[nodiscard]] AttributeDescription uniqueAttribute(const char *name)
+{
+    return attribute<Member>(name, " UNIQUE");
+}
+
+/// An attribute by which rows are looked up.
+template <auto Member>
+[[nodiscard]] AttributeDescription lookupAttribute(const char *name)
+{
+    auto description = attribute<Member>(name);
+    description.isLookupKey = true;
+    return description;
+}
+
+/// A composite value, in one column for each of its coding keys.
+template <auto Member>
+[[nodiscard]] AttributeDescription compositeAttribute()
+{
+    using Record = typename detail::MemberTraits<Member>::Value;
+    return {.columns = detail::compositeColumns<Record>(false),
+            .read =
+                [](PersistentObject &object, const RowReader &row, int column) {
+                    detail::memberOf<Member>(object) = decodeComposite<Record>(row, column);
+                },
+            .write =
+                [](const PersistentObject &object, ParameterWriter &writer, int index) {
+                    encodeComposite(writer, index, detail::memberOf<Member>(object));
+                }};
+}
+
+/// A composite value that may be absent: then all of its columns are null. A single null among them
+/// is a missing key, as in a value that is never absent.
+template <auto Member>
+[[nodiscard]] AttributeDescription optionalCompositeAttribute()
+{
+    using Record = typename detail::MemberTraits<Member>::Value::value_type;
+    return {.columns = detail::compositeColumns<Record>(true),
+            .read =
+                [](PersistentObject &object, const RowReader &row, int column) {
+                    auto &value = detail::memberOf<Member>(object);
+                    if (detail::isAbsent<Record>(row, column))
+                        value.reset();
+                    else
+                        value = decodeComposite<Record>(row, column);
+                },
+            .write =
+                [](const PersistentObject &object, ParameterWriter &writer, int index) {
+                    const auto &value = detail::memberOf<Member>(object);
+                    for (int i = 0; !value && i < codingKeyCount<Record>; ++i)
+                        writer.null(index + i);
+                    if (value)
+                        encodeComposite(writer, index, *value);
+                }};
+}
+
+/// A reference to one object of another entity, or to none.
+template <auto Member>
+[[nodiscard]] RelationshipDescription toOne(const char *name, DeleteRule whenDestinationIsDeleted)
+{
+    using Destination = typename detail::MemberTraits<Member>::Value::element_type;
+    return {.name = name,
+            .destination = &Destination::entity,
+            .get = [](const PersistentObject &object) -> const PersistentObject * {
+                return detail::memberOf<Member>(object).get();
+            },
+            .getShared = [](const PersistentObject &object) -> std::shared_ptr<PersistentObject> {
+                return detail::memberOf<Member>(object);
+            },
+            .set =
+                [](PersistentObject &object, std::shared_ptr<PersistentObject> destination) {
+                    detail::memberOf<Member>(object) =
+                        std::static_pointer_cast<Destination>(std::move(destination));
+                },
+            .whenDestinationIsDeleted = whenDestinationIsDeleted};
+}
+
+} // namespace quorvel

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "Platform/ObjectStore/EntityDescription.h"
+
+#include <compare>
+#include <functional>
+#include <optional>
+#include <type_traits>
+#include <vector>
+
+namespace quorvel {
+
+/// Names an attribute of an entity where a fetch speaks of it.
+template <class Entity, class Result>
+struct AttributeKey
+{
+    const char *name;
+    Result (Entity::*get)() const;
+};
+template <class Entity, class Result>
+AttributeKey(const char *, Result (Entity::*)() const) -> AttributeKey<Entity, Result>;
+
+enum class SortOrder { Ascending, Descending };
+
+/// A fetch without its types, as the context runs it. Conditions and orders are given twice: for
+/// the rows of the store, and for objects with unsaved changes.
+struct FetchRequest
+{
+    struct Condition
+    {
+        QByteArray column;
+        std::function<void(ParameterWriter &, int index)> bind;
+        std::function<bool(const PersistentObject &)> matches;
+    };
+    struct Order
+    {
+        QByteArray column;
+        SortOrder order = SortOrder::Ascending;
+        std::function<bool(const PersistentObject &, const PersistentObject &)> isLess;
+    };
+
+    std::vector<Condition> conditions; ///< all of them hold
+    std::vector<Order> orders;         ///< the first that tells two objects apart decides
+    std::optional<int> limit;
+};
+
+/// Which objects to fetch, in what order, and how many at most. Without a sort they come in the
+/// store's own order, the order in which they were first saved.
+template <class Entity>
+class FetchDescriptor
+{
+public:
+    template <class Result>
+    FetchDescriptor &whereEqual(AttributeKey<Entity, Result> key, std::remove_cvref_t<Result> value)
+    {
+        using Value = std::remove_cvref_t<Result>;
+        m_request.conditions.push_back({key.name,
+                                        [value](ParameterWriter &writer, int index) {
+                                            ColumnCoding<Value>::encode(writer, index, value);
+                                        },
+                                        [value, get = key.get](const PersistentObject &object) {
+                                            return (static_cast<const Entity &>(object).*get)() ==
+                                                   value;
+                                        }});
+        return *this;
+    }
+
+    template <class Result>
+    FetchDescriptor &sortBy(AttributeKey<Entity, Result> key,
+                            SortOrder order = SortOrder::Ascending)
+    {
+        m_request.orders.push_back(
+            {key.name, order,
+             [get = key.get](const PersistentObject &a, const PersistentObject &b) {
+                 return (static_cast<const Entity &>(a).*get)() <
+                        (static_cast<const Entity &>(b).*get)();
+             }});
+        return *this;
+    }
+
+    FetchDescriptor &limit(int count)
+    {
+        m_request.limit = count;
+        return *this;
+    }
+
+    [[nodiscard]] const FetchRequest &request() const { return m_request; }
+
+private:
+    FetchRequest m_request;
+};
+
+} // namespace quorvel

@@ -1,0 +1,403 @@
+#include "Platform/ObjectStore/ModelContext.h"
+
+#include "Platform/ObjectStore/EntitySql.h"
+#include "Platform/ObjectStore/StoreConnection.h"
+#include "Platform/ObjectStore/StoreError.h"
+
+#include <QVarLengthArray>
+#include <SQLiteCpp/Column.h>
+#include <SQLiteCpp/Transaction.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace quorvel {
+
+namespace {
+
+/// The rows that an object points to, one for each relationship; 0 for none.
+using RelatedRows = QVarLengthArray<qint64, 2>;
+
+RelatedRows readAttributes(PersistentObject &object, const EntityDescription &entity,
+                           const RowReader &row)
+{
+    int column = 1;
+    for (const auto &attribute : entity.attributes) {
+        attribute.read(object, row, column);
+        column += int(attribute.columns.size());
+    }
+    RelatedRows related;
+    for (size_t i = 0; i < entity.relationships.size(); ++i, ++column)
+        related.append(row.isNull(column) ? 0 : row.integer(column));
+    return related;
+}
+
+bool matchesAll(const PersistentObject &object, const FetchRequest &request)
+{
+    return std::ranges::all_of(request.conditions,
+                               [&](const auto &condition) { return condition.matches(object); });
+}
+
+/// Whether `a` comes before `b` by the request's orders alone.
+bool isBefore(const PersistentObject &a, const PersistentObject &b, const FetchRequest &request)
+{
+    for (const auto &order : request.orders) {
+        const bool descending = order.order == SortOrder::Descending;
+        if (order.isLess(a, b))
+            return !descending;
+        if (order.isLess(b, a))
+            return descending;
+    }
+    return false;
+}
+
+template <class Container>
+void eraseObject(Container &objects, const PersistentObject &object)
+{
+    std::erase_if(objects, [&](const auto &candidate) { return candidate.get() == &object; });
+}
+
+} // namespace
+
+ModelContext::ModelContext(StoreConnection &connection, const Schema &schema)
+    : m_connection(connection)
+    , m_version(connection.externalVersion())
+{
+    for (const EntityDescription *entity : schema.entities) {
+        m_tables.push_back(
+            std::make_unique<EntityTable>(EntityTable{.context = this, .entity = entity}));
+    }
+}
+
+ModelContext::~ModelContext()
+{
+    for (const auto &object : m_inserted)
+        detach(*object);
+    for (const auto &table : m_tables) {
+        const auto rows = std::exchange(table->rows, {});
+        for (PersistentObject *object : rows)
+            detach(*object);
+    }
+}
+
+void ModelContext::insert(const std::shared_ptr<PersistentObject> &object)
+{
+    Q_ASSERT(!object->context() || object->context() == this);
+    if (object->m_state != PersistentObject::State::Detached)
+        return;
+    object->m_table = &tableOf(object->entityDescription());
+    object->m_state = PersistentObject::State::Pending;
+    m_inserted.push_back(object);
+    insertDestinations(*object);
+}
+
+void ModelContext::remove(const std::shared_ptr<PersistentObject> &object)
+{
+    if (object->context() != this || object->m_deletionPending)
+        return;
+    object->m_deletionPending = true;
+    releaseReferences(*object);
+    if (object->isStored()) {
+        m_deleted.push_back(object);
+    } else {
+        eraseObject(m_inserted, *object);
+        detach(*object);
+    }
+}
+
+void ModelContext::releaseReferences(const PersistentObject &object)
+{
+    for (const auto &table : m_tables) {
+        for (const auto &relationship : table->entity->relationships) {
+            if (&relationship.destination() != &object.entityDescription())
+                continue;
+            for (const auto &referrer : relatedObjects(*table->entity, relationship.name, object)) {
+                if (relationship.whenDestinationIsDeleted == DeleteRule::Cascade) {
+                    remove(referrer);
+                } else {
+                    relationship.set(*referrer, nullptr);
+                    referrer->didChange();
+                }
+            }
+        }
+    }
+}
+
+void ModelContext::save()
+{
+    if (!hasChanges())
+        return;
+    for (const auto &object : m_changed)
+        insertDestinations(*object);
+    // The list grows while it is walked.
+    for (size_t i = 0; i < m_inserted.size(); ++i)
+        insertDestinations(*m_inserted[i]);
+    AssignedRows assigned;
+    try {
+        SQLite::Transaction transaction(m_connection.database(),
+                                        SQLite::TransactionBehavior::IMMEDIATE);
+        for (const auto &object : m_inserted)
+            insertRow(*object, assigned);
+        for (const auto &object : m_changed)
+            updateRow(*object, assigned);
+        for (const auto &object : m_deleted)
+            deleteRow(*object);
+        transaction.commit();
+    } catch (const SQLite::Exception &exception) {
+        throw storeErrorFor(exception);
+    }
+    didSave(assigned);
+}
+
+bool ModelContext::hasChanges() const
+{
+    return !m_inserted.empty() || !m_changed.empty() || !m_deleted.empty();
+}
+
+ModelContext::Objects ModelContext::fetchObjects(const EntityDescription &entity,
+                                                 const FetchRequest &request)
+{
+    EntityTable &table = tableOf(entity);
+    Objects result;
+    try {
+        m_version = m_connection.externalVersion();
+        result = storedMatches(table, request);
+    } catch (const SQLite::Exception &exception) {
+        throw storeErrorFor(exception);
+    }
+    mergeUnsavedMatches(table, request, result);
+    if (request.limit && result.size() > size_t(*request.limit))
+        result.resize(size_t(*request.limit));
+    notifyRefreshed();
+    return result;
+}
+
+ModelContext::Objects ModelContext::storedMatches(EntityTable &table, const FetchRequest &request)
+{
+    const StatementUse query(m_connection.statement(EntitySql::select(*table.entity, request)));
+    ParameterWriter parameters(*query);
+    int index = 1;
+    for (const auto &condition : request.conditions)
+        condition.bind(parameters, index++);
+    // What is changed or deleted but not saved may drop out of the rows that come.
+    if (request.limit)
+        parameters.integer(index, *request.limit + qint64(m_changed.size() + m_deleted.size()));
+
+    Objects result;
+    const RowReader row(*query);
+    while (query->executeStep()) {
+        auto object = objectForRow(table, row);
+        if (!object->m_changed && !object->m_deletionPending)
+            result.push_back(std::move(object));
+    }
+    return result;
+}
+
+void ModelContext::mergeUnsavedMatches(const EntityTable &table, const FetchRequest &request,
+                                       Objects &result) const
+{
+    const size_t storedCount = result.size();
+    for (const Objects *unsaved : {&m_changed, &m_inserted}) {
+        for (const auto &object : *unsaved) {
+            if (object->m_table == &table && !object->m_deletionPending &&
+                matchesAll(*object, request))
+                result.push_back(object);
+        }
+    }
+    if (result.size() == storedCount)
+        return;
+    const auto storeOrder = [](const PersistentObject &object) {
+        return object.isStored() ? object.m_row : std::numeric_limits<qint64>::max();
+    };
+    std::ranges::stable_sort(result, [&](const auto &a, const auto &b) {
+        if (isBefore(*a, *b, request))
+            return true;
+        return !isBefore(*b, *a, request) && storeOrder(*a) < storeOrder(*b);
+    });
+}
+
+ModelContext::Objects ModelContext::relatedObjects(const EntityDescription &entity,
+                                                   const QByteArray &relationship,
+                                                   const PersistentObject &destination)
+{
+    const auto description =
+        std::ranges::find(entity.relationships, relationship, &RelationshipDescription::name);
+    Q_ASSERT(description != entity.relationships.end());
+    FetchRequest request;
+    request.conditions.push_back(
+        {relationship,
+         [row = destination.m_row](ParameterWriter &writer, int index) {
+             writer.integer(index, row);
+         },
+         [get = description->get, &destination](const PersistentObject &object) {
+             return get(object) == &destination;
+         }});
+    return fetchObjects(entity, request);
+}
+
+std::shared_ptr<PersistentObject> ModelContext::objectForRow(EntityTable &table,
+                                                             const RowReader &row)
+{
+    const qint64 id = row.integer(0);
+    if (PersistentObject *known = table.rows.value(id)) {
+        auto object = known->shared_from_this();
+        if (!known->m_changed && known->m_readAtVersion != m_version) {
+            const RelatedRows related = readAttributes(*known, *table.entity, row);
+            resolveRelationships(*known, related.constData());
+            known->m_readAtVersion = m_version;
+            m_refreshed.push_back(object);
+        }
+        return object;
+    }
+    auto object = table.entity->make();
+    const RelatedRows related = readAttributes(*object, *table.entity, row);
+    adopt(*object, table, id);
+    resolveRelationships(*object, related.constData());
+    return object;
+}
+
+std::shared_ptr<PersistentObject> ModelContext::objectWithId(EntityTable &table, qint64 id)
+{
+    if (PersistentObject *known = table.rows.value(id))
+        return known->shared_from_this();
+    std::shared_ptr<PersistentObject> object;
+    RelatedRows related;
+    {
+        // Order: the statement is free again before the relationships of the row need it.
+        const StatementUse query(m_connection.statement(EntitySql::selectRow(*table.entity)));
+        ParameterWriter(*query).integer(1, id);
+        if (!query->executeStep())
+            return nullptr;
+        object = table.entity->make();
+        related = readAttributes(*object, *table.entity, RowReader(*query));
+        adopt(*object, table, id);
+    }
+    resolveRelationships(*object, related.constData());
+    return object;
+}
+
+void ModelContext::resolveRelationships(PersistentObject &object, const qint64 *relatedRows)
+{
+    for (const auto &relationship : object.m_table->entity->relationships) {
+        const qint64 row = *relatedRows++;
+        relationship.set(object, row == 0 ? nullptr
+                                          : objectWithId(tableOf(relationship.destination()), row));
+    }
+}
+
+void ModelContext::adopt(PersistentObject &object, EntityTable &table, qint64 row)
+{
+    object.m_table = &table;
+    object.m_row = row;
+    object.m_state = PersistentObject::State::Stored;
+    object.m_readAtVersion = m_version;
+    table.rows.insert(row, &object);
+}
+
+void ModelContext::detach(PersistentObject &object)
+{
+    object.m_table = nullptr;
+    object.m_row = 0;
+    object.m_state = PersistentObject::State::Detached;
+    object.m_changed = false;
+    object.m_deletionPending = false;
+}
+
+EntityTable &ModelContext::tableOf(const EntityDescription &entity)
+{
+    const auto table = std::ranges::find(m_tables, &entity, &EntityTable::entity);
+    Q_ASSERT(table != m_tables.end());
+    return **table;
+}
+
+void ModelContext::keepChanged(std::shared_ptr<PersistentObject> object)
+{
+    m_changed.push_back(std::move(object));
+}
+
+/// An object that is to be stored takes with it what it points to.
+void ModelContext::insertDestinations(const PersistentObject &object)
+{
+    for (const auto &relationship : object.entityDescription().relationships) {
+        if (const auto destination = relationship.getShared(object))
+            insert(destination);
+    }
+}
+
+qint64 ModelContext::insertRow(const PersistentObject &object, AssignedRows &assigned)
+{
+    if (const qint64 row = assigned.value(&object))
+        return row;
+    // Order: what an object points to has to have its row first.
+    for (const auto &relationship : object.entityDescription().relationships) {
+        const PersistentObject *destination = relationship.get(object);
+        if (destination && destination->isPending())
+            insertRow(*destination, assigned);
+    }
+    const StatementUse use(m_connection.statement(EntitySql::insert(object.entityDescription())));
+    bindColumns(*use, object, assigned);
+    use->exec();
+    const qint64 row = m_connection.database().getLastInsertRowid();
+    assigned.insert(&object, row);
+    return row;
+}
+
+void ModelContext::updateRow(const PersistentObject &object, const AssignedRows &assigned)
+{
+    if (object.m_deletionPending)
+        return;
+    const StatementUse use(m_connection.statement(EntitySql::update(object.entityDescription())));
+    const int index = bindColumns(*use, object, assigned);
+    use->bind(index, int64_t(object.m_row));
+    use->exec();
+}
+
+void ModelContext::deleteRow(const PersistentObject &object)
+{
+    const StatementUse use(m_connection.statement(EntitySql::remove(object.entityDescription())));
+    use->bind(1, int64_t(object.m_row));
+    use->exec();
+}
+
+int ModelContext::bindColumns(SQLite::Statement &statement, const PersistentObject &object,
+                              const AssignedRows &assigned)
+{
+    ParameterWriter writer(statement);
+    int index = 1;
+    for (const auto &attribute : object.entityDescription().attributes) {
+        attribute.write(object, writer, index);
+        index += int(attribute.columns.size());
+    }
+    for (const auto &relationship : object.entityDescription().relationships) {
+        const PersistentObject *destination = relationship.get(object);
+        if (destination)
+            writer.integer(index++, assigned.value(destination, destination->m_row));
+        else
+            writer.null(index++);
+    }
+    return index;
+}
+
+void ModelContext::didSave(const AssignedRows &assigned)
+{
+    // Lifetime: the lists may hold the last reference to what they name.
+    const Objects inserted = std::exchange(m_inserted, {});
+    const Objects changed = std::exchange(m_changed, {});
+    const Objects deleted = std::exchange(m_deleted, {});
+    for (const auto &object : inserted)
+        adopt(*object, *object->m_table, assigned.value(object.get()));
+    for (const auto &object : changed)
+        object->m_changed = false;
+    for (const auto &object : deleted) {
+        object->m_table->rows.remove(object->m_row);
+        detach(*object);
+    }
+}
+
+void ModelContext::notifyRefreshed()
+{
+    for (const auto &object : std::exchange(m_refreshed, {}))
+        object->notify();
+}
+
+} // namespace quorvel

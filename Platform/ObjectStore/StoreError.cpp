@@ -1,0 +1,10 @@
+#include "Platform/ObjectStore/StoreError.h"
+
+namespace quorvel {
+
+StoreError::StoreError(Code code, QString description)
+    : m_code(code)
+    , m_description(std::move(description))
+{}
+
+} // namespace quorvel
