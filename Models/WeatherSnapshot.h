@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Platform/ObjectStore/Coding.h"
+
+namespace quorvel {
+
+/// The weather when a visit was recorded, as the forecast service told it.
+struct WeatherSnapshot
+{
+    double temperatureC = 0;
+    double apparentTemperatureC = 0;
+    qint64 weatherCode = 0; ///< WMO code table 4677, as Open-Meteo reduces it
+    bool isDay = false;
+    Instant capturedAt;
+
+    static constexpr auto codingKeys()
+    {
+        return std::tuple(CodingKey{"temperatureC", &WeatherSnapshot::temperatureC},
+                          CodingKey{"apparentTemperatureC", &WeatherSnapshot::apparentTemperatureC},
+                          CodingKey{"weatherCode", &WeatherSnapshot::weatherCode},
+                          CodingKey{"isDay", &WeatherSnapshot::isDay},
+                          CodingKey{"capturedAt", &WeatherSnapshot::capturedAt});
+    }
+
+    friend bool operator==(const WeatherSnapshot &, const WeatherSnapshot &) = default;
+};
+
+} // namespace quorvel
