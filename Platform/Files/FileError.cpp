@@ -1,0 +1,44 @@
+#include "Platform/Files/FileError.h"
+
+#include <system_error>
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString outcome(FileError::Operation operation)
+{
+    switch (operation) {
+    case FileError::Operation::CreateFolder:
+        return u"could not be created"_s;
+    case FileError::Operation::CloseFolder:
+        return u"could not be closed to other users"_s;
+    case FileError::Operation::SaveFolder:
+        return u"could not be saved to disk"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+FileError::FileError(Operation operation, QString path, int code)
+    : m_operation(operation)
+    , m_path(std::move(path))
+    , m_code(code)
+{}
+
+QString FileError::errorDescription() const
+{
+    const QString reason = QString::fromLocal8Bit(std::generic_category().message(m_code));
+    return u"The folder “%1” %2: %3"_s.arg(m_path, outcome(m_operation), reason);
+}
+
+bool operator==(const FileError &left, const FileError &right)
+{
+    return left.m_operation == right.m_operation && left.m_path == right.m_path &&
+           left.m_code == right.m_code;
+}
+
+} // namespace quorvel

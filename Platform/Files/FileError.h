@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Platform/Errors/LocalizedError.h"
+
+namespace quorvel {
+
+/// A folder that could not be had, in words that name it and the system's reason.
+class FileError final : public LocalizedError
+{
+public:
+    /// What was attempted.
+    enum class Operation { CreateFolder, CloseFolder, SaveFolder };
+
+    /// The code is an `errno` value.
+    FileError(Operation operation, QString path, int code);
+
+    [[nodiscard]] Operation operation() const { return m_operation; }
+    [[nodiscard]] const QString &path() const { return m_path; }
+    [[nodiscard]] int code() const { return m_code; }
+    [[nodiscard]] QString errorDescription() const override;
+
+    friend bool operator==(const FileError &left, const FileError &right);
+
+private:
+    Operation m_operation;
+    QString m_path;
+    int m_code;
+};
+
+} // namespace quorvel
