@@ -2,7 +2,7 @@
 
 #include "Platform/ObjectStore/ModelContainer.h"
 
-namespace quorvel::test {
+namespace quorvel::tests {
 
 /// The size of a book, as a composite value.
 struct Format
@@ -141,4 +141,4 @@ inline Schema librarySchema(SchemaVersion version = {1, 0, 0})
             .entities = {&Author::entity(), &Book::entity(), &Bookmark::entity()}};
 }
 
-} // namespace quorvel::test
+} // namespace quorvel::tests

@@ -15,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quorvel::test {
+namespace quorvel::tests {
 
 namespace {
 
@@ -340,7 +340,7 @@ private:
     }
 };
 
-} // namespace quorvel::test
+} // namespace quorvel::tests
 
-QTEST_GUILESS_MAIN(quorvel::test::ModelContainerTest)
+QTEST_GUILESS_MAIN(quorvel::tests::ModelContainerTest)
 #include "ModelContainerTest.moc"

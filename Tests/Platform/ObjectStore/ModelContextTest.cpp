@@ -13,7 +13,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace quorvel::test {
+namespace quorvel::tests {
 
 namespace {
 
@@ -533,7 +533,7 @@ private slots:
     }
 };
 
-} // namespace quorvel::test
+} // namespace quorvel::tests
 
-QTEST_GUILESS_MAIN(quorvel::test::ModelContextTest)
+QTEST_GUILESS_MAIN(quorvel::tests::ModelContextTest)
 #include "ModelContextTest.moc"

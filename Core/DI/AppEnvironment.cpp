@@ -1,0 +1,29 @@
+#include "Core/DI/AppEnvironment.h"
+
+#include "Core/Persistence/ModelContainer+App.h"
+#include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Platform/Errors/LocalizedError.h"
+
+namespace quorvel {
+
+AppEnvironment::AppEnvironment(const FileManager &fileManager)
+{
+    try {
+        setUp(fileManager);
+        emit checkInRepositoryChanged();
+    } catch (const LocalizedError &error) {
+        m_setupError = error.errorDescription();
+        emit setupErrorChanged();
+    }
+}
+
+AppEnvironment::~AppEnvironment() = default;
+
+void AppEnvironment::setUp(const FileManager &fileManager)
+{
+    auto container = AppModelContainer::make(InMemory::No, fileManager);
+    m_checkInRepository = std::make_unique<SwiftDataCheckInRepository>(
+        std::move(container), CheckInPhotoStore(fileManager));
+}
+
+} // namespace quorvel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Platform/Files/FileManager.h"
+#include "Platform/ObjectStore/ModelContainer.h"
+
+#include <memory>
+
+namespace quorvel {
+
+enum class InMemory : bool { No, Yes };
+
+/// Makes the program's object store: which entities, which version, which file.
+namespace AppModelContainer {
+
+/// Opens the store, in "Quorvel/Quorvel.store" under the user's Application Support folder or in
+/// memory only. Throws FileError or StoreError.
+[[nodiscard]] std::unique_ptr<ModelContainer>
+make(InMemory inMemory, const FileManager &fileManager = FileManager::standard());
+
+} // namespace AppModelContainer
+
+} // namespace quorvel

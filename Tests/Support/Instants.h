@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Platform/Clock/Calendar.h"
+
+#include <QDateTime>
+
+namespace quorvel::tests {
+
+/// The instant that an ISO 8601 text with its zone names, such as "2026-11-21T12:00:00Z".
+inline Instant instant(const QString &text)
+{
+    const auto dateTime = QDateTime::fromString(text, Qt::ISODateWithMs);
+    if (!dateTime.isValid())
+        qFatal("not a date: %s", qPrintable(text));
+    return Instant(std::chrono::milliseconds(dateTime.toMSecsSinceEpoch()));
+}
+
+} // namespace quorvel::tests
