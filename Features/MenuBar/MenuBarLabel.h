@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QIcon>
+#include <QObject>
+#include <QTimer>
+
+namespace quorvel {
+
+class StatusItem;
+
+/// The program's face in the status area: a cup whose orange dot pulses for ever, whatever the
+/// program does.
+class MenuBarLabel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `item` outlives the label.
+    explicit MenuBarLabel(StatusItem &item, QObject *parent = nullptr);
+
+    /// Which of the two pictures shows.
+    [[nodiscard]] bool enlarged() const { return m_enlarged; }
+
+    /// Beats as long as somebody can see it.
+    [[nodiscard]] const QTimer *ticker() const { return m_ticker; }
+
+    /// The two pictures; each is drawn once, on first use, and shared from then on.
+    [[nodiscard]] static const QIcon &normal();
+    [[nodiscard]] static const QIcon &large();
+
+private:
+    void tick();
+    void showPicture();
+    void restWhileUnseen();
+
+    StatusItem &m_item;
+    bool m_enlarged = false;
+    QTimer *m_ticker;
+};
+
+} // namespace quorvel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDBusConnection>
+
+namespace quorvel {
+
+/// The user's session bus, for whoever translates one of its services.
+namespace SessionBus {
+
+/// The bus of this process, or a closed connection where the session has none. Never starts one:
+/// left alone, the bus library launches a bus of its own that nobody else uses and that outlives
+/// the program.
+[[nodiscard]] QDBusConnection connection();
+
+} // namespace SessionBus
+} // namespace quorvel

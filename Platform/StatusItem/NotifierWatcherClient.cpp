@@ -1,0 +1,128 @@
+#include "Platform/StatusItem/NotifierWatcherClient.h"
+
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+namespace quorvel {
+
+namespace {
+
+const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString path = QStringLiteral("/StatusNotifierWatcher");
+const QString interface = service;
+
+QDBusMessage hostQuestion()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << interface << QStringLiteral("IsStatusNotifierHostRegistered");
+    question.setAutoStartService(false);
+    return question;
+}
+
+NotifierWatcher stateAfter(const QDBusPendingReply<QDBusVariant> &reply)
+{
+    if (!reply.isError())
+        return reply.value().variant().toBool() ? NotifierWatcher::WithHost
+                                                : NotifierWatcher::WithoutHost;
+    if (reply.error().name() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner") ||
+        reply.error().type() == QDBusError::ServiceUnknown)
+        return NotifierWatcher::Absent;
+    if (reply.error().type() == QDBusError::NoReply ||
+        reply.error().type() == QDBusError::TimedOut || reply.error().type() == QDBusError::Timeout)
+        return NotifierWatcher::Silent;
+    // It refuses the question, as one does that owns its name but is not set up yet.
+    return NotifierWatcher::WithoutHost;
+}
+
+} // namespace
+
+NotifierWatcherClient::NotifierWatcherClient(const QDBusConnection &bus,
+                                             const StatusHostLimits &limits, QObject *parent)
+    : QObject(parent)
+    , m_bus(bus)
+    , m_limits(limits)
+    , m_owner(service, bus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, &NotifierWatcherClient::ask);
+    connect(&m_owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &, const QString &newOwner) {
+                ownerChanged(newOwner);
+            });
+    if (!m_bus.isConnected()) {
+        m_state = NotifierWatcher::Absent;
+        return;
+    }
+    // Order: listen first, so that no change falls between the answer and the listening.
+    followSignals();
+    ask();
+}
+
+NotifierWatcherClient::~NotifierWatcherClient() = default;
+
+void NotifierWatcherClient::ask()
+{
+    m_retry.stop();
+    const auto timeout = static_cast<int>(m_limits.reply.count());
+    m_question =
+        std::make_unique<QDBusPendingCallWatcher>(m_bus.asyncCall(hostQuestion(), timeout));
+    connect(m_question.get(), &QDBusPendingCallWatcher::finished, this,
+            &NotifierWatcherClient::answered);
+}
+
+void NotifierWatcherClient::followSignals()
+{
+    for (const QString &signal : {QStringLiteral("StatusNotifierHostRegistered"),
+                                  QStringLiteral("StatusNotifierHostUnregistered")}) {
+        // Any sender may prompt us, since only the watcher itself is believed; to name it here
+        // would cost a blocking look-up of its owner.
+        if (!m_bus.connect(QString(), path, interface, signal, this, SLOT(ask())))
+            qWarning("Cannot follow %s on the session bus", qUtf8Printable(signal));
+    }
+}
+
+void NotifierWatcherClient::ownerChanged(const QString &newOwner)
+{
+    m_unanswered = 0;
+    m_question.reset();
+    m_retry.stop();
+    if (newOwner.isEmpty()) {
+        setState(NotifierWatcher::Absent);
+        return;
+    }
+    setState(NotifierWatcher::Unknown);
+    ask();
+}
+
+void NotifierWatcherClient::answered()
+{
+    // Lifetime: it is the sender of the signal that we are in.
+    QDBusPendingCallWatcher *question = m_question.release();
+    question->deleteLater();
+    const NotifierWatcher state = stateAfter(*question);
+    if (state == NotifierWatcher::Silent)
+        keepAsking();
+    else
+        m_unanswered = 0;
+    setState(state);
+}
+
+void NotifierWatcherClient::keepAsking()
+{
+    ++m_unanswered;
+    m_retry.start(StatusHostGate::retryDelay(m_limits, m_unanswered));
+}
+
+void NotifierWatcherClient::setState(NotifierWatcher state)
+{
+    if (m_state == state)
+        return;
+    m_state = state;
+    emit stateChanged();
+}
+
+} // namespace quorvel

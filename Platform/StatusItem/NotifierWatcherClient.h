@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Platform/StatusItem/StatusHostGate.h"
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+
+class QDBusPendingCallWatcher;
+
+namespace quorvel {
+
+/// Follows the session bus's status notifier watcher for `StatusHostWatcher`: asks it whether a
+/// host is registered, and asks again whenever that may have changed. Never blocks and never starts
+/// a watcher.
+class NotifierWatcherClient final : public QObject
+{
+    Q_OBJECT
+
+public:
+    NotifierWatcherClient(const QDBusConnection &bus, const StatusHostLimits &limits,
+                          QObject *parent = nullptr);
+    ~NotifierWatcherClient() override;
+
+    [[nodiscard]] NotifierWatcher state() const { return m_state; }
+
+signals:
+    void stateChanged();
+
+private slots:
+    void ask();
+
+private:
+    void followSignals();
+    void ownerChanged(const QString &newOwner);
+    void answered();
+    void keepAsking();
+    void setState(NotifierWatcher state);
+
+    QDBusConnection m_bus;
+    StatusHostLimits m_limits;
+    NotifierWatcher m_state = NotifierWatcher::Unknown;
+    QDBusServiceWatcher m_owner;
+    /// The question that is open now; to drop it is to ignore its answer.
+    std::unique_ptr<QDBusPendingCallWatcher> m_question;
+    QTimer m_retry;
+    int m_unanswered = 0;
+};
+
+} // namespace quorvel
