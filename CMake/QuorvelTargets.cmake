@@ -51,3 +51,17 @@ function(quorvel_test name)
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
+
+# quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds] [ENVIRONMENT ...])
+# Always the system's Python: the one first on PATH may lack the modules that Debian installs.
+set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
+function(quorvel_python_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "SCRIPT;TIMEOUT" "ARGUMENTS;LABELS;ENVIRONMENT")
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 60)
+  endif()
+  add_test(NAME ${name}
+    COMMAND ${QUORVEL_PYTHON} -B ${CMAKE_CURRENT_SOURCE_DIR}/${arg_SCRIPT} ${arg_ARGUMENTS})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}"
+    ENVIRONMENT "PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support;${arg_ENVIRONMENT}")
+endfunction()

@@ -1,0 +1,115 @@
+"""The processes of one virtual desktop: started together, ended together, whatever happens."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+
+GRACE_SECONDS = 3
+POLL_SECONDS = 0.02
+
+
+class Process:
+    """One running program with its output kept in a file."""
+
+    def __init__(self, name, command, environment, log, **options):
+        self.name = name
+        self.log = log
+        with open(log, "ab") as output:
+            # The kernel ends the child even when this interpreter itself is killed.
+            self._child = subprocess.Popen(
+                ["setpriv", "--pdeathsig", "KILL", *command],
+                env=environment,
+                stdin=subprocess.DEVNULL,
+                stdout=output,
+                stderr=subprocess.STDOUT,
+                **options,
+            )
+
+    @property
+    def pid(self):
+        return self._child.pid
+
+    def is_running(self):
+        return self._child.poll() is None
+
+    def freeze(self):
+        """Stops the process where it is: it keeps its names and answers nobody."""
+        self._child.send_signal(signal.SIGSTOP)
+
+    def thaw(self):
+        self._child.send_signal(signal.SIGCONT)
+
+    def terminate(self):
+        self._child.send_signal(signal.SIGTERM)
+
+    def status_within(self, seconds):
+        """The exit status, or None when the process is still running after that time."""
+        try:
+            return self._child.wait(seconds)
+        except subprocess.TimeoutExpired:
+            return None
+
+    def end(self):
+        if self.is_running():
+            self.terminate()
+            self.thaw()
+        if self.status_within(GRACE_SECONDS) is None:
+            self._child.kill()
+            self._child.wait()
+
+    def output(self):
+        return pathlib.Path(self.log).read_text(errors="replace")
+
+
+class ProcessGroup:
+    """Starts processes that carry a common mark, so that their own children are found as well."""
+
+    MARK = "QUORVEL_VIRTUAL_DESKTOP"
+
+    def __init__(self, folder):
+        self._folder = folder
+        self._started = []
+
+    def start(self, name, command, environment, **options):
+        marked = {**environment, self.MARK: str(self._folder)}
+        process = Process(name, command, marked, self._folder / f"{name}.log", **options)
+        self._started.append(process)
+        return process
+
+    def end_all(self):
+        for process in reversed(self._started):
+            process.end()
+        deadline = time.monotonic() + GRACE_SECONDS
+        while (strays := self._strays()) and time.monotonic() < deadline:
+            for pid in strays:
+                kill_quietly(pid)
+            time.sleep(POLL_SECONDS)
+
+    def logs(self):
+        """What every process has printed, each under its name."""
+        texts = {process.name: process.output().strip() for process in self._started}
+        return "\n".join(f"--- {name}\n{text}" for name, text in texts.items() if text)
+
+    def _strays(self):
+        mark = f"{self.MARK}={self._folder}".encode()
+        return [pid for pid in running_pids() if mark in environment_of(pid)]
+
+
+def running_pids():
+    return [int(entry) for entry in os.listdir("/proc") if entry.isdigit()]
+
+
+def environment_of(pid):
+    try:
+        return pathlib.Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")
+    except OSError:
+        return []
+
+
+def kill_quietly(pid):
+    try:
+        os.kill(pid, signal.SIGKILL)
+    except ProcessLookupError:
+        pass

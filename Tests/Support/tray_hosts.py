@@ -1,0 +1,51 @@
+"""The status areas that a virtual desktop can put along its upper edge."""
+
+XFCE_PANEL_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="{height}"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/>
+        <value type="int" value="2"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+    <property name="plugin-2" type="string" value="systray">
+      <property name="square-icons" type="bool" value="false"/>
+      <property name="known-legacy-items" type="empty"/>
+    </property>
+  </property>
+</channel>
+"""
+
+
+def start_trayer(desktop, height):
+    """An XEmbed tray, nothing else."""
+    return desktop.start(
+        "trayer",
+        ["trayer", "--edge", "top", "--align", "right", "--widthtype", "request"]
+        + ["--heighttype", "pixel", "--height", str(height)]
+        + ["--SetDockType", "true", "--SetPartialStrut", "true"],
+    )
+
+
+def start_xfce_panel(desktop, height):
+    """A panel of a common desktop: a StatusNotifierItem host that is an XEmbed tray as well."""
+    settings = desktop.config_home / "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"
+    settings.parent.mkdir(parents=True, exist_ok=True)
+    settings.write_text(XFCE_PANEL_SETTINGS.format(height=height))
+    return desktop.start("xfce4-panel", ["xfce4-panel", "--disable-wm-check"])
+
+
+STARTERS = {"trayer": start_trayer, "xfce4-panel": start_xfce_panel}

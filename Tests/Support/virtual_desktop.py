@@ -1,0 +1,282 @@
+"""A desktop in memory for driving the program as a person does: screen, bus, windows, tray."""
+
+import os
+import pathlib
+import subprocess
+import tempfile
+import time
+
+import dbus
+import dbus.bus
+
+from fake_status_host import ITEM, FakeStatusHost
+from picture import Box, FrameBuffer
+from processes import POLL_SECONDS, ProcessGroup
+from tray_hosts import STARTERS
+
+PYTHON = "/usr/bin/python3"
+TRAY_HEIGHT = 26
+BUS_NAME = "org.freedesktop.DBus"
+DOUBLE_CLICK_SECONDS = 0.5
+SETTLED_SECONDS = 0.3
+RESTLESS_SECONDS = 3
+WAIT_SECONDS = 15
+COMMAND_SECONDS = 10
+
+BUS_CONFIGURATION = """<busconfig>
+  <type>session</type>
+  <listen>unix:dir={folder}</listen>
+  <servicedir>{folder}/services</servicedir>
+  <policy context="default">
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+INSTALLED_SERVICES = pathlib.Path("/usr/share/dbus-1/services")
+
+
+class NotSeen(AssertionError):
+    """Something that should have happened on the desktop did not."""
+
+
+def process_id(bus, name):
+    """The process that owns the name on the bus; none when it has just let go of it."""
+    try:
+        return bus.call_blocking(
+            BUS_NAME, "/", BUS_NAME, "GetConnectionUnixProcessID", "s", (name,)
+        )
+    except dbus.DBusException:
+        return None
+
+
+class VirtualDesktop:
+    """A context manager: nothing of the desktop outlives it, and nothing outside is touched.
+
+    Only the named services of the machine can be started by a call on its bus: a test sees the
+    same desktop everywhere. Pictures of what went wrong go to `pictures`, if that is given.
+    """
+
+    def __init__(self, width=1280, height=900, services=("org.xfce.Xfconf",), pictures=None):
+        self._size = (width, height)
+        self._services = services
+        self._pictures = pictures or os.environ.get("QUORVEL_PICTURES")
+        self._tray_height = 0
+
+    def __enter__(self):
+        self._temporary = tempfile.TemporaryDirectory(prefix="quorvel-desktop-")
+        self.folder = pathlib.Path(self._temporary.name)
+        self._processes = ProcessGroup(self.folder)
+        try:
+            self._make_home()
+            self._start_bus()
+            self._start_screen()
+            self._start_window_manager()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self._processes.end_all()
+        self._temporary.cleanup()
+
+    # Processes
+
+    def start(self, name, command, environment=None, **options):
+        return self._processes.start(
+            name, command, {**self.environment, **(environment or {})}, **options
+        )
+
+    def python(self, script, *arguments):
+        return [PYTHON, str(script), *arguments]
+
+    def start_program(self, path, *arguments, prefix=(), **environment):
+        return self.start("program", [*prefix, str(path), *arguments], environment)
+
+    def run_program(self, path, *arguments):
+        """A further start of the program, to its end; returns its status, None if it stays."""
+        process = self.start("another-program", [str(path), *arguments])
+        return process.status_within(WAIT_SECONDS)
+
+    def start_tray(self, kind, height=TRAY_HEIGHT):
+        """Puts a status area of that kind (`trayer`, `xfce4-panel`) along the upper edge."""
+        self._tray_height = height
+        self._tray = STARTERS[kind](self, height)
+
+    def stop_tray(self):
+        self._tray.end()
+
+    def start_fake_host(self, has_host=True):
+        return FakeStatusHost(self, has_host)
+
+    def is_reachable(self, program):
+        """Whether the program can be found on the bus, as a second start of it looks for it."""
+        bus = dbus.bus.BusConnection(self.bus_address)
+        names = [name for name in bus.list_names() if not name.startswith((":", ITEM))]
+        pids = [process_id(bus, name) for name in names]
+        bus.close()
+        return program.pid in pids
+
+    def wait_until_reachable(self, program):
+        self.wait_until(lambda: self.is_reachable(program), "the program has its bus name")
+
+    # What the user sees
+
+    def picture(self):
+        return self._frame_buffer.picture()
+
+    def settled_picture(self):
+        """The screen below the tray once it stands still, or after a while if it never does."""
+        below = Box(0, self._tray_height, self._size[0], self._size[1] - self._tray_height)
+        started = changed = now = time.monotonic()
+        seen = self.picture()
+        while now - changed < SETTLED_SECONDS and now - started < RESTLESS_SECONDS:
+            time.sleep(POLL_SECONDS)
+            now = time.monotonic()
+            latest = self.picture()
+            if latest.crop(below) != seen.crop(below):
+                seen, changed = latest, now
+        return seen
+
+    def tray_box(self):
+        return Box(0, 0, self._size[0], self._tray_height)
+
+    def icon(self):
+        """The box of the status icon's dot on the screen, or None."""
+        return self.picture().crop(self.tray_box()).dot()
+
+    def windows(self, title):
+        """The visible windows of that title, as boxes; the tray's own small windows left out."""
+        found = self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
+        boxes = [self._window_box(window) for window in found]
+        return [box for box in boxes if box and box.height > 2 * TRAY_HEIGHT]
+
+    # What the user does
+
+    def click_icon(self):
+        """A click just beside the icon's dot, so that the pointer does not cover the dot."""
+        dot = self.wait_for_icon()
+        x, y = dot.left + dot.width, dot.top + dot.height
+        self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
+
+    def press_key(self, key):
+        self._ask("xdotool", "key", key)
+
+    def let_double_click_time_pass(self):
+        """Waits so long that the next click counts as a new one."""
+        time.sleep(DOUBLE_CLICK_SECONDS)
+
+    # Waiting
+
+    def wait_until(self, condition, what, seconds=WAIT_SECONDS):
+        """Returns the condition's first true value; fails with a picture when none comes."""
+        deadline = time.monotonic() + seconds
+        while not (value := condition()):
+            if time.monotonic() > deadline:
+                raise NotSeen(f"not within {seconds} s: {what}{self._evidence(what)}")
+            time.sleep(POLL_SECONDS)
+        return value
+
+    def wait_for_icon(self):
+        return self.wait_until(self.icon, "the icon is in the tray")
+
+    def wait_for_no_icon(self):
+        self.wait_until(lambda: not self.icon(), "the icon is gone")
+
+    def wait_for_window(self, title):
+        return self.wait_until(lambda: self.windows(title), f"the window {title} opens")[0]
+
+    def wait_for_focused_window(self, title):
+        self.wait_until(lambda: self._focused_title() == title, f"the window {title} has focus")
+
+    def wait_for_no_window(self, title):
+        self.wait_until(lambda: not self.windows(title), f"the window {title} closes")
+
+    # Parts
+
+    def _make_home(self):
+        self.config_home = self.folder / "config"
+        self.data_home = self.folder / "data"
+        for name in ("home", "config", "data", "cache", "run", "screen", "services"):
+            (self.folder / name).mkdir(mode=0o700)
+        kept = {
+            name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")
+        }
+        self.environment = {
+            **kept,
+            "PATH": "/usr/local/bin:/usr/bin:/bin",
+            "LANG": "C.UTF-8",
+            "HOME": str(self.folder / "home"),
+            "XDG_CONFIG_HOME": str(self.config_home),
+            "XDG_DATA_HOME": str(self.data_home),
+            "XDG_CACHE_HOME": str(self.folder / "cache"),
+            "XDG_RUNTIME_DIR": str(self.folder / "run"),
+            "XDG_SESSION_TYPE": "x11",
+            "QT_QPA_PLATFORM": "xcb",
+            "NO_AT_BRIDGE": "1",
+        }
+
+    def _start_bus(self):
+        for name in self._services:
+            service = INSTALLED_SERVICES / f"{name}.service"
+            (self.folder / "services" / service.name).symlink_to(service)
+        configuration = self.folder / "bus.conf"
+        configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
+        self.bus_address = self._start_announcing(
+            "bus", lambda end: ["dbus-daemon", "--nofork", f"--config-file={configuration}"]
+            + [f"--print-address={end}"],
+        )
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus_address
+
+    def _start_screen(self):
+        width, height = self._size
+        number = self._start_announcing(
+            "screen", lambda end: ["Xvfb", "-displayfd", str(end), "-nolisten", "tcp"]
+            + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],
+        )
+        self.environment["DISPLAY"] = f":{number}"
+        self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
+
+    def _start_window_manager(self):
+        self.start("window-manager", ["openbox", "--sm-disable"])
+        self.wait_until(
+            lambda: "window id" in self._ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+            "the window manager is up",
+        )
+
+    def _start_announcing(self, name, command):
+        """Starts a server that writes one line on a descriptor once it can be reached."""
+        reading, writing = os.pipe()
+        with os.fdopen(reading) as lines:
+            self.start(name, command(writing), pass_fds=[writing])
+            os.close(writing)
+            line = lines.readline().strip()
+        if not line:
+            raise NotSeen(f"the {name} did not start\n{self._processes.logs()}")
+        return line
+
+    def _ask(self, *command):
+        finished = subprocess.run(
+            command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
+            text=True, timeout=COMMAND_SECONDS, check=False,
+        )
+        return finished.stdout
+
+    def _focused_title(self):
+        return self._ask("xdotool", "getactivewindow", "getwindowname").strip()
+
+    def _window_box(self, window):
+        words = self._ask("xdotool", "getwindowgeometry", "--shell", window).split()
+        values = dict(word.split("=") for word in words)
+        keys = ("X", "Y", "WIDTH", "HEIGHT")
+        return Box(*(int(values[key]) for key in keys)) if values else None
+
+    def _evidence(self, what):
+        logs = f"\n{self._processes.logs()}"
+        if not self._pictures:
+            return logs
+        name = "".join(c if c.isalnum() else "-" for c in what)
+        path = pathlib.Path(self._pictures) / f"{os.getpid()}-{name}.png"
+        return f"\npicture: {self.picture().write_png(path)}{logs}"
