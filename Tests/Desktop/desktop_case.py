@@ -1,0 +1,33 @@
+"""What the tests that drive the built program share: a desktop of their own, and the program."""
+
+import os
+import unittest
+
+from virtual_desktop import VirtualDesktop
+
+PROGRAM = os.environ["QUORVEL_PROGRAM"]
+PANEL = "Quorvel"
+
+
+class DesktopCase(unittest.TestCase):
+    """Every case has a fresh desktop without a tray, and starts what it needs."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(VirtualDesktop())
+
+    def start_program(self, *arguments, **options):
+        return self.desktop.start_program(PROGRAM, *arguments, **options)
+
+    def start_program_again(self):
+        return self.desktop.run_program(PROGRAM)
+
+    def start_shown_program(self, tray="trayer"):
+        """The program with its icon already in a tray of that kind."""
+        self.desktop.start_tray(tray)
+        program = self.start_program()
+        self.desktop.wait_for_icon()
+        return program
+
+    def assert_ends_well(self, program, seconds=5):
+        program.terminate()
+        self.assertEqual(program.status_within(seconds), 0, program.output())

@@ -1,0 +1,90 @@
+"""Status areas that come late, go, come back or hang: the icon follows, the program never waits."""
+
+import time
+import unittest
+
+from desktop_case import PANEL, DesktopCase
+
+# Really slept: longer than any time the program gives a host before it goes on without one.
+LATE_SECONDS = 5
+PROMPT_SECONDS = 5
+
+
+class LateHostTest(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.program = self.start_program()
+        self.desktop.wait_until_reachable(self.program)
+
+    def test_an_xembed_tray_that_comes_late_shows_the_icon(self):
+        time.sleep(LATE_SECONDS)
+        self.desktop.start_tray("trayer")
+        self.desktop.wait_for_icon()
+
+    def test_a_panel_that_comes_late_shows_the_icon(self):
+        time.sleep(LATE_SECONDS)
+        self.desktop.start_tray("xfce4-panel")
+        self.desktop.wait_for_icon()
+
+    def test_a_watcher_that_comes_late_gets_the_item(self):
+        time.sleep(LATE_SECONDS)
+        host = self.desktop.start_fake_host()
+        self.desktop.wait_until(host.items, "the item registers")
+
+    def test_a_watcher_that_gets_its_host_late_gets_the_item_then(self):
+        host = self.desktop.start_fake_host(has_host=False)
+        time.sleep(LATE_SECONDS)
+        host.register_host()
+        self.desktop.wait_until(host.items, "the item registers")
+
+
+class RestartedHostTest(DesktopCase):
+    def test_an_xembed_tray_that_restarts_shows_the_icon_again(self):
+        self.assert_icon_survives_restart("trayer")
+
+    def test_a_panel_that_restarts_shows_the_icon_again(self):
+        self.assert_icon_survives_restart("xfce4-panel")
+
+    def test_a_watcher_that_restarts_gets_the_item_again(self):
+        host = self.desktop.start_fake_host()
+        self.start_program()
+        self.desktop.wait_until(host.items, "the item registers")
+        host.end()
+        host = self.desktop.start_fake_host()
+        self.desktop.wait_until(host.items, "the item registers again")
+
+    def assert_icon_survives_restart(self, tray):
+        self.start_shown_program(tray)
+        self.desktop.stop_tray()
+        self.desktop.wait_for_no_icon()
+        self.desktop.start_tray(tray)
+        self.desktop.wait_for_icon()
+
+
+class HungHostTest(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.host = self.desktop.start_fake_host()
+        self.host.freeze()
+        self.program = self.start_program()
+        self.desktop.wait_until(
+            lambda: self.desktop.is_reachable(self.program), "the program starts", PROMPT_SECONDS
+        )
+
+    def test_the_panel_still_opens(self):
+        self.assertEqual(self.start_program_again(), 0)
+        self.desktop.wait_until(
+            lambda: self.desktop.windows(PANEL), "the panel opens", PROMPT_SECONDS
+        )
+
+    def test_the_program_still_ends(self):
+        self.assert_ends_well(self.program, PROMPT_SECONDS)
+
+    def test_the_item_registers_once_the_host_answers(self):
+        time.sleep(LATE_SECONDS)
+        self.host.thaw()
+        self.desktop.wait_until(self.host.items, "the item registers")
+
+
+if __name__ == "__main__":
+    unittest.main()

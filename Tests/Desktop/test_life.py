@@ -1,0 +1,57 @@
+"""Starting the program again, starting it where it cannot write, and ending it."""
+
+import os
+import unittest
+
+from desktop_case import PANEL, DesktopCase
+
+
+def without_override():
+    """A command prefix that makes file modes bind a test that runs as root, too."""
+    return ["setpriv", "--bounding-set", "-dac_override"] if os.geteuid() == 0 else []
+
+
+class SecondStartTest(DesktopCase):
+    def test_it_opens_the_panel_of_the_first_and_adds_no_icon(self):
+        host = self.desktop.start_fake_host()
+        first = self.start_program()
+        self.desktop.wait_until(host.items, "the item registers")
+        self.assertEqual(self.start_program_again(), 0)
+        self.desktop.wait_for_window(PANEL)
+        self.assertEqual(len(host.items()), 1)
+        self.assertTrue(first.is_running())
+
+    def test_it_opens_the_panel_where_no_tray_shows_the_icon(self):
+        first = self.start_program()
+        self.desktop.wait_until_reachable(first)
+        self.assertEqual(self.start_program_again(), 0)
+        self.desktop.wait_for_window(PANEL)
+
+
+class StoreTest(DesktopCase):
+    def test_the_icon_appears_where_no_store_can_be_made(self):
+        self.desktop.data_home.chmod(0o500)
+        self.desktop.start_tray("trayer")
+        self.start_program(prefix=without_override())
+        self.desktop.wait_for_icon()
+        self.assertEqual(list(self.desktop.data_home.iterdir()), [])
+
+
+class EndTest(DesktopCase):
+    def test_it_ends_well_when_the_session_asks(self):
+        self.assert_ends_well(self.start_shown_program())
+
+    def test_it_ends_well_with_its_panel_open(self):
+        program = self.start_shown_program()
+        self.desktop.click_icon()
+        self.desktop.wait_for_window(PANEL)
+        self.assert_ends_well(program)
+
+    def test_it_ends_well_without_a_tray(self):
+        program = self.start_program()
+        self.desktop.wait_until_reachable(program)
+        self.assert_ends_well(program)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,42 @@
+"""The panel window, opened and closed as a user does it."""
+
+import unittest
+
+from desktop_case import PANEL, DesktopCase
+
+
+class PanelTest(DesktopCase):
+    def test_a_click_on_the_icon_opens_it_and_the_next_closes_it(self):
+        self.start_shown_program()
+        self.desktop.click_icon()
+        self.desktop.wait_for_window(PANEL)
+        self.desktop.let_double_click_time_pass()
+        self.desktop.click_icon()
+        self.desktop.wait_for_no_window(PANEL)
+
+    def test_a_click_on_a_panel_item_opens_it(self):
+        self.start_shown_program("xfce4-panel")
+        self.desktop.click_icon()
+        self.desktop.wait_for_window(PANEL)
+
+    def test_activating_the_item_over_the_bus_opens_it(self):
+        host = self.desktop.start_fake_host()
+        self.start_program()
+        item = self.desktop.wait_until(host.items, "the item registers")[0]
+        host.activate(item)
+        self.desktop.wait_for_window(PANEL)
+
+    def test_escape_closes_it(self):
+        self.start_shown_program()
+        self.desktop.click_icon()
+        self.desktop.wait_for_focused_window(PANEL)
+        self.desktop.press_key("Escape")
+        self.desktop.wait_for_no_window(PANEL)
+
+    def test_it_is_not_there_before_the_first_click(self):
+        self.start_shown_program()
+        self.assertEqual(self.desktop.windows(PANEL), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
