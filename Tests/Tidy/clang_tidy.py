@@ -1,0 +1,88 @@
+"""Runs clang-tidy over the compiled files of a build folder; a file it has passed is not read again.
+
+A file counts as the same while it, the headers it was built from, its compiler flags and the
+checks are the same, byte for byte.
+"""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+
+def project_commands(build):
+    """The compile commands of files that stand in the tree, not of generated ones."""
+    commands = json.loads((build / "compile_commands.json").read_text())
+    return {
+        command["file"]: command
+        for command in commands
+        if build not in pathlib.Path(command["file"]).parents
+    }
+
+
+def headers_by_object(build):
+    """What ninja knows: each object's own headers, as far as they lie in the tree."""
+    listing = subprocess.run(
+        ["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True, check=True
+    ).stdout
+    headers, current = {}, None
+    for line in listing.splitlines():
+        if line.startswith("    "):
+            path = (build / line.strip()).resolve()
+            if ROOT in path.parents:
+                current.append(path)
+        elif line:
+            current = headers.setdefault(line.split(":")[0], [])
+    return headers
+
+
+def output_of(command):
+    words = shlex.split(command["command"])
+    return words[words.index("-o") + 1]
+
+
+def fingerprint(command, headers):
+    digest = hashlib.sha256(command["command"].encode())
+    for path in [ROOT / ".clang-tidy", pathlib.Path(command["file"]), *headers]:
+        digest.update(path.read_bytes() if path.exists() else b"")
+    return digest.hexdigest()
+
+
+def check(build, command, stamp):
+    """Returns what clang-tidy said against the file, or nothing."""
+    finished = subprocess.run(
+        ["clang-tidy", "--quiet", f"-p={build}", command["file"]],
+        capture_output=True, text=True, check=False,
+    )
+    if finished.returncode == 0:
+        stamp.touch()
+        return ""
+    return finished.stdout + finished.stderr
+
+
+def main(build):
+    build = pathlib.Path(build).resolve()
+    passed = build / "clang-tidy-passed"
+    passed.mkdir(exist_ok=True)
+    headers = headers_by_object(build)
+    waiting = {}
+    for path, command in sorted(project_commands(build).items()):
+        stamp = passed / fingerprint(command, headers.get(output_of(command), []))
+        if not stamp.exists():
+            waiting[path] = (command, stamp)
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        complaints = pool.map(lambda job: check(build, *job), waiting.values())
+        failed = [complaint for complaint in complaints if complaint]
+    print(*failed, sep="\n", end="\n" if failed else "")
+    print(f"clang-tidy: {len(waiting)} files read, {len(failed)} with something to change")
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1]))
