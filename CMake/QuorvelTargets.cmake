@@ -52,7 +52,8 @@ function(quorvel_test name)
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
 
-# quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds] [ENVIRONMENT ...])
+# quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds]
+#                     [ENVIRONMENT ...])
 # Always the system's Python: the one first on PATH may lack the modules that Debian installs.
 set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
 function(quorvel_python_test name)

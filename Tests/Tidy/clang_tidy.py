@@ -1,4 +1,4 @@
-"""Runs clang-tidy over the compiled files of a build folder; a file it has passed is not read again.
+"""Runs clang-tidy over the compiled files of a build folder, each once until it changes.
 
 A file counts as the same while it, the headers it was built from, its compiler flags and the
 checks are the same, byte for byte.

@@ -1,0 +1,149 @@
+"""The shape of C++ and QML files."""
+
+import re
+
+from source import Finding
+
+DESIGN_SYSTEM = "Core/DesignSystem"
+LONGEST = {".h": 150, ".cpp": 300, ".qml": 150}
+
+COLOURS = (
+    r"#[0-9a-fA-F]{3,8}\"|\bQColor(Constants)?\b|\bqRgba?\(|\bQt\.(rgba|hsla|hsva)\b"
+    r"|\bQt::(white|black|red|green|blue|gray|yellow|cyan|magenta|dark\w+|light\w+)\b"
+    r"|\bcolor\w*:\s*\"(?!transparent\")\w+\""
+)
+FONTS = (r"\bQFont\b|\bfont\.(family|pixelSize|pointSize|weight|bold|italic)\b"
+                   r"|\bfont\s*\{|\bQt\.font\b")
+
+AWAIT = re.compile(
+    r"(?:(?:const\s+)?auto\s+\w+\s*=\s*)?co_await\s+"
+    r"(?:\w+|\w+(?:(?:->|\.|::)\w+)*\(\s*[\w\s,]*\))"
+)
+AWAIT_BANNED = r"\b(waitFor|sleepUntil)\b"
+
+
+def headers_have_one_shape(tree):
+    """#pragma once first; in the product namespace quorvel, and a name that says what is inside."""
+    for source in tree.sources:
+        if not source.is_header():
+            continue
+        if not source.text.startswith("#pragma once\n"):
+            yield Finding(source.path, 1, "begins with #pragma once")
+        yield from source.findings(r"using namespace .*", "not in a header")
+        if source.is_product() and not re.search(r"^namespace quorvel\b", source.code, re.M):
+            yield Finding(source.path, 1, "declares nothing in namespace quorvel")
+        if source.is_product() and not re.search(rf"(?i)\b{source.stem}\b", source.code):
+            yield Finding(source.path, 1, f"declares nothing of the name {source.stem}")
+
+
+def includes_name_files_from_the_root(tree):
+    """An include in quotes is a path from the root; a file's own header comes first."""
+    for source in tree.sources:
+        quoted = [(line, target.strip('"')) for line, target in source.includes
+                  if target.startswith('"')]
+        for line, path in quoted:
+            if "/" in path and path not in tree.paths and not path.startswith("moc_"):
+                yield Finding(source.path, line, f"there is no {path}")
+            if "/" not in path and f"{source.path.rpartition('/')[0]}/{path}" in tree.paths:
+                yield Finding(source.path, line, f"{path} is not a path from the root")
+        own = re.sub(r"\.cpp$", ".h", source.path)
+        if source.name.endswith(".cpp") and own in tree.paths:
+            if not source.includes or source.includes[0][1] != f'"{own}"':
+                yield Finding(source.path, 1, f"its first include is {own}")
+
+
+def product_has_one_build(tree):
+    """No conditional compilation: not by system, and not for tests."""
+    for source in tree.sources:
+        if source.is_product() and source.is_cpp():
+            yield from source.findings(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*", "one build for all")
+
+
+def looks_live_in_the_design_system(tree):
+    """Colours and fonts are named in the design system and nowhere else."""
+    for source in tree.sources:
+        if not source.is_product() or source.is_under(DESIGN_SYSTEM):
+            continue
+        if source.is_cpp() or source.is_qml():
+            yield from source.findings(COLOURS, "a colour", source.uncommented)
+            yield from source.findings(FONTS, "a font")
+
+
+def awaits_stand_alone(tree):
+    """A statement with co_await is `[auto x =] co_await name` or `co_await f(names)`, no more."""
+    for source in tree.sources:
+        if not source.is_cpp():
+            continue
+        offset = 0
+        for statement in re.split(r"(?<=[;{}])", source.code):
+            body = statement.rstrip("; \n{}")
+            if re.search(r"\bco_await\b", body) and not AWAIT.fullmatch(body.strip()):
+                line = source.line_at(offset + statement.index("co_await"))
+                yield Finding(source.path, line, "a co_await has its statement to itself")
+            offset += len(statement)
+        if source.is_product():
+            yield from source.findings(AWAIT_BANNED, "blocks, or cannot be cancelled")
+
+
+def product_has_no_locks(tree):
+    """Values travel between threads; nothing is shared under a lock."""
+    for source in tree.sources:
+        if source.is_product() and source.is_cpp():
+            yield from source.findings(r"\bstd::(recursive_|shared_)?mutex\b|\bQMutex\b", "a lock")
+
+
+def product_knows_no_test(tree):
+    """Nothing in the product is a test's friend."""
+    for source in tree.sources:
+        if source.is_product() and source.is_cpp():
+            yield from source.findings(r"friend (class|struct) \w*Tests?\b", "a test's friend")
+
+
+def tests_do_not_sleep(tree):
+    """A test waits for what it expects, never for time."""
+    pattern = r"\bQTest::(qSleep|qWait)\(|\bQThread::\w*sleep\(|\bsleep_(for|until)\("
+    for source in tree.sources:
+        if source.is_under("Tests") and source.is_cpp():
+            yield from source.findings(pattern, "a sleep")
+
+
+def qml_binds_its_components(tree):
+    """Names inside a component are resolved when it is written, and have types."""
+    for source in tree.sources:
+        if source.is_qml():
+            if "pragma ComponentBehavior: Bound" not in source.code:
+                yield Finding(source.path, 1, "lacks pragma ComponentBehavior: Bound")
+            yield from source.findings(r"\bproperty var\b", "a property has a type")
+
+
+def qml_data_is_plain_text(tree):
+    """Only the design system makes texts: its own never read data as rich text."""
+    for source in tree.sources:
+        if source.is_qml() and not source.is_under(DESIGN_SYSTEM):
+            yield from source.findings(
+                r"\b(Text|Label|TextEdit)\s*\{|\btextFormat\b", "use the design system's text"
+            )
+
+
+def files_stay_readable(tree):
+    """A file that has grown past these lengths is two files."""
+    for source in tree.sources:
+        limit = LONGEST.get(source.name[source.name.rfind("."):])
+        lines = source.text.count("\n")
+        if source.is_product() and limit and lines > limit:
+            yield Finding(source.path, limit, f"{lines} lines, at most {limit}")
+
+
+RULES = [
+    headers_have_one_shape,
+    includes_name_files_from_the_root,
+    product_has_one_build,
+    looks_live_in_the_design_system,
+    awaits_stand_alone,
+    product_has_no_locks,
+    product_knows_no_test,
+    tests_do_not_sleep,
+    qml_binds_its_components,
+    qml_data_is_plain_text,
+    files_stay_readable,
+]

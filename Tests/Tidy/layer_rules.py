@@ -1,0 +1,89 @@
+"""Which room may see which, and what only Platform/ may touch."""
+
+import re
+
+from source import Finding
+
+# The folders that a file of each layer may include from, besides its own.
+ALLOWED = {
+    "Platform": (),
+    "Models": ("Platform",),
+    "Core/Support": ("Models", "Platform"),
+    "Core/Keychain": ("Core/Support", "Models", "Platform"),
+    "Core/Persistence": ("Core/Support", "Models", "Platform"),
+    "Services": ("Core/Support", "Models", "Platform"),
+    "Core/DesignSystem": ("Core/Support", "Models", "Platform"),
+    "Core/DI": ("Core/Keychain", "Core/Persistence", "Core/Support", "Models", "Platform"),
+    "Features": ("Core", "Services", "Models", "Platform"),
+    "_Probes": ("Core", "Services", "Models", "Platform"),
+    "Quorvel": ("_Probes", "Features", "Core", "Services", "Models", "Platform"),
+}
+
+PLATFORM_HEADERS = re.compile(
+    r"<(Q(t)?DBus|QtNetwork|QNetwork|QTcp|QUdp|QLocalS|QSsl|QHost|QProcess\b|QClipboard"
+    r"|QSystemTrayIcon|QSql|QtSql|xcb/|X11/|SQLiteCpp/|sqlite3|libsecret/|qpa/|QtGui/qpa)"
+)
+POSIX_HEADERS = re.compile(r"<(unistd|fcntl|pwd|dlfcn|sys/\w+)\.h>")
+
+
+def layer_of(path):
+    return next((layer for layer in ALLOWED if path.startswith(f"{layer}/")), None)
+
+
+def includes_stay_below(tree):
+    """A file includes only from its own layer and from those below it."""
+    for source in tree.sources:
+        layer = layer_of(source.path)
+        if not layer or not source.is_cpp():
+            continue
+        visible = tuple(f"{folder}/" for folder in (layer, *ALLOWED[layer]))
+        for line, target in source.includes:
+            path = target.strip('"')
+            if layer_of(path) and not path.startswith(visible):
+                yield Finding(source.path, line, f"{layer} does not see {path}")
+
+
+def platform_headers_stay_in_platform(tree):
+    """The system's services are reached through Platform/ alone."""
+    for source in tree.sources:
+        if not source.is_product() or source.is_under("Platform"):
+            continue
+        for line, target in source.includes:
+            posix = POSIX_HEADERS.match(target) and not source.is_under("Quorvel")
+            if PLATFORM_HEADERS.match(target) or posix:
+                yield Finding(source.path, line, f"{target} belongs under Platform/")
+
+
+def live_backends_are_picked_in_one_place(tree):
+    """Only Quorvel/ names the class that plays a facility for real."""
+    if not tree.live_backends:
+        return
+    names = rf"\b({'|'.join(sorted(tree.live_backends))})\b"
+    for source in tree.sources:
+        if source.is_product() and not source.is_under("Platform", "Quorvel"):
+            yield from source.findings(names, "a live backend is named")
+
+
+def fakes_stay_out_of_the_product(tree):
+    """What plays a facility in tests is included by tests alone."""
+    for source in tree.sources:
+        if source.is_product() and not source.name.startswith("Fake"):
+            for line, target in source.includes:
+                if re.search(r'[/"]Fake\w+\.h', target):
+                    yield Finding(source.path, line, f"{target} is for tests")
+
+
+def coroutine_library_has_one_door(tree):
+    """Task.h alone names the coroutine library."""
+    for source in tree.sources:
+        if source.is_product() and source.path != "Core/Support/Task.h":
+            yield from source.findings(r"\bQCoro\w*|\bqCoro\b", "only Core/Support/Task.h names it")
+
+
+RULES = [
+    includes_stay_below,
+    platform_headers_stay_in_platform,
+    live_backends_are_picked_in_one_place,
+    fakes_stay_out_of_the_product,
+    coroutine_library_has_one_door,
+]

@@ -1,0 +1,228 @@
+"""Every rule of the tree is shown a tree that breaks it and one that does not."""
+
+import unittest
+
+from source import Tree
+from tidy import RULES, findings_of
+
+HEADER = "#pragma once\n\nnamespace quorvel {\n\nclass Cup\n{\n};\n\n}\n"
+FACILITY = {
+    "Platform/Radio/Radio.h": "class Radio\n{\n};\n",
+    "Platform/Radio/LongWaveRadio.h": "class LongWaveRadio final : public Radio\n{\n};\n",
+}
+QML = "pragma ComponentBehavior: Bound\nimport QtQuick\n"
+
+# For each rule: trees with exactly one thing to find, then trees with none.
+SAMPLES = {
+    "includes_stay_below": (
+        [
+            {"Models/Cafe.h": '#include "Core/Support/AppError.h"\n'},
+            {"Platform/Files/FileManager.h": '#include "Models/Cafe.h"\n'},
+            {"Core/Support/Task.h": '#include "Core/DI/AppEnvironment.h"\n'},
+            {"Services/Wifi/Wifi.cpp": '#include "Features/MenuBar/MenuBarRoot.h"\n'},
+            {"Features/MenuBar/Label.cpp": '#include "Quorvel/QuorvelApp.h"\n'},
+        ],
+        [
+            {"Models/Cafe.h": '#include "Platform/Clock/Clock.h"\n#include <QString>\n'},
+            {"Core/DI/AppEnvironment.h": '#include "Core/Persistence/Repository.h"\n'},
+            {"Quorvel/main.cpp": '#include "Features/MenuBar/MenuBarRoot.h"\n'},
+            {"Models/Cafe.h": '// #include "Core/Support/AppError.h"\n'},
+        ],
+    ),
+    "platform_headers_stay_in_platform": (
+        [
+            {"Core/Support/Task.h": f"#include <{header}>\n"}
+            for header in ("QDBusConnection", "QtDBus/QDBusMessage", "QNetworkAccessManager",
+                           "QProcess", "QClipboard", "QSystemTrayIcon", "SQLiteCpp/Database.h",
+                           "sqlite3.h", "libsecret/secret.h", "xcb/xcb.h", "QLocalServer",
+                           "unistd.h", "sys/stat.h")
+        ],
+        [
+            {"Platform/Wifi/Wifi.cpp": "#include <QDBusConnection>\n#include <unistd.h>\n"},
+            {"Tests/Core/CrashTest.cpp": "#include <QProcess>\n"},
+            {"Core/Support/Task.h": "#include <QObject>\n#include <chrono>\n"},
+            {"Quorvel/main.cpp": "#include <unistd.h>\n"},
+        ],
+    ),
+    "live_backends_are_picked_in_one_place": (
+        [
+            {**FACILITY, "Features/History/List.cpp": "LongWaveRadio radio;\n"},
+            {**FACILITY, "Core/DI/AppEnvironment.cpp": "make<LongWaveRadio>();\n"},
+        ],
+        [
+            {**FACILITY, "Quorvel/QuorvelApp.cpp": "LongWaveRadio radio;\n"},
+            {**FACILITY, "Features/History/List.cpp": "Radio &radio; // a LongWaveRadio\n"},
+        ],
+    ),
+    "fakes_stay_out_of_the_product": (
+        [{"Core/Support/Task.cpp": '#include "Platform/Clock/FakeClock.h"\n'}],
+        [
+            {"Tests/Core/TaskTest.cpp": '#include "Platform/Clock/FakeClock.h"\n'},
+            {"Platform/Clock/FakeClock.cpp": '#include "Platform/Clock/FakeClock.h"\n'},
+        ],
+    ),
+    "coroutine_library_has_one_door": (
+        [{"Core/DI/Wait.h": "#include <QCoroTask>\n"}, {"Core/DI/Wait.cpp": "qCoro(reply);\n"}],
+        [{"Core/Support/Task.h": "#include <QCoroTask>\n"}],
+    ),
+    "headers_have_one_shape": (
+        [
+            {"Models/Cup.h": "// A cup.\n" + HEADER},
+            {"Models/Cup.h": HEADER + "using namespace Qt::StringLiterals;\n"},
+            {"Models/Cup.h": "#pragma once\nclass Cup;\n"},
+            {"Models/Mug.h": HEADER},
+        ],
+        [{"Models/Cup.h": HEADER}, {"Models/Cup.cpp": "using namespace Qt::StringLiterals;\n"}],
+    ),
+    "includes_name_files_from_the_root": (
+        [
+            {"Models/Cup.cpp": '#include "Models/Mug.h"\n'},
+            {"Models/Cup.h": HEADER, "Models/Mug.cpp": '#include "Cup.h"\n'},
+            {"Models/Cup.h": HEADER, "Models/Cup.cpp": "#include <QObject>\n"},
+        ],
+        [
+            {"Models/Cup.h": HEADER, "Models/Cup.cpp": '#include "Models/Cup.h"\n'},
+            {"Tests/Models/CupTest.cpp": '#include "CupTest.moc"\n'},
+        ],
+    ),
+    "product_has_one_build": (
+        [
+            {"Models/Cup.cpp": "#ifdef Q_OS_LINUX\n"},
+            {"Models/Cup.cpp": "#if defined(TESTING)\n"},
+        ],
+        [{"Models/Cup.cpp": "if (cup) {\n}\n"}, {"Tests/A.cpp": "#ifdef Q_OS_LINUX\n"}],
+    ),
+    "looks_live_in_the_design_system": (
+        [
+            {"Features/History/Day.qml": f"{QML}Item {{ {look} }}\n"}
+            for look in ('color: "#e08a3c"', "tint: Qt.rgba(1, 0, 0, 1)", 'color: "white"',
+                         "font.pixelSize: 12", "font { bold: true }")
+        ] + [
+            {"Quorvel/Icon.cpp": "painter.setBrush(QColor(224, 138, 60));\n"},
+            {"Quorvel/Icon.cpp": "painter.setPen(Qt::white);\n"},
+        ],
+        [
+            {"Core/DesignSystem/Theme.qml": f'{QML}Item {{ property color dot: "#e08a3c" }}\n'},
+            {"Features/History/Day.qml": f"{QML}Item {{ color: Theme.ink }}\n"},
+            {"Features/History/Day.qml": f'{QML}Item {{ color: "transparent" }} // was "#fff"\n'},
+            {"Quorvel/Icon.cpp": "image.fill(Qt::transparent);\n"},
+        ],
+    ),
+    "awaits_stand_alone": (
+        [
+            {"Core/Cup.cpp": f"Task<> pour() {{ {statement}; }}\n"}
+            for statement in ("return co_await cup", "auto x = a ? co_await b : c",
+                              "auto x = co_await fill(Cup{1})", "auto x = co_await cups[0]",
+                              "use(co_await cup)", "co_await fill(next())")
+        ] + [{"Core/Cup.cpp": "QCoro::waitFor(task);\n"}],
+        [
+            {"Core/Cup.cpp": f"Task<> pour() {{ {statement}; }}\n"}
+            for statement in ("co_await cup", "auto x = co_await cup", "const auto x = co_await c",
+                              "auto x = co_await m_bar->fill(cup, amount)", "co_await fill()",
+                              'log("co_await (")')
+        ] + [{"Core/Cup.cpp": "if (empty) {\n    co_await fill(cup);\n}\n"}],
+    ),
+    "product_has_no_locks": (
+        [{"Core/Cup.h": "std::mutex m_mutex;\n"}, {"Core/Cup.h": "QMutex m_mutex;\n"}],
+        [{"Tests/CupTest.cpp": "QMutex mutex;\n"}, {"Core/Cup.h": "// no QMutex\n"}],
+    ),
+    "product_knows_no_test": (
+        [{"Core/Cup.h": "friend class CupTest;\n"}],
+        [{"Core/Cup.h": "friend class Saucer;\n"}],
+    ),
+    "tests_do_not_sleep": (
+        [{"Tests/CupTest.cpp": call} for call in ("QTest::qWait(10);\n", "QThread::msleep(1);\n",
+                                                   "std::this_thread::sleep_for(1s);\n")],
+        [{"Tests/CupTest.cpp": "QTRY_VERIFY(cup.isFull());\n"}],
+    ),
+    "qml_binds_its_components": (
+        [
+            {"Features/Cup.qml": "import QtQuick\nItem {\n}\n"},
+            {"Features/Cup.qml": QML + "Item { property var cup }\n"},
+        ],
+        [{"Features/Cup.qml": QML + "Item { property int cups }\n"}],
+    ),
+    "qml_data_is_plain_text": (
+        [
+            {"Features/Cup.qml": QML + "Text {\n}\n"},
+            {"Features/Cup.qml": QML + "Label {\n}\n"},
+            {"Features/Cup.qml": QML + "Body { textFormat: 3 }\n"},
+        ],
+        [
+            {"Core/DesignSystem/Body.qml": QML + "Text { textFormat: Text.PlainText }\n"},
+            {"Features/Cup.qml": QML + "BodyText {\n}\n"},
+        ],
+    ),
+    "files_stay_readable": (
+        [
+            {"Core/Cup.h": 151 * "\n"},
+            {"Core/Cup.cpp": 301 * "\n"},
+            {"Features/Cup.qml": 151 * "\n"},
+        ],
+        [
+            {"Core/Cup.h": 150 * "\n"},
+            {"Core/Cup.cpp": 300 * "\n"},
+            {"Tests/CupTest.cpp": 301 * "\n"},
+        ],
+    ),
+    "lines_fit": (
+        [{"dev": 101 * "x"}, {"Core/Cup.h": "\tint cups;"}, {"README.md": "cups \n"}],
+        [{"dev": 100 * "é"}, {"README.md": 101 * "x"}],
+    ),
+    "files_end_in_one_newline": (
+        [{"dev": "exit"}, {"dev": "exit\n\n"}],
+        [{"dev": "exit\n"}, {"Core/CMakeLists.txt": ""}],
+    ),
+    "nothing_is_left_for_later": (
+        [{"Core/Cup.h": "// TO" + "DO: pour\n"}, {"dev": "# FIX" + "ME\n"}],
+        [{"Core/Cup.h": "// a todo list is what the user keeps\n"}],
+    ),
+    "the_tree_speaks_for_itself": (
+        [
+            {"Core/Cup.h": "// as Part 5." + "1 says\n"},
+            {"Core/Cup.h": "// see the sp" + "ec\n"},
+            {"README.md": "spec." + "md\n"},
+            {"README.md": "for issue " + "2\n"},
+            {"dev": "cd /wo" + "rk/main\n"},
+        ],
+        [{"README.md": "part of the specification of the tray; Part one; network/main\n"}],
+    ),
+    "folders_have_names_of_their_own": (
+        [{"Core/Utils/Cup.h": ""}, {"Tests/Helpers/Cup.h": ""}],
+        [{"Core/Support/Cup.h": ""}],
+    ),
+    "the_map_is_true": (
+        [
+            {"ARCHITECTURE.md": "`Core/Cup/` holds the cup\n"},
+            {"ARCHITECTURE.md": 151 * "\n"},
+        ],
+        [
+            {"ARCHITECTURE.md": "`Core/Cup/`, `Core/Cup/Cup.h`, `a`\n", "Core/Cup/Cup.h": ""},
+            {"README.md": "`Core/Cup/` holds the cup\n"},
+        ],
+    ),
+}
+
+
+class RulesTest(unittest.TestCase):
+    def test_every_rule_has_samples(self):
+        self.assertEqual({rule.__name__ for rule in RULES}, set(SAMPLES))
+
+    def test_each_rule_finds_what_breaks_it_and_nothing_else(self):
+        for rule in RULES:
+            bad, good = SAMPLES[rule.__name__]
+            for texts in bad:
+                with self.subTest(rule=rule.__name__, bad=texts):
+                    self.assertEqual(len(findings_of(rule, Tree(texts))), 1)
+            for texts in good:
+                with self.subTest(rule=rule.__name__, good=texts):
+                    self.assertEqual(findings_of(rule, Tree(texts)), [])
+
+    def test_a_finding_names_its_line(self):
+        rule = next(rule for rule in RULES if rule.__name__ == "awaits_stand_alone")
+        tree = Tree({"Core/Cup.cpp": "/* one\n * two */\n\nreturn\n    co_await cup;\n"})
+        self.assertIn("Core/Cup.cpp:5:", findings_of(rule, tree)[0])
+
+
+if __name__ == "__main__":
+    unittest.main()

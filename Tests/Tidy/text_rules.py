@@ -1,0 +1,79 @@
+"""Rules for every text file of the tree, and for its folders."""
+
+import re
+
+from source import Finding
+
+COLUMNS = 100
+PROSE = (".md", ".svg", ".json", ".xml", ".desktop")
+VAGUE_FOLDERS = {"utils", "util", "helpers", "helper", "misc", "common", "manager", "managers"}
+MAP = "ARCHITECTURE.md"
+MAP_LINES = 150
+
+# Put together from pieces, so that this file passes its own rule.
+MARKS = r"\b(" + "TO" + r"DO|FIX" + r"ME|XX" + r"X|HA" + r"CK)\b"
+UNSPOKEN = (
+    r"\b[Pp]art [0-9]+\." + r"[0-9]|\b[Ss]pec\." + r"md\b|\b[Tt]he [Ss]" + r"pec\b"
+    r"|\b[Ii]ssue #?" + r"[0-9]|(?<![\w.])/" + r"work/\w"
+)
+
+
+def lines_fit(tree):
+    """Lines of code have at most 100 columns, no tabs and no blanks at their ends."""
+    for source in tree.sources:
+        for number, line in enumerate(source.text.split("\n"), 1):
+            if len(line) > COLUMNS and not source.name.endswith(PROSE):
+                yield Finding(source.path, number, f"{len(line)} columns, at most {COLUMNS}")
+            if "\t" in line:
+                yield Finding(source.path, number, "a tab")
+            if line != line.rstrip():
+                yield Finding(source.path, number, "blanks at the end")
+
+
+def files_end_in_one_newline(tree):
+    """The last line ends, and nothing follows it."""
+    for source in tree.sources:
+        if source.text and (not source.text.endswith("\n") or source.text.endswith("\n\n")):
+            yield Finding(source.path, source.text.count("\n"), "ends in one newline")
+
+
+def nothing_is_left_for_later(tree):
+    """What is to be done stands where work is planned, not in the code."""
+    for source in tree.sources:
+        yield from source.findings(MARKS, "a mark for later", source.text)
+
+
+def the_tree_speaks_for_itself(tree):
+    """A comment gives its reason; it does not point at a document or machine elsewhere."""
+    for source in tree.sources:
+        yield from source.findings(UNSPOKEN, "points outside the tree", source.text)
+
+
+def folders_have_names_of_their_own(tree):
+    """A folder is named after what is in it."""
+    for path in sorted(tree.paths):
+        if path.rpartition("/")[2].lower() in VAGUE_FOLDERS:
+            yield Finding(path, 1, "a name that says nothing")
+
+
+def the_map_is_true(tree):
+    """Every path that ARCHITECTURE.md names exists, and the map stays one that is read."""
+    for source in tree.sources:
+        if source.path != MAP:
+            continue
+        for match in re.finditer(r"`([\w.-]+/[\w./+-]*)`", source.text):
+            if match[1].rstrip("/") not in tree.paths:
+                yield Finding(MAP, source.line_at(match.start()), f"there is no {match[1]}")
+        lines = source.text.count("\n")
+        if lines > MAP_LINES:
+            yield Finding(MAP, MAP_LINES, f"{lines} lines, at most {MAP_LINES}")
+
+
+RULES = [
+    lines_fit,
+    files_end_in_one_newline,
+    nothing_is_left_for_later,
+    the_tree_speaks_for_itself,
+    folders_have_names_of_their_own,
+    the_map_is_true,
+]
