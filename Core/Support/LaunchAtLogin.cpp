@@ -1,0 +1,22 @@
+#include "Core/Support/LaunchAtLogin.h"
+
+namespace quorvel::LaunchAtLogin {
+
+bool isEnabled(const LoginItem &item)
+{
+    return item.status() == LoginItem::Status::Enabled;
+}
+
+void setEnabled(bool enabled, LoginItem &item)
+{
+    if (enabled == isEnabled(item)) {
+        return;
+    }
+    if (enabled) {
+        item.registerItem();
+    } else {
+        item.unregisterItem();
+    }
+}
+
+} // namespace quorvel::LaunchAtLogin
