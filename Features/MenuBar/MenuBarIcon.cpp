@@ -25,9 +25,9 @@ constexpr qreal dotOutline = 1.5;
 /// A status area takes no picture over 64 pixels wide.
 constexpr qreal scales[] = {1.0, 1.5, 2.0};
 
-QPen roundPen(QRgb colour, qreal width)
+QPen roundPen(const QColor &colour, qreal width)
 {
-    return {QColor::fromRgba(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
 /// Seen a little from above, from the far edge of its rim to its bottom.
@@ -72,19 +72,19 @@ void paintCup(QPainter &painter)
     for (const qreal x : {10.0, 14.0})
         painter.strokePath(wispOfSteam(x), roundPen(Palette::accentDeep, wispWidth));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgba(Palette::mocha));
+    painter.setBrush(Palette::mocha);
     painter.drawRoundedRect(saucer, 1, 1);
     painter.drawPath(bowl(7, 6, 18));
-    painter.setBrush(QColor::fromRgba(Palette::cream));
+    painter.setBrush(Palette::cream);
     painter.drawPath(bowl(6, 7, 17));
-    painter.setBrush(QColor::fromRgba(Palette::espresso));
+    painter.setBrush(Palette::espresso);
     painter.drawEllipse(coffee);
 }
 
 void paintDot(QPainter &painter, qreal radius)
 {
-    painter.setBrush(QColor::fromRgba(Palette::accent));
-    painter.setPen(QPen(QColor::fromRgba(Palette::white), dotOutline));
+    painter.setBrush(Palette::accent);
+    painter.setPen(QPen(Palette::white, dotOutline));
     painter.drawEllipse(dotCentre, radius, radius);
 }
 

@@ -8,12 +8,15 @@ DESIGN_SYSTEM = "Core/DesignSystem"
 LONGEST = {".h": 150, ".cpp": 300, ".qml": 150}
 
 COLOURS = (
-    r"#[0-9a-fA-F]{3,8}\"|\bQColor(Constants)?\b|\bqRgba?\(|\bQt\.(rgba|hsla|hsva)\b"
+    r"#[0-9a-fA-F]{3,8}\"|\bQColor(Constants\b|::from\w+|\s*[({])"
+    r"|\bqRgba?\(|\bQt\.(rgba|hsla|hsva)\b"
     r"|\bQt::(white|black|red|green|blue|gray|yellow|cyan|magenta|dark\w+|light\w+)\b"
     r"|\bcolor\w*:\s*\"(?!transparent\")\w+\""
 )
-FONTS = (r"\bQFont\b|\bfont\.(family|pixelSize|pointSize|weight|bold|italic)\b"
-                   r"|\bfont\s*\{|\bQt\.font\b")
+FONTS = (
+    r"\bQFont\b|\bfont\.(family|pixelSize|pointSize|weight|bold|italic)\b"
+    r"|\bfont\s*\{|\bQt\.font\b"
+)
 
 AWAIT = re.compile(
     r"(?:(?:const\s+)?auto\s+\w+\s*=\s*)?co_await\s+"
@@ -32,7 +35,8 @@ def headers_have_one_shape(tree):
         yield from source.findings(r"using namespace .*", "not in a header")
         if source.is_product() and not re.search(r"^namespace quorvel\b", source.code, re.M):
             yield Finding(source.path, 1, "declares nothing in namespace quorvel")
-        if source.is_product() and not re.search(rf"(?i)\b{source.stem}\b", source.code):
+        name = source.stem.split("+")[0]
+        if source.is_product() and not re.search(rf"(?i)\b{name}\b", source.code):
             yield Finding(source.path, 1, f"declares nothing of the name {source.stem}")
 
 

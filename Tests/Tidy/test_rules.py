@@ -183,9 +183,8 @@ SAMPLES = {
             {"Core/Cup.h": "// see the sp" + "ec\n"},
             {"README.md": "spec." + "md\n"},
             {"README.md": "for issue " + "2\n"},
-            {"dev": "cd /wo" + "rk/main\n"},
         ],
-        [{"README.md": "part of the specification of the tray; Part one; network/main\n"}],
+        [{"README.md": "part of the tray; Part one\n"}],
     ),
     "folders_have_names_of_their_own": (
         [{"Core/Utils/Cup.h": ""}, {"Tests/Helpers/Cup.h": ""}],

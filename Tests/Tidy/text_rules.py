@@ -14,7 +14,7 @@ MAP_LINES = 150
 MARKS = r"\b(" + "TO" + r"DO|FIX" + r"ME|XX" + r"X|HA" + r"CK)\b"
 UNSPOKEN = (
     r"\b[Pp]art [0-9]+\." + r"[0-9]|\b[Ss]pec\." + r"md\b|\b[Tt]he [Ss]" + r"pec\b"
-    r"|\b[Ii]ssue #?" + r"[0-9]|(?<![\w.])/" + r"work/\w"
+    r"|\b[Ii]ssue #?" + r"[0-9]"
 )
 
 

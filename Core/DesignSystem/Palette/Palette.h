@@ -1,18 +1,18 @@
 #pragma once
 
-#include <QRgb>
+#include <QColor>
 
 namespace quorvel {
 
 /// The coffee colours of what is painted in C++, and so keeps them in light and dark alike.
 namespace Palette {
 
-inline constexpr QRgb accent = 0xffe08a3c;     ///< Caramel: what asks for attention.
-inline constexpr QRgb accentDeep = 0xffc8772e; ///< Caramel, darker.
-inline constexpr QRgb mocha = 0xff966339;      ///< Stands out from white and from black.
-inline constexpr QRgb espresso = 0xff2b211a;
-inline constexpr QRgb cream = 0xfff3e9dc;
-inline constexpr QRgb white = 0xffffffff;
+inline constexpr QColor accent{0xe0, 0x8a, 0x3c};     ///< Caramel: what asks for attention.
+inline constexpr QColor accentDeep{0xc8, 0x77, 0x2e}; ///< Caramel, darker.
+inline constexpr QColor mocha{0x96, 0x63, 0x39};      ///< Stands out from white and from black.
+inline constexpr QColor espresso{0x2b, 0x21, 0x1a};
+inline constexpr QColor cream{0xf3, 0xe9, 0xdc};
+inline constexpr QColor white{0xff, 0xff, 0xff};
 
 } // namespace Palette
 } // namespace quorvel
