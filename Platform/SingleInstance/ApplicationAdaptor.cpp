@@ -1,0 +1,56 @@
+#include "Platform/SingleInstance/ApplicationAdaptor.h"
+
+#include <QDBusConnection>
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString tokenKey = u"activation-token"_s;
+const QString startupIdKey = u"desktop-startup-id"_s;
+
+void refuse(const QDBusMessage &message, QDBusError::ErrorType type, const QString &reason)
+{
+    message.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(message.createErrorReply(type, reason));
+}
+
+} // namespace
+
+ApplicationAdaptor::ApplicationAdaptor(SingleInstance *instance)
+    : QDBusAbstractAdaptor(instance)
+    , m_instance(instance)
+{}
+
+QVariantMap ApplicationAdaptor::platformData(const Activation &activation)
+{
+    QVariantMap data;
+    if (!activation.token.isEmpty()) {
+        data.insert(tokenKey, activation.token);
+    }
+    if (!activation.startupId.isEmpty()) {
+        data.insert(startupIdKey, activation.startupId);
+    }
+    return data;
+}
+
+void ApplicationAdaptor::Activate(const QVariantMap &platformData)
+{
+    emit m_instance->activated({.token = platformData.value(tokenKey).toString(),
+                                .startupId = platformData.value(startupIdKey).toString()});
+}
+
+void ApplicationAdaptor::Open(const QStringList &, const QVariantMap &, const QDBusMessage &message)
+{
+    refuse(message, QDBusError::NotSupported, u"Quorvel opens no files."_s);
+}
+
+void ApplicationAdaptor::ActivateAction(const QString &name, const QVariantList &,
+                                        const QVariantMap &, const QDBusMessage &message)
+{
+    refuse(message, QDBusError::InvalidArgs, u"Quorvel has no action “%1”."_s.arg(name));
+}
+
+} // namespace quorvel

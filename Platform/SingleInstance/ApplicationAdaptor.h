@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Platform/SingleInstance/SingleInstance.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusMessage>
+#include <QVariantMap>
+
+namespace quorvel {
+
+/// The face that every desktop application shows on the bus: here it can be brought forward, and
+/// nothing else.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(SingleInstance *instance);
+
+    [[nodiscard]] static QVariantMap platformData(const Activation &activation);
+
+public slots:
+    void Activate(const QVariantMap &platformData);
+    void Open(const QStringList &uris, const QVariantMap &platformData,
+              const QDBusMessage &message);
+    void ActivateAction(const QString &name, const QVariantList &parameter,
+                        const QVariantMap &platformData, const QDBusMessage &message);
+
+private:
+    SingleInstance *m_instance;
+};
+
+} // namespace quorvel

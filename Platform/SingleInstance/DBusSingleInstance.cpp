@@ -1,0 +1,96 @@
+#include "Platform/SingleInstance/DBusSingleInstance.h"
+
+#include "Platform/ApplicationId.h"
+#include "Platform/SingleInstance/ApplicationAdaptor.h"
+#include "Platform/SingleInstance/SessionBus.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString objectPath = u"/com/zantho/quorvel"_s;
+const QString interfaceName = u"org.freedesktop.Application"_s;
+
+} // namespace
+
+DBusSingleInstance::DBusSingleInstance(QProcessEnvironment environment,
+                                       std::chrono::milliseconds limit, QObject *parent)
+    : SingleInstance(parent)
+    , m_environment(std::move(environment))
+    , m_limit(limit)
+{
+    new ApplicationAdaptor(this);
+}
+
+DBusSingleInstance::~DBusSingleInstance()
+{
+    if (m_isOnBus) {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        bus.unregisterService(applicationId);
+        bus.unregisterObject(objectPath);
+    }
+}
+
+SingleInstance::Claim DBusSingleInstance::claim()
+{
+    if (!SessionBus::isProvided(m_environment) || !QDBusConnection::sessionBus().isConnected()) {
+        return Claim::NoBus;
+    }
+    // Order: the object comes before the name. Once the name is ours, a second start may call.
+    QDBusConnection::sessionBus().registerObject(objectPath, this);
+    m_isOnBus = true;
+    return claimOnBus();
+}
+
+SingleInstance::Claim DBusSingleInstance::claimOnBus()
+{
+    switch (requestName()) {
+    case Name::Ours:
+        return Claim::Primary;
+    case Name::Unknown:
+        return Claim::NoBus;
+    case Name::SomebodyElses:
+        break;
+    }
+    if (activateOwner()) {
+        return Claim::HandedOver;
+    }
+    // The owner may have ended while we asked it.
+    return requestName() == Name::Ours ? Claim::Primary : Claim::Unreachable;
+}
+
+DBusSingleInstance::Name DBusSingleInstance::requestName()
+{
+    // Whoever queues for a name becomes the one instance when the first ends, long after it gave
+    // up.
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        QDBusConnection::sessionBus().interface()->registerService(
+            applicationId, QDBusConnectionInterface::DontQueueService,
+            QDBusConnectionInterface::DontAllowReplacement);
+    if (!reply.isValid()) {
+        return Name::Unknown;
+    }
+    return reply == QDBusConnectionInterface::ServiceRegistered ? Name::Ours : Name::SomebodyElses;
+}
+
+bool DBusSingleInstance::activateOwner() const
+{
+    const Activation activation{.token = m_environment.value(u"XDG_ACTIVATION_TOKEN"_s),
+                                .startupId = m_environment.value(u"DESKTOP_STARTUP_ID"_s)};
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(applicationId, objectPath, interfaceName, u"Activate"_s);
+    message.setAutoStartService(false);
+    message << ApplicationAdaptor::platformData(activation);
+    const QDBusMessage reply =
+        QDBusConnection::sessionBus().call(message, QDBus::Block, int(m_limit.count()));
+    return reply.type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace quorvel
