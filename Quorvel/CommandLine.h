@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace quorvel {
+
+/// What the arguments of a start ask for, for `main` to carry out before there is an application
+/// object or a display.
+struct CommandLine
+{
+    /// For standard output.
+    QString output;
+    /// For standard error.
+    QString errors;
+    /// Nothing: the program is to run.
+    std::optional<int> exitStatus;
+
+    /// Reads the arguments, without the program's name. The toolkit's own options pass in the forms
+    /// that an application object takes out of its arguments.
+    [[nodiscard]] static CommandLine parse(const QStringList &arguments);
+
+    friend bool operator==(const CommandLine &, const CommandLine &) = default;
+};
+
+} // namespace quorvel
