@@ -1,0 +1,24 @@
+# How a folder of views is built: one QML module and its C++ in one static library.
+
+set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml)
+
+# quorvel_qml_module(NAME URI Quorvel.X QML_FILES ... [SOURCES ...] [IMPORTS ...] [LINKS ...])
+# Whoever links NAME can import the URI: its types and files are inside the program.
+function(quorvel_qml_module name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "QML_FILES;SOURCES;IMPORTS;LINKS")
+  qt_add_library(${name} STATIC)
+  qt_add_qml_module(${name}
+    URI ${arg_URI}
+    VERSION 1.0
+    RESOURCE_PREFIX /qt-project.org/imports # where every engine looks by itself
+    IMPORT_PATH ${QT_QML_OUTPUT_DIRECTORY}
+    DEPENDENCIES QtQuick
+    IMPORTS ${arg_IMPORTS}
+    QML_FILES ${arg_QML_FILES}
+    SOURCES ${arg_SOURCES})
+  # The generated registration names its headers without their folder.
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name}
+    PUBLIC quorvel_options ${arg_LINKS} Qt6::Quick
+    INTERFACE ${name}plugin)
+endfunction()

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Platform/Appearance/Appearance.h"
+
+namespace quorvel {
+
+/// A desktop that is light or dark as a test wishes.
+class FakeAppearance final : public Appearance
+{
+public:
+    explicit FakeAppearance(AppearanceStyle style = AppearanceStyle::Light)
+        : m_style(style)
+    {}
+
+    [[nodiscard]] AppearanceStyle style() const override { return m_style; }
+
+    void setStyle(AppearanceStyle style)
+    {
+        m_style = style;
+        emit styleChanged();
+    }
+
+private:
+    AppearanceStyle m_style;
+};
+
+} // namespace quorvel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Platform/Appearance/Appearance.h"
+
+#include <QDBusConnection>
+
+#include <optional>
+
+class QDBusMessage;
+
+namespace quorvel {
+
+/// The appearance as the desktop portal tells it, followed live. Until the portal answers, and on
+/// a desktop without one, it is dark where the palette's windows are. Never waits for the portal.
+class PortalAppearance final : public Appearance
+{
+    Q_OBJECT
+
+public:
+    explicit PortalAppearance(const QDBusConnection &bus = QDBusConnection::sessionBus());
+
+    [[nodiscard]] AppearanceStyle style() const override;
+
+private slots:
+    void settingChanged(const QDBusMessage &message);
+
+private:
+    void read();
+    void follow();
+    void adopt(const QVariant &colorScheme);
+
+    QDBusConnection m_bus;
+    std::optional<AppearanceStyle> m_portalStyle;
+};
+
+} // namespace quorvel
