@@ -1,0 +1,15 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// Every text on screen. Data is shown as it is: a network's name must never be read as markup.
+Text {
+    id: root
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.text
+    color: Theme.color.textPrimary
+    font: Theme.font.body
+    textFormat: Text.PlainText
+}

@@ -1,0 +1,47 @@
+#include "Core/DesignSystem/ThemeFont.h"
+
+#include <QFontDatabase>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvel {
+namespace {
+
+constexpr double eyebrowTracking = 0.7;
+
+QFont rounded(QFont font)
+{
+    for (const auto &family : {u"Nunito"_s, u"Varela Round"_s, u"Quicksand"_s, u"Comfortaa"_s}) {
+        if (QFontDatabase::hasFamily(family)) {
+            font.setFamily(family);
+            return font;
+        }
+    }
+    return font;
+}
+
+} // namespace
+
+QFont ThemeFont::tempLarge() const
+{
+    // On first use: asking for a family makes Qt read the whole list of fonts.
+    static const QFont font = rounded(system(28, QFont::Medium));
+    return font;
+}
+
+QFont ThemeFont::trackedEyebrow() const
+{
+    QFont font = m_eyebrow;
+    font.setLetterSpacing(QFont::AbsoluteSpacing, eyebrowTracking);
+    return font;
+}
+
+QFont ThemeFont::system(int size, QFont::Weight weight)
+{
+    QFont font;
+    font.setPixelSize(size);
+    font.setWeight(weight);
+    return font;
+}
+
+} // namespace quorvel

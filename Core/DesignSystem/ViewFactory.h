@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Platform/Errors/LocalizedError.h"
+
+#include <QUrl>
+#include <QVariantMap>
+
+#include <memory>
+
+class QObject;
+class QQmlEngine;
+
+namespace quorvel {
+
+/// A view that could not be made. The views are part of the program, so what is missing is one of
+/// Qt Quick's own modules on this system.
+class ViewError final : public LocalizedError
+{
+public:
+    explicit ViewError(QString description)
+        : m_description(std::move(description))
+    {}
+
+    [[nodiscard]] QString errorDescription() const override { return m_description; }
+
+private:
+    QString m_description;
+};
+
+/// Makes the root object of a scene. Serves the owners of scenes.
+namespace ViewFactory {
+
+/// Makes `view` of the module `Quorvel.<module>` with its required properties. Throws ViewError.
+[[nodiscard]] std::unique_ptr<QObject> make(QQmlEngine &engine, const QString &module,
+                                            const QString &view,
+                                            const QVariantMap &requiredProperties = {});
+
+} // namespace ViewFactory
+} // namespace quorvel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+namespace quorvel {
+
+/// What tests of views share. Serves every test that shows a window without a display.
+namespace QuickTest {
+
+/// Call first in each case: a warning of the engine, as of a binding that broke, fails the case.
+inline void failOnWarnings()
+{
+    // The windows of a test have no neighbours to be raised above.
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
+}
+
+/// Takes the whole of `item`'s tree, itself first.
+inline QList<QQuickItem *> itemsUnder(QQuickItem *item)
+{
+    QList<QQuickItem *> items{item};
+    for (QQuickItem *child : item->childItems()) {
+        items += itemsUnder(child);
+    }
+    return items;
+}
+
+/// The first item whose `property` is `value`, or null.
+inline QQuickItem *find(QQuickItem *root, const char *property, const QVariant &value)
+{
+    for (QQuickItem *item : itemsUnder(root)) {
+        if (item->property(property) == value) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+inline QPoint centre(const QQuickItem *item)
+{
+    return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
+}
+
+inline void click(QQuickItem *item)
+{
+    QTest::mouseClick(item->window(), Qt::LeftButton, Qt::NoModifier, centre(item));
+}
+
+/// The colour on screen at a point of `item`.
+inline QColor pixel(const QQuickItem *item, QPointF at)
+{
+    return item->window()->grabWindow().pixelColor(item->mapToScene(at).toPoint());
+}
+
+} // namespace QuickTest
+} // namespace quorvel
