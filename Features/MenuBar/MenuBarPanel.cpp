@@ -1,0 +1,132 @@
+#include "Features/MenuBar/MenuBarPanel.h"
+
+#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/ViewFactory.h"
+#include "Features/MenuBar/PanelPlacement.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvel {
+namespace {
+
+QList<ScreenArea> screenAreas()
+{
+    QList<ScreenArea> areas;
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        areas.append({.geometry = screen->geometry(), .available = screen->availableGeometry()});
+    }
+    return areas;
+}
+
+} // namespace
+
+MenuBarPanel::MenuBarPanel(QQmlEngine &engine, LaunchAtLoginSwitch launchAtLogin,
+                           PanelToggleGuard guard)
+    : m_launchAtLogin(std::move(launchAtLogin))
+    , m_guard(std::move(guard))
+    , m_window(std::make_unique<QQuickView>(&engine, nullptr))
+{
+    setUpWindow();
+    auto view = ViewFactory::make(engine, u"MenuBar"_s, u"MenuBarRootView"_s,
+                                  {{u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}});
+    m_view = qobject_cast<QQuickItem *>(view.release());
+    m_view->setParent(m_window->contentItem());
+    m_view->setParentItem(m_window->contentItem());
+    followView();
+    fitToView();
+}
+
+MenuBarPanel::~MenuBarPanel() = default;
+
+void MenuBarPanel::toggle(const QRect &anchor)
+{
+    if (!m_guard.admitClick()) {
+        return;
+    }
+    if (m_window->isVisible()) {
+        close();
+    } else {
+        open(anchor);
+    }
+}
+
+void MenuBarPanel::open(const QRect &anchor)
+{
+    if (!m_window->isVisible()) {
+        m_anchor = anchor;
+        m_launchAtLogin.refresh();
+        focusNoControl();
+        place();
+        m_window->show();
+    }
+    m_window->raise();
+    m_window->requestActivate();
+}
+
+void MenuBarPanel::close()
+{
+    m_window->hide();
+}
+
+void MenuBarPanel::setUpWindow()
+{
+    m_window->setTitle(u"Quorvel"_s);
+    // A popup would get neither the focus nor a grab from Qt, and so no Escape and no way to
+    // notice a click elsewhere.
+    m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    const auto paint = [this] { m_window->setColor(Theme::shared().color()->background()); };
+    connect(Theme::shared().color(), &ThemeColor::changed, this, paint);
+    paint();
+    connect(m_window.get(), &QWindow::activeChanged, this, &MenuBarPanel::closeOnFocusLoss);
+}
+
+void MenuBarPanel::followView()
+{
+    connect(m_view, &QQuickItem::implicitHeightChanged, this, &MenuBarPanel::fitToView);
+    connect(m_view, SIGNAL(windowRequested(QString)), this, SIGNAL(windowRequested(QString)));
+    connect(m_view, SIGNAL(quitRequested()), this, SIGNAL(quitRequested()));
+    connect(m_view, SIGNAL(dismissRequested()), this, SLOT(close()));
+}
+
+void MenuBarPanel::fitToView()
+{
+    const QSize size = QSizeF(m_view->implicitWidth(), m_view->implicitHeight()).toSize();
+    m_view->setSize(size);
+    // A fixed size keeps a tiling compositor from stretching the panel over the screen.
+    m_window->setMinimumSize(size);
+    m_window->setMaximumSize(size);
+    m_window->resize(size);
+    if (m_window->isVisible()) {
+        place();
+    }
+}
+
+void MenuBarPanel::focusNoControl()
+{
+    if (QQuickItem *focused = m_view->scopedFocusItem()) {
+        focused->setFocus(false);
+    }
+    m_view->forceActiveFocus();
+}
+
+void MenuBarPanel::place()
+{
+    m_window->setPosition(
+        PanelPlacement::topLeft(m_window->size(), m_anchor, QCursor::pos(), screenAreas()));
+}
+
+void MenuBarPanel::closeOnFocusLoss()
+{
+    if (!m_window->isActive() && m_window->isVisible()) {
+        close();
+        m_guard.noteFocusLoss();
+    }
+}
+
+} // namespace quorvel

@@ -1,0 +1,35 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+import Quorvel.MenuBar
+
+// The panel's last rows: what concerns the program, not the visit.
+Column {
+    id: root
+
+    required property LaunchAtLoginToggle launchAtLogin
+
+    signal quitRequested
+
+    bottomPadding: 8
+    leftPadding: 8
+    rightPadding: 8
+    spacing: 4
+    topPadding: 8
+
+    ToggleRow {
+        checked: root.launchAtLogin.enabled
+        label: "Launch at Login"
+        width: root.width - 16
+
+        onToggled: checked => root.launchAtLogin.setEnabled(checked)
+    }
+
+    RowButton {
+        label: "Quit Quorvel"
+        width: root.width - 16
+
+        onClicked: root.quitRequested()
+    }
+}

@@ -1,0 +1,44 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// The panel's first row: whose panel it is, and the way to the visits.
+Item {
+    id: root
+
+    signal historyRequested
+
+    implicitHeight: history.height + 2 * 12
+
+    Symbol {
+        id: cup
+
+        anchors.left: parent.left
+        anchors.leftMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.color.accent
+        name: "cup.and.saucer.fill"
+        size: 18
+    }
+
+    PlainText {
+        anchors.left: cup.right
+        anchors.leftMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        font: Theme.font.title
+        text: "Quorvel"
+    }
+
+    SymbolButton {
+        id: history
+
+        anchors.right: parent.right
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        label: "Check-ins"
+        symbol: "clock"
+
+        onClicked: root.historyRequested()
+    }
+}

@@ -1,0 +1,53 @@
+#include "Features/MenuBar/PanelPlacement.h"
+
+#include <algorithm>
+
+namespace quorvel {
+namespace {
+
+constexpr int gapPoints = 4;
+
+const ScreenArea *screenAt(QPoint point, const QList<ScreenArea> &screens)
+{
+    const auto found = std::find_if(screens.begin(), screens.end(), [&](const ScreenArea &screen) {
+        return screen.geometry.contains(point);
+    });
+    return found == screens.end() ? nullptr : &*found;
+}
+
+QPoint clampedInto(const QRect &area, QSize panel, QPoint corner)
+{
+    // A panel larger than the screen keeps its top left, where its header is.
+    const int lastX = std::max(area.left(), area.left() + area.width() - panel.width());
+    const int lastY = std::max(area.top(), area.top() + area.height() - panel.height());
+    return {std::clamp(corner.x(), area.left(), lastX), std::clamp(corner.y(), area.top(), lastY)};
+}
+
+QPoint hungFrom(const QRect &anchor, QSize panel, const QRect &available)
+{
+    const int x = anchor.left() + (anchor.width() - panel.width()) / 2;
+    const int below = anchor.top() + anchor.height() + gapPoints;
+    const int above = anchor.top() - gapPoints - panel.height();
+    const bool fitsBelow = below + panel.height() <= available.top() + available.height();
+    return clampedInto(available, panel, {x, fitsBelow ? below : above});
+}
+
+} // namespace
+
+QPoint PanelPlacement::topLeft(QSize panel, const QRect &anchor, QPoint pointer,
+                               const QList<ScreenArea> &screens)
+{
+    for (const QRect &candidate : {anchor, QRect(pointer, QSize(1, 1))}) {
+        const auto *screen = candidate.isEmpty() ? nullptr : screenAt(candidate.center(), screens);
+        if (screen) {
+            return hungFrom(candidate, panel, screen->available);
+        }
+    }
+    if (screens.isEmpty()) {
+        return {};
+    }
+    const QRect first = screens.first().available;
+    return clampedInto(first, panel, {first.left() + first.width() - panel.width(), first.top()});
+}
+
+} // namespace quorvel
