@@ -1,0 +1,100 @@
+#include "Quorvel/ScenesModule/QuickScenes.h"
+
+#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/ViewFactory.h"
+#include "Features/MenuBar/MenuBarPanel.h"
+#include "Platform/Appearance/Appearance.h"
+
+#include <QQuickWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvel {
+namespace {
+
+struct WindowView
+{
+    QString module;
+    QString view;
+};
+
+const QHash<QString, WindowView> &windowViews()
+{
+    static const QHash<QString, WindowView> views{
+        {u"history"_s, {.module = u"History"_s, .view = u"HistoryWindow"_s}},
+        {u"probe8"_s, {.module = u"Probes"_s, .view = u"ProbeWindow"_s}},
+    };
+    return views;
+}
+
+} // namespace
+
+QuickScenes::QuickScenes(SceneContext context)
+    : m_context(std::move(context))
+{
+    // Order: before the first window. Flat shapes and text need no graphics processor, and a
+    // context on one would more than double the memory of the whole program.
+    if (QQuickWindow::sceneGraphBackend() != "software"_L1) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    }
+    followAppearance();
+}
+
+QuickScenes::~QuickScenes() = default;
+
+void QuickScenes::toggleMenuBarPanel(const QRect &anchor)
+{
+    menuBarPanel().toggle(anchor);
+}
+
+void QuickScenes::openMenuBarPanel(const QRect &anchor)
+{
+    menuBarPanel().open(anchor);
+}
+
+bool QuickScenes::openWindow(const QString &identifier)
+{
+    QQuickWindow *opened = window(identifier);
+    if (!opened) {
+        return false;
+    }
+    opened->setWindowStates(opened->windowStates() & ~Qt::WindowMinimized);
+    opened->setVisible(true);
+    opened->raise();
+    opened->requestActivate();
+    return true;
+}
+
+MenuBarPanel &QuickScenes::menuBarPanel()
+{
+    if (!m_menuBarPanel) {
+        m_menuBarPanel = std::make_unique<MenuBarPanel>(m_engine, m_context.launchAtLogin);
+        connect(m_menuBarPanel.get(), &MenuBarPanel::windowRequested, this,
+                &QuickScenes::openWindow);
+        connect(m_menuBarPanel.get(), &MenuBarPanel::quitRequested, this, m_context.quit);
+    }
+    return *m_menuBarPanel;
+}
+
+QQuickWindow *QuickScenes::window(const QString &identifier)
+{
+    if (!windowViews().contains(identifier)) {
+        return nullptr;
+    }
+    auto &window = m_windows[identifier];
+    if (!window) {
+        const auto [module, view] = windowViews().value(identifier);
+        auto object = ViewFactory::make(m_engine, module, view);
+        window.reset(qobject_cast<QQuickWindow *>(object.release()));
+    }
+    return window.get();
+}
+
+void QuickScenes::followAppearance()
+{
+    const auto adopt = [this] { Theme::shared().setStyle(m_context.appearance->style()); };
+    connect(m_context.appearance, &Appearance::styleChanged, this, adopt);
+    adopt();
+}
+
+} // namespace quorvel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Features/Scenes/Scenes.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// What the program finds when it loads the module of the scenes.
+class QuickScenesPlugin final : public QObject, public ScenesPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QUORVEL_SCENES_PLUGIN_IID)
+    Q_INTERFACES(quorvel::ScenesPlugin)
+
+public:
+    [[nodiscard]] std::unique_ptr<Scenes> makeScenes(SceneContext context) override;
+};
+
+} // namespace quorvel

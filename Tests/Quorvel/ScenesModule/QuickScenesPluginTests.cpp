@@ -1,0 +1,41 @@
+#include "Features/Scenes/Scenes.h"
+#include "Platform/Appearance/FakeAppearance.h"
+
+#include <QGuiApplication>
+#include <QPluginLoader>
+#include <QTest>
+#include <QWindow>
+
+using namespace quorvel;
+using namespace Qt::StringLiterals;
+
+class QuickScenesPluginTests final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void moduleHoldsWhatTheProgramShows()
+    {
+        QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
+        QPluginLoader loader(QStringLiteral(SCENES_MODULE));
+        auto *plugin = qobject_cast<ScenesPlugin *>(loader.instance());
+        QVERIFY2(plugin, qPrintable(loader.errorString()));
+        FakeAppearance appearance;
+        const auto scenes = plugin->makeScenes(
+            {.appearance = &appearance,
+             .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
+             .quit = [] {}});
+        scenes->openMenuBarPanel({});
+        QVERIFY(scenes->openWindow(u"history"_s));
+        QVERIFY(scenes->openWindow(u"probe8"_s));
+        QStringList titles;
+        for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+            titles << window->title();
+        }
+        titles.sort();
+        QCOMPARE(titles, (QStringList{u"Check-ins — Quorvel"_s, u"Probe8"_s, u"Quorvel"_s}));
+    }
+};
+
+QTEST_MAIN(QuickScenesPluginTests)
+#include "QuickScenesPluginTests.moc"

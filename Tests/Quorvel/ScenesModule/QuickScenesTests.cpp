@@ -1,0 +1,152 @@
+#include "Core/DesignSystem/Theme.h"
+#include "Features/MenuBar/MenuBarPanel.h"
+#include "Platform/Appearance/FakeAppearance.h"
+#include "Quorvel/ScenesModule/QuickScenes.h"
+#include "Tests/Support/QuickTest.h"
+
+#include <QQuickView>
+
+using namespace quorvel;
+using namespace Qt::StringLiterals;
+
+class QuickScenesTests final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        QuickTest::failOnWarnings();
+        m_quits = 0;
+        m_appearance = std::make_unique<FakeAppearance>();
+        m_scenes = std::make_unique<QuickScenes>(SceneContext{
+            .appearance = m_appearance.get(),
+            .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
+            .quit = [this] { ++m_quits; }});
+    }
+
+    void cleanup()
+    {
+        m_scenes.reset();
+        Theme::shared().setStyle(AppearanceStyle::Light);
+    }
+
+    void nothingIsBuiltBeforeItIsOpened() { QVERIFY(QGuiApplication::topLevelWindows().isEmpty()); }
+
+    void softwareDrawsTheScenes()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        const auto *renderer = m_scenes->window(u"history"_s)->rendererInterface();
+        QCOMPARE(renderer->graphicsApi(), QSGRendererInterface::Software);
+    }
+
+    void windowsHaveTheirTitles_data()
+    {
+        QTest::addColumn<QString>("identifier");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("history") << u"history"_s << u"Check-ins — Quorvel"_s;
+        QTest::newRow("probe8") << u"probe8"_s << u"Probe8"_s;
+    }
+
+    void windowsHaveTheirTitles()
+    {
+        QFETCH(QString, identifier);
+        QFETCH(QString, title);
+        QVERIFY(m_scenes->openWindow(identifier));
+        QQuickWindow *window = m_scenes->window(identifier);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QCOMPARE(window->title(), title);
+        QCOMPARE(window->color(), Theme::shared().color()->background());
+    }
+
+    void unknownIdentifierIsRefused()
+    {
+        for (const auto &identifier : {u"probe"_s, u"History"_s, u""_s}) {
+            QVERIFY(!m_scenes->openWindow(identifier));
+        }
+        QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
+    }
+
+    void openWindowIsRaisedNotDoubled()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        QVERIFY(m_scenes->openWindow(u"probe8"_s));
+        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"probe8"_s)));
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QCOMPARE(m_scenes->window(u"history"_s), window);
+        QCOMPARE(QGuiApplication::topLevelWindows().size(), 2);
+    }
+
+    void closedWindowOpensAgain()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        QVERIFY(window->close());
+        QVERIFY(!window->isVisible());
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+
+    void minimizedWindowComesBackAsItWas()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        window->setWindowStates(Qt::WindowMinimized | Qt::WindowMaximized);
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QCOMPARE(window->windowStates(), Qt::WindowStates(Qt::WindowMaximized));
+    }
+
+    void historyHasASurfaceForItsToolbar()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QCOMPARE(window->grabWindow().pixelColor(10, 10), Theme::shared().color()->surface());
+        QCOMPARE(window->grabWindow().pixelColor(10, 300), Theme::shared().color()->background());
+    }
+
+    void panelOpensTheHistoryWindow()
+    {
+        m_scenes->openMenuBarPanel({});
+        emit m_scenes->menuBarPanel().windowRequested(u"history"_s);
+        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"history"_s)));
+        QTRY_VERIFY(!m_scenes->menuBarPanel().window().isVisible());
+    }
+
+    void clickOpensThePanel()
+    {
+        m_scenes->toggleMenuBarPanel({400, 0, 22, 22});
+        QVERIFY(m_scenes->menuBarPanel().window().isVisible());
+    }
+
+    void quitInThePanelIsPassedOn()
+    {
+        emit m_scenes->menuBarPanel().quitRequested();
+        QCOMPARE(m_quits, 1);
+    }
+
+    void appearanceIsTakenOverAndFollowed()
+    {
+        QCOMPARE(Theme::shared().color()->background(), QColor(0xFBF6EF));
+        m_appearance->setStyle(AppearanceStyle::Dark);
+        QCOMPARE(Theme::shared().color()->background(), QColor(0x1A1410));
+    }
+
+    void darkDesktopIsDarkFromTheFirstFrame()
+    {
+        m_scenes.reset();
+        m_appearance->setStyle(AppearanceStyle::Dark);
+        const QuickScenes scenes({.appearance = m_appearance.get()});
+        QCOMPARE(Theme::shared().color()->background(), QColor(0x1A1410));
+    }
+
+private:
+    int m_quits = 0;
+    std::unique_ptr<FakeAppearance> m_appearance;
+    std::unique_ptr<QuickScenes> m_scenes;
+};
+
+QTEST_MAIN(QuickScenesTests)
+#include "QuickScenesTests.moc"
