@@ -17,7 +17,8 @@ class PortalAppearance final : public Appearance
     Q_OBJECT
 
 public:
-    explicit PortalAppearance(const QDBusConnection &bus = QDBusConnection::sessionBus());
+    /// A bus that is not connected leaves the palette to decide.
+    explicit PortalAppearance(const QDBusConnection &bus);
 
     [[nodiscard]] AppearanceStyle style() const override;
 

@@ -1,17 +1,20 @@
 #include "Platform/SessionBus/SessionBus.h"
 
 #include <QFile>
-#include <sys/stat.h>
+#include <QProcessEnvironment>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
-namespace quorvel {
+namespace quorvel::SessionBus {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// The bus library looks for the same socket before it thinks of launching a bus.
+/// The bus library looks for exactly this socket before it thinks of launching a bus.
 bool isOwnSocket(const QString &path)
 {
     struct stat status = {};
@@ -19,23 +22,24 @@ bool isOwnSocket(const QString &path)
            status.st_uid == ::getuid();
 }
 
-bool sessionHasBus()
-{
-    if (!qEnvironmentVariableIsEmpty(addressVariable))
-        return true;
-    const QString runtimeDirectory = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return !runtimeDirectory.isEmpty() && isOwnSocket(runtimeDirectory + QStringLiteral("/bus"));
-}
-
 } // namespace
 
-QDBusConnection SessionBus::connection()
+bool isProvided(const QProcessEnvironment &environment)
+{
+    const QString address = environment.value(QLatin1StringView(addressVariable));
+    if (!address.isEmpty())
+        return !address.contains("autolaunch:"_L1);
+    const QString runtimeFolder = environment.value(u"XDG_RUNTIME_DIR"_s);
+    return !runtimeFolder.isEmpty() && isOwnSocket(runtimeFolder + u"/bus"_s);
+}
+
+QDBusConnection connection()
 {
     // Qt's own code asks for the bus as well: an address that cannot be connected to keeps all of
     // this process, and the programs it starts, from launching one.
-    if (!sessionHasBus())
+    if (!isProvided(QProcessEnvironment::systemEnvironment()))
         qputenv(addressVariable, "disabled:");
     return QDBusConnection::sessionBus();
 }
 
-} // namespace quorvel
+} // namespace quorvel::SessionBus

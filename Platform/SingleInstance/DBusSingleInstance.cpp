@@ -1,8 +1,8 @@
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 
 #include "Platform/ApplicationId.h"
+#include "Platform/SessionBus/SessionBus.h"
 #include "Platform/SingleInstance/ApplicationAdaptor.h"
-#include "Platform/SingleInstance/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -32,7 +32,7 @@ DBusSingleInstance::DBusSingleInstance(QProcessEnvironment environment,
 DBusSingleInstance::~DBusSingleInstance()
 {
     if (m_isOnBus) {
-        QDBusConnection bus = QDBusConnection::sessionBus();
+        QDBusConnection bus = SessionBus::connection();
         bus.unregisterService(applicationId);
         bus.unregisterObject(objectPath);
     }
@@ -40,11 +40,11 @@ DBusSingleInstance::~DBusSingleInstance()
 
 SingleInstance::Claim DBusSingleInstance::claim()
 {
-    if (!SessionBus::isProvided(m_environment) || !QDBusConnection::sessionBus().isConnected()) {
+    if (!SessionBus::isProvided(m_environment) || !SessionBus::connection().isConnected()) {
         return Claim::NoBus;
     }
     // Order: the object comes before the name. Once the name is ours, a second start may call.
-    QDBusConnection::sessionBus().registerObject(objectPath, this);
+    SessionBus::connection().registerObject(objectPath, this);
     m_isOnBus = true;
     return claimOnBus();
 }
@@ -71,7 +71,7 @@ DBusSingleInstance::Name DBusSingleInstance::requestName()
     // Whoever queues for a name becomes the one instance when the first ends, long after it gave
     // up.
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
-        QDBusConnection::sessionBus().interface()->registerService(
+        SessionBus::connection().interface()->registerService(
             applicationId, QDBusConnectionInterface::DontQueueService,
             QDBusConnectionInterface::DontAllowReplacement);
     if (!reply.isValid()) {
@@ -89,7 +89,7 @@ bool DBusSingleInstance::activateOwner() const
     message.setAutoStartService(false);
     message << ApplicationAdaptor::platformData(activation);
     const QDBusMessage reply =
-        QDBusConnection::sessionBus().call(message, QDBus::Block, int(m_limit.count()));
+        SessionBus::connection().call(message, QDBus::Block, int(m_limit.count()));
     return reply.type() == QDBusMessage::ReplyMessage;
 }
 

@@ -118,14 +118,14 @@ private slots:
         // The palette says the opposite, so that only the portal can have been believed.
         setPaletteWindow(style == AppearanceStyle::Dark ? Qt::white : Qt::black);
         FakePortal portal(scheme, answer);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QTRY_COMPARE(appearance.style(), style);
     }
 
     void changeIsFollowedLive()
     {
         FakePortal portal(2);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QSignalSpy changed(&appearance, &Appearance::styleChanged);
         QTRY_COMPARE(portal.reads, 1);
         portal.announce(appearanceKey, u"color-scheme"_s, 1U);
@@ -139,7 +139,7 @@ private slots:
     void otherSettingsAreIgnored()
     {
         FakePortal portal(2);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QSignalSpy changed(&appearance, &Appearance::styleChanged);
         QTRY_COMPARE(portal.reads, 1);
         portal.announce(appearanceKey, u"contrast"_s, 1U);
@@ -152,7 +152,7 @@ private slots:
     void sameStyleAgainIsNoChange()
     {
         FakePortal portal(2);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QSignalSpy changed(&appearance, &Appearance::styleChanged);
         QTRY_COMPARE(portal.reads, 1);
         portal.announce(appearanceKey, u"color-scheme"_s, 0U);
@@ -176,7 +176,7 @@ private slots:
     {
         QFETCH(QColor, window);
         QFETCH(AppearanceStyle, style);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         setPaletteWindow(window);
         QCOMPARE(appearance.style(), style);
     }
@@ -185,7 +185,7 @@ private slots:
     {
         setPaletteWindow(Qt::black);
         FakePortal portal(std::nullopt, FakePortal::Answer::Error);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QTRY_COMPARE(portal.reads, 1);
         QCOMPARE(appearance.style(), AppearanceStyle::Dark);
     }
@@ -193,7 +193,7 @@ private slots:
     void hungPortalHoldsNothingUp()
     {
         FakePortal portal(1, FakePortal::Answer::Never);
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         QCOMPARE(appearance.style(), AppearanceStyle::Light);
         QTRY_COMPARE(portal.reads, 1);
         portal.announce(appearanceKey, u"color-scheme"_s, 1U);
@@ -202,7 +202,7 @@ private slots:
 
     void portalThatComesLaterIsAsked()
     {
-        const PortalAppearance appearance;
+        const PortalAppearance appearance(QDBusConnection::sessionBus());
         FakePortal portal(1);
         QTRY_COMPARE(appearance.style(), AppearanceStyle::Dark);
     }

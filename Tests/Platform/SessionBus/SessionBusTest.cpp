@@ -1,4 +1,4 @@
-#include "Platform/SingleInstance/SessionBus.h"
+#include "Platform/SessionBus/SessionBus.h"
 
 #include <QFile>
 #include <QProcessEnvironment>

@@ -1,0 +1,59 @@
+#include "Quorvel/QuorvelApp.h"
+
+#include "Core/Support/LaunchAtLogin.h"
+#include "Platform/Appearance/PortalAppearance.h"
+#include "Platform/Errors/LocalizedError.h"
+#include "Platform/SessionBus/SessionBus.h"
+
+#include <QCoreApplication>
+
+namespace quorvel {
+
+QuorvelApp::QuorvelApp()
+    : m_label(m_statusItem)
+{
+    if (const auto &error = m_environment.setupError())
+        qWarning("quorvel: %s", qUtf8Printable(*error));
+    connect(&m_statusItem, &StatusItem::activated, this, &QuorvelApp::togglePanel);
+    connect(&m_statusItem, &StatusItem::openRequested, this, &QuorvelApp::openPanel);
+    connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+}
+
+QuorvelApp::~QuorvelApp() = default;
+
+void QuorvelApp::openPanel()
+{
+    withScenes([this](Scenes &scenes) { scenes.openMenuBarPanel(m_statusItem.geometry()); });
+}
+
+void QuorvelApp::togglePanel()
+{
+    withScenes([this](Scenes &scenes) { scenes.toggleMenuBarPanel(m_statusItem.geometry()); });
+}
+
+/// A program whose scenes cannot be shown says why and goes on: its store and icon still work.
+template <class Action>
+void QuorvelApp::withScenes(Action action)
+{
+    try {
+        action(scenes());
+    } catch (const LocalizedError &error) {
+        qCritical("quorvel: %s", error.what());
+    }
+}
+
+Scenes &QuorvelApp::scenes()
+{
+    if (!m_scenes) {
+        m_appearance = std::make_unique<PortalAppearance>(SessionBus::connection());
+        m_scenes = m_loader.makeScenes(
+            {.environment = &m_environment,
+             .appearance = m_appearance.get(),
+             .launchAtLogin = {.isEnabled = [] { return LaunchAtLogin::isEnabled(); },
+                               .setEnabled = [](bool on) { LaunchAtLogin::setEnabled(on); }},
+             .quit = &QCoreApplication::quit});
+    }
+    return *m_scenes;
+}
+
+} // namespace quorvel

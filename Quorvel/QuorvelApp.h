@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Core/DI/AppEnvironment.h"
+#include "Features/MenuBar/MenuBarLabel.h"
+#include "Platform/StatusItem/TrayStatusItem.h"
+#include "Quorvel/ScenesLoader.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+class Appearance;
+
+/// The program: its one environment, the icon, and the three scenes that open from it. The only
+/// place that picks live backends.
+class QuorvelApp final : public QObject
+{
+    Q_OBJECT
+
+public:
+    QuorvelApp();
+    ~QuorvelApp() override;
+
+    /// Shows the panel: a later start of the program, or a menu, asked for it.
+    void openPanel();
+
+private:
+    void togglePanel();
+    template <class Action>
+    void withScenes(Action action);
+    [[nodiscard]] Scenes &scenes();
+
+    // Order: the icon looks for its host while the store opens.
+    TrayStatusItem m_statusItem;
+    AppEnvironment m_environment;
+    MenuBarLabel m_label;
+    ScenesLoader m_loader;
+    std::unique_ptr<Appearance> m_appearance;
+    std::unique_ptr<Scenes> m_scenes;
+};
+
+} // namespace quorvel

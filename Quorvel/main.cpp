@@ -1,0 +1,88 @@
+#include "Platform/ApplicationId.h"
+#include "Platform/SingleInstance/DBusSingleInstance.h"
+#include "Platform/Termination/TerminationListener.h"
+#include "Quorvel/CommandLine.h"
+#include "Quorvel/QuorvelApp.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace quorvel {
+
+namespace {
+
+QStringList argumentsOf(int count, char **values)
+{
+    QStringList arguments;
+    for (int i = 1; i < count; ++i)
+        arguments.append(QString::fromLocal8Bit(values[i]));
+    return arguments;
+}
+
+void print(FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+int refuse(const char *sentence)
+{
+    std::fprintf(stderr, "quorvel: %s\n", sentence);
+    return EXIT_FAILURE;
+}
+
+/// Qt ends the process with a core dump where there is no display; a sentence is kinder.
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+int runAsPrimary(SingleInstance &instance)
+{
+    QApplication::setQuitOnLastWindowClosed(false);
+    const TerminationListener termination;
+    QObject::connect(&termination, &TerminationListener::terminationRequested, qApp,
+                     &QCoreApplication::quit);
+    QuorvelApp app;
+    QObject::connect(&instance, &SingleInstance::activated, &app, &QuorvelApp::openPanel);
+    return QCoreApplication::exec();
+}
+
+int run()
+{
+    DBusSingleInstance instance(QProcessEnvironment::systemEnvironment());
+    switch (instance.claim()) {
+    case SingleInstance::Claim::HandedOver:
+        return EXIT_SUCCESS;
+    case SingleInstance::Claim::Unreachable:
+        return refuse("it is running already, but does not answer.");
+    case SingleInstance::Claim::Primary:
+    case SingleInstance::Claim::NoBus:
+        break;
+    }
+    return runAsPrimary(instance);
+}
+
+} // namespace
+
+} // namespace quorvel
+
+int main(int argc, char **argv)
+{
+    const auto commandLine =
+        quorvel::CommandLine::parse(quorvel::argumentsOf(argc, argv));
+    quorvel::print(stdout, commandLine.output);
+    quorvel::print(stderr, commandLine.errors);
+    if (commandLine.exitStatus)
+        return *commandLine.exitStatus;
+    if (!quorvel::hasDisplay())
+        return quorvel::refuse("there is no display to show it on.");
+
+    QApplication::setApplicationName(QStringLiteral("quorvel"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quorvel"));
+    QApplication::setDesktopFileName(quorvel::applicationId);
+    const QApplication application(argc, argv);
+    return quorvel::run();
+}
