@@ -15,8 +15,7 @@ class ScenesModuleError final : public LocalizedError
 public:
     explicit ScenesModuleError(QString reason)
         : m_reason(std::move(reason))
-    {
-    }
+    {}
 
     [[nodiscard]] QString errorDescription() const override
     {
@@ -36,8 +35,7 @@ QString modulePath()
 
 ScenesLoader::ScenesLoader()
     : m_module(modulePath())
-{
-}
+{}
 
 std::unique_ptr<Scenes> ScenesLoader::makeScenes(SceneContext context)
 {

@@ -71,8 +71,7 @@ int run()
 
 int main(int argc, char **argv)
 {
-    const auto commandLine =
-        quorvel::CommandLine::parse(quorvel::argumentsOf(argc, argv));
+    const auto commandLine = quorvel::CommandLine::parse(quorvel::argumentsOf(argc, argv));
     quorvel::print(stdout, commandLine.output);
     quorvel::print(stderr, commandLine.errors);
     if (commandLine.exitStatus)

@@ -2,8 +2,8 @@
 
 #include <QFile>
 #include <QProcessEnvironment>
-
 #include <sys/stat.h>
+
 #include <unistd.h>
 
 namespace quorvel::SessionBus {

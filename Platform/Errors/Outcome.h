@@ -1,0 +1,49 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <utility>
+#include <variant>
+
+namespace quorvel {
+
+/// What a call that ends later ended in: its value, or the error that its facility throws. A call
+/// that only succeeds or fails has the value `std::monostate`.
+template <class Value>
+class Outcome
+{
+public:
+    [[nodiscard]] static Outcome success(Value value)
+    {
+        return Outcome(std::in_place_index<0>, std::move(value));
+    }
+    template <class Error>
+    [[nodiscard]] static Outcome failure(Error error)
+    {
+        return Outcome(std::in_place_index<1>, std::make_exception_ptr(std::move(error)));
+    }
+
+    [[nodiscard]] bool isSuccess() const { return m_result.index() == 0; }
+
+    /// The value, moved out; throws the error of a failure.
+    [[nodiscard]] Value take()
+    {
+        if (const auto *error = std::get_if<1>(&m_result))
+            std::rethrow_exception(*error);
+        return std::move(std::get<0>(m_result));
+    }
+
+private:
+    template <std::size_t index, class Content>
+    Outcome(std::in_place_index_t<index> place, Content content)
+        : m_result(place, std::move(content))
+    {}
+
+    std::variant<Value, std::exception_ptr> m_result;
+};
+
+/// Hears how a call ended: on the main thread, exactly once, never before the call returned.
+template <class Value>
+using Completion = std::function<void(Outcome<Value>)>;
+
+} // namespace quorvel
