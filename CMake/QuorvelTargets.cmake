@@ -19,6 +19,14 @@ if(QUORVEL_SANITIZERS)
   add_link_options(-fsanitize=${QUORVEL_SANITIZERS})
 endif()
 
+# What a test's environment adds in a sanitized build: a leak fails the test, too.
+set(QUORVEL_TEST_ENVIRONMENT)
+if(QUORVEL_SANITIZERS)
+  set(QUORVEL_TEST_ENVIRONMENT
+    ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1
+    UBSAN_OPTIONS=print_stacktrace=1)
+endif()
+
 find_program(CCACHE ccache)
 if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
@@ -47,7 +55,8 @@ function(quorvel_test name)
   file(MAKE_DIRECTORY ${home}/run)
   file(CHMOD ${home}/run PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
   set(environment QT_QPA_PLATFORM=offscreen HOME=${home} XDG_RUNTIME_DIR=${home}/run
-      XDG_DATA_HOME=${home}/data XDG_CONFIG_HOME=${home}/config XDG_CACHE_HOME=${home}/cache)
+      XDG_DATA_HOME=${home}/data XDG_CONFIG_HOME=${home}/config XDG_CACHE_HOME=${home}/cache
+      ${QUORVEL_TEST_ENVIRONMENT})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
@@ -63,6 +72,8 @@ function(quorvel_python_test name)
   endif()
   add_test(NAME ${name}
     COMMAND ${QUORVEL_PYTHON} -B ${CMAKE_CURRENT_SOURCE_DIR}/${arg_SCRIPT} ${arg_ARGUMENTS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}"
-    ENVIRONMENT "PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support;${arg_ENVIRONMENT}")
+  set(environment PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support
+      ${QUORVEL_TEST_ENVIRONMENT} ${arg_ENVIRONMENT})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()

@@ -21,6 +21,8 @@ DOUBLE_CLICK_SECONDS = 0.5
 SETTLED_SECONDS = 0.3
 RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
+LOWEST_DISPLAY = 100
+DISPLAYS = 50_000
 COMMAND_SECONDS = 10
 
 BUS_CONFIGURATION = """<busconfig>
@@ -63,6 +65,7 @@ class VirtualDesktop:
         self._services = services
         self._pictures = pictures or os.environ.get("QUORVEL_PICTURES")
         self._tray_height = 0
+        self._program = None
 
     def __enter__(self):
         self._temporary = tempfile.TemporaryDirectory(prefix="quorvel-desktop-")
@@ -93,7 +96,8 @@ class VirtualDesktop:
         return [PYTHON, str(script), *arguments]
 
     def start_program(self, path, *arguments, prefix=(), **environment):
-        return self.start("program", [*prefix, str(path), *arguments], environment)
+        self._program = self.start("program", [*prefix, str(path), *arguments], environment)
+        return self._program
 
     def run_program(self, path, *arguments):
         """A further start of the program, to its end; returns its status, None if it stays."""
@@ -174,6 +178,8 @@ class VirtualDesktop:
         """Returns the condition's first true value; fails with a picture when none comes."""
         deadline = time.monotonic() + seconds
         while not (value := condition()):
+            if self._program and self._program.status_within(0):
+                raise NotSeen(f"the program failed before: {what}{self._evidence(what)}")
             if time.monotonic() > deadline:
                 raise NotSeen(f"not within {seconds} s: {what}{self._evidence(what)}")
             time.sleep(POLL_SECONDS)
@@ -232,11 +238,14 @@ class VirtualDesktop:
 
     def _start_screen(self):
         width, height = self._size
-        number = self._start_announcing(
-            "screen", lambda end: ["Xvfb", "-displayfd", str(end), "-nolisten", "tcp"]
+        # A number of this process alone: a server that picks a free one may get the number of one
+        # that is just ending, and then loses its socket to that one's last act.
+        display = f":{LOWEST_DISPLAY + os.getpid() % DISPLAYS}"
+        self._start_announcing(
+            "screen", lambda end: ["Xvfb", display, "-displayfd", str(end), "-nolisten", "tcp"]
             + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],
         )
-        self.environment["DISPLAY"] = f":{number}"
+        self.environment["DISPLAY"] = display
         self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
 
     def _start_window_manager(self):
