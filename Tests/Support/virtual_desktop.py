@@ -21,8 +21,6 @@ DOUBLE_CLICK_SECONDS = 0.5
 SETTLED_SECONDS = 0.3
 RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
-LOWEST_DISPLAY = 100
-DISPLAYS = 50_000
 COMMAND_SECONDS = 10
 
 BUS_CONFIGURATION = """<busconfig>
@@ -238,14 +236,12 @@ class VirtualDesktop:
 
     def _start_screen(self):
         width, height = self._size
-        # A number of this process alone: a server that picks a free one may get the number of one
-        # that is just ending, and then loses its socket to that one's last act.
-        display = f":{LOWEST_DISPLAY + os.getpid() % DISPLAYS}"
-        self._start_announcing(
-            "screen", lambda end: ["Xvfb", display, "-displayfd", str(end), "-nolisten", "tcp"]
+        # Without -noreset the server starts over, refusing clients, whenever its last one leaves.
+        number = self._start_announcing(
+            "screen", lambda end: ["Xvfb", "-displayfd", str(end), "-noreset", "-nolisten", "tcp"]
             + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],
         )
-        self.environment["DISPLAY"] = display
+        self.environment["DISPLAY"] = f":{number}"
         self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
 
     def _start_window_manager(self):
