@@ -51,13 +51,12 @@ QString helpText()
 
 CommandLine answer(const QString &text)
 {
-    return {.output = text, .errors = {}, .exitStatus = EXIT_SUCCESS};
+    return {.output = text, .exitStatus = EXIT_SUCCESS};
 }
 
 CommandLine refusal(const QString &reason)
 {
-    return {.output = {},
-            .errors = u"quorvel: "_s + reason + u"\nTry “quorvel --help”.\n"_s,
+    return {.errors = u"quorvel: "_s + reason + u"\nTry “quorvel --help”.\n"_s,
             .exitStatus = usageError};
 }
 

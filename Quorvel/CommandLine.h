@@ -12,11 +12,11 @@ namespace quorvel {
 struct CommandLine
 {
     /// For standard output.
-    QString output;
+    QString output = {};
     /// For standard error.
-    QString errors;
+    QString errors = {};
     /// Nothing: the program is to run.
-    std::optional<int> exitStatus;
+    std::optional<int> exitStatus = {};
 
     /// Reads the arguments, without the program's name. The toolkit's own options pass in the forms
     /// that an application object takes out of its arguments.

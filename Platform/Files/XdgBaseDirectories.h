@@ -9,10 +9,10 @@ namespace quorvel {
 /// Where the desktop keeps a user's files, for the live backends that read or write there.
 struct XdgBaseDirectories
 {
-    QString dataHome;
-    QString configHome;
+    QString dataHome = {};
+    QString configHome = {};
     /// The machine's own configuration folders, the most important first; never the user's.
-    QStringList configDirs;
+    QStringList configDirs = {};
 
     /// Reads the variables of the environment. One that is unset, empty or holds a relative path
     /// counts as unset, as the base directory rules want. Does not touch the disk.

@@ -19,7 +19,7 @@ QStringList XdgFileManager::urls(UserDirectory directory) const
 
 QString XdgFileManager::url(UserDirectory directory, CreateIfMissing create) const
 {
-    const QString path = urls(directory).constFirst();
+    QString path = urls(directory).constFirst();
     if (create == CreateIfMissing::Yes) {
         Folders::create(path);
     }

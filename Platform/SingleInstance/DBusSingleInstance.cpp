@@ -20,10 +20,10 @@ const QString interfaceName = u"org.freedesktop.Application"_s;
 
 } // namespace
 
-DBusSingleInstance::DBusSingleInstance(QProcessEnvironment environment,
+DBusSingleInstance::DBusSingleInstance(const QProcessEnvironment &environment,
                                        std::chrono::milliseconds limit, QObject *parent)
     : SingleInstance(parent)
-    , m_environment(std::move(environment))
+    , m_environment(environment)
     , m_limit(limit)
 {
     new ApplicationAdaptor(this);

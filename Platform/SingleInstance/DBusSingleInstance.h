@@ -19,7 +19,7 @@ public:
     static constexpr std::chrono::seconds answerLimit{5};
 
     /// The environment is that of this start; needs an application object.
-    explicit DBusSingleInstance(QProcessEnvironment environment,
+    explicit DBusSingleInstance(const QProcessEnvironment &environment,
                                 std::chrono::milliseconds limit = answerLimit,
                                 QObject *parent = nullptr);
     ~DBusSingleInstance() override;

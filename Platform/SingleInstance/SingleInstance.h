@@ -9,9 +9,9 @@ namespace quorvel {
 struct Activation
 {
     /// Of the Wayland kind.
-    QString token;
+    QString token = {};
     /// Of the X11 kind.
-    QString startupId;
+    QString startupId = {};
 
     friend bool operator==(const Activation &, const Activation &) = default;
 };
