@@ -6,15 +6,13 @@
 
 #include <unistd.h>
 
-namespace quorvel::SessionBus {
+namespace quorvel {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// The bus library looks for exactly this socket before it thinks of launching a bus.
+/// The bus library looks for the same socket before it thinks of launching a bus.
 bool isOwnSocket(const QString &path)
 {
     struct stat status = {};
@@ -24,16 +22,16 @@ bool isOwnSocket(const QString &path)
 
 } // namespace
 
-bool isProvided(const QProcessEnvironment &environment)
+bool SessionBus::isProvided(const QProcessEnvironment &environment)
 {
-    const QString address = environment.value(QLatin1StringView(addressVariable));
+    const QString address = environment.value(QLatin1String(addressVariable));
     if (!address.isEmpty())
-        return !address.contains("autolaunch:"_L1);
-    const QString runtimeFolder = environment.value(u"XDG_RUNTIME_DIR"_s);
-    return !runtimeFolder.isEmpty() && isOwnSocket(runtimeFolder + u"/bus"_s);
+        return !address.contains(QStringLiteral("autolaunch:"));
+    const QString runtimeDirectory = environment.value(QStringLiteral("XDG_RUNTIME_DIR"));
+    return !runtimeDirectory.isEmpty() && isOwnSocket(runtimeDirectory + QStringLiteral("/bus"));
 }
 
-QDBusConnection connection()
+QDBusConnection SessionBus::connection()
 {
     // Qt's own code asks for the bus as well: an address that cannot be connected to keeps all of
     // this process, and the programs it starts, from launching one.
@@ -42,4 +40,4 @@ QDBusConnection connection()
     return QDBusConnection::sessionBus();
 }
 
-} // namespace quorvel::SessionBus
+} // namespace quorvel

@@ -4,15 +4,18 @@
 
 class QProcessEnvironment;
 
-/// The user's session bus, for whoever translates one of its services.
-namespace quorvel::SessionBus {
+namespace quorvel {
+
+/// The user's session bus, for whoever translates one of its services. Never starts one: left
+/// alone, the bus library launches a bus of its own that nobody else is on and that outlives the
+/// program.
+namespace SessionBus {
 
 /// Whether the session has a bus that is there already.
 [[nodiscard]] bool isProvided(const QProcessEnvironment &environment);
 
-/// The bus of this process, or a closed connection where the session has none. Never starts one:
-/// left alone, the bus library launches a bus of its own that nobody else uses and that outlives
-/// the program.
+/// The bus of this process; not connected where the session has none.
 [[nodiscard]] QDBusConnection connection();
 
-} // namespace quorvel::SessionBus
+} // namespace SessionBus
+} // namespace quorvel
