@@ -19,6 +19,16 @@ Owned<Reply> owned(Reply *reply)
     return {reply, &std::free};
 }
 
+/// The connection whose events Qt hands to event filters; null on another window system.
+xcb_connection_t *xcbConnection()
+{
+    // Platforms that only draw may own a connection too, but never look at its events.
+    if (QGuiApplication::platformName() != QStringLiteral("xcb"))
+        return nullptr;
+    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
 int screenNumber()
 {
     char *host = nullptr;
@@ -59,10 +69,9 @@ bool followEnd(xcb_connection_t *connection, xcb_window_t window)
 XEmbedManagerWatcher::XEmbedManagerWatcher(QObject *parent)
     : QObject(parent)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    m_connection = xcbConnection();
+    if (!m_connection)
         return;
-    m_connection = x11->connection();
     m_announcement = internAtom(m_connection, QByteArrayLiteral("MANAGER"));
     m_selection =
         internAtom(m_connection, "_NET_SYSTEM_TRAY_S" + QByteArray::number(screenNumber()));
