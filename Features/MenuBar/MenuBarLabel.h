@@ -21,9 +21,6 @@ public:
     /// Which of the two pictures shows.
     [[nodiscard]] bool enlarged() const { return m_enlarged; }
 
-    /// Beats as long as somebody can see it.
-    [[nodiscard]] const QTimer *ticker() const { return m_ticker; }
-
     /// The two pictures; each is drawn once, on first use, and shared from then on.
     [[nodiscard]] static const QIcon &normal();
     [[nodiscard]] static const QIcon &large();
@@ -35,7 +32,7 @@ private:
 
     StatusItem &m_item;
     bool m_enlarged = false;
-    QTimer *m_ticker;
+    QTimer *m_ticker; ///< The child "ticker"; it beats as long as somebody can see it.
 };
 
 } // namespace quorvel

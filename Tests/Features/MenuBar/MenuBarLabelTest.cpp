@@ -1,0 +1,146 @@
+#include "Features/MenuBar/MenuBarLabel.h"
+
+#include "Features/MenuBar/MenuBarIcon.h"
+#include "Platform/StatusItem/FakeStatusItem.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QSet>
+#include <QTest>
+#include <QTimerEvent>
+
+using namespace quorvel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QTimer *tickerOf(const MenuBarLabel &label)
+{
+    return label.findChild<QTimer *>(u"ticker"_s);
+}
+
+/// What the event loop does when the interval is over.
+void letElapse(QTimer *timer)
+{
+    QTimerEvent elapsed(timer->timerId());
+    QCoreApplication::sendEvent(timer, &elapsed);
+}
+
+QList<qint64> keysOf(const QList<QIcon> &icons)
+{
+    QList<qint64> keys;
+    for (const QIcon &icon : icons)
+        keys.append(icon.cacheKey());
+    return keys;
+}
+
+QImage pixelsOf(const QIcon &icon)
+{
+    return icon.pixmap(MenuBarIcon::sizePoints).toImage();
+}
+
+} // namespace
+
+class MenuBarLabelTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startsWithTheNormalPicture()
+    {
+        FakeStatusItem item;
+        const MenuBarLabel label(item);
+        QVERIFY(!label.enlarged());
+        QCOMPARE(keysOf(item.icons), QList<qint64>{MenuBarLabel::normal().cacheKey()});
+    }
+
+    void tickerBeatsEvery650MillisecondsFromTheStart()
+    {
+        FakeStatusItem item;
+        item.setShown(true);
+        const MenuBarLabel label(item);
+        QTimer *ticker = tickerOf(label);
+        QVERIFY(ticker->isActive());
+        QVERIFY(!ticker->isSingleShot());
+        QCOMPARE(ticker->interval(), 650);
+    }
+
+    void everyTickChangesThePicture()
+    {
+        FakeStatusItem item;
+        item.setShown(true);
+        const MenuBarLabel label(item);
+        const qint64 normal = MenuBarLabel::normal().cacheKey();
+        const qint64 large = MenuBarLabel::large().cacheKey();
+        for (const bool enlarged : {true, false, true}) {
+            letElapse(tickerOf(label));
+            QCOMPARE(label.enlarged(), enlarged);
+        }
+        QCOMPARE(keysOf(item.icons), QList<qint64>({normal, large, normal, large}));
+    }
+
+    void tickerRestsWhileNoHostShowsTheItem()
+    {
+        FakeStatusItem item;
+        const MenuBarLabel label(item);
+        QVERIFY(!tickerOf(label)->isActive());
+        item.setShown(true);
+        QVERIFY(tickerOf(label)->isActive());
+        item.setShown(false);
+        QVERIFY(!tickerOf(label)->isActive());
+    }
+
+    void restKeepsThePicture()
+    {
+        FakeStatusItem item;
+        item.setShown(true);
+        const MenuBarLabel label(item);
+        letElapse(tickerOf(label));
+        item.setShown(false);
+        item.setShown(true);
+        QVERIFY(label.enlarged());
+        letElapse(tickerOf(label));
+        QVERIFY(!label.enlarged());
+    }
+
+    void tickerEndsWithTheLabel()
+    {
+        FakeStatusItem item;
+        item.setShown(true);
+        auto label = std::make_unique<MenuBarLabel>(item);
+        const QPointer<QTimer> ticker = tickerOf(*label);
+        label.reset();
+        QVERIFY(!ticker);
+        item.setShown(false);
+        QCOMPARE(item.icons.size(), 1);
+    }
+
+    void picturesAreDrawnOnceForAllLabels()
+    {
+        FakeStatusItem one;
+        FakeStatusItem other;
+        for (FakeStatusItem *item : {&one, &other}) {
+            item->setShown(true);
+            const MenuBarLabel label(*item);
+            for (int tick = 0; tick < 5; ++tick)
+                letElapse(tickerOf(label));
+        }
+        const QList<qint64> keys = keysOf(one.icons + other.icons);
+        QCOMPARE(keys.size(), 12);
+        QCOMPARE(
+            QSet<qint64>(keys.begin(), keys.end()),
+            QSet<qint64>({MenuBarLabel::normal().cacheKey(), MenuBarLabel::large().cacheKey()}));
+    }
+
+    void picturesDifferInTheirDot()
+    {
+        QCOMPARE(pixelsOf(MenuBarLabel::normal()),
+                 MenuBarIcon::picture(MenuBarIcon::normalDotRadius, 1).toImage());
+        QCOMPARE(pixelsOf(MenuBarLabel::large()),
+                 MenuBarIcon::picture(MenuBarIcon::largeDotRadius, 1).toImage());
+        QVERIFY(pixelsOf(MenuBarLabel::normal()) != pixelsOf(MenuBarLabel::large()));
+    }
+};
+
+QTEST_MAIN(MenuBarLabelTest)
+#include "MenuBarLabelTest.moc"
