@@ -140,8 +140,8 @@ private slots:
     {
         const QImage normal = image(MenuBarIcon::normalDotRadius, 2);
         const QImage large = image(MenuBarIcon::largeDotRadius, 2);
-        QVERIFY(count(large, large.rect(), Palette::accent) >
-                count(normal, normal.rect(), Palette::accent) * 3 / 2);
+        QVERIFY(count(large, large.rect(), Palette::accent.rgb()) >
+                count(normal, normal.rect(), Palette::accent.rgb()) * 3 / 2);
     }
 
     void cupFillsItsPlaceAndNoMore()
