@@ -1,11 +1,11 @@
 #include "Platform/Termination/TerminationListener.h"
 
 #include <QSocketNotifier>
+#include <sys/eventfd.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <sys/eventfd.h>
 #include <unistd.h>
 
 namespace quorvel {

@@ -5,6 +5,7 @@
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Platform/Appearance/Appearance.h"
 
+#include <QHash>
 #include <QQuickWindow>
 
 using namespace Qt::StringLiterals;

@@ -2,10 +2,10 @@
 
 #include "Features/Scenes/Scenes.h"
 
-#include <QHash>
 #include <QObject>
 #include <QQmlEngine>
 
+#include <map>
 #include <memory>
 
 class QQuickWindow;
@@ -38,7 +38,7 @@ private:
     SceneContext m_context;
     QQmlEngine m_engine;
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;
-    QHash<QString, std::shared_ptr<QQuickWindow>> m_windows;
+    std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };
 
 } // namespace quorvel

@@ -1,48 +1,69 @@
-// Renders a view into a picture, to look at: quorvel_preview OUT.png [--dark] [--tabs N]
-// [SHEET.qml] Without a sheet it is the panel. QT_SCALE_FACTOR=2 gives the picture for a fine
-// screen.
+// Renders a view into a picture, to look at; QT_SCALE_FACTOR=2 gives the one for a fine screen:
+//   quorvel_preview [--dark] [--tabs N] [--hover X,Y] [--press X,Y] OUT.png [SHEET.qml]
+// Without a sheet it is the panel.
 #include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 
+#include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QImage>
 #include <QQmlEngine>
-#include <QQuickItem>
 #include <QQuickView>
 #include <QTest>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QPoint point(const QString &text)
+{
+    return {text.section(u',', 0, 0).toInt(), text.section(u',', 1, 1).toInt()};
+}
+
+void act(QQuickView &view, const QCommandLineParser &options)
+{
+    for (int i = 0; i < options.value(u"tabs"_s).toInt(); ++i) {
+        QTest::keyClick(&view, Qt::Key_Tab);
+    }
+    if (options.isSet(u"hover"_s)) {
+        QTest::mouseMove(&view, point(options.value(u"hover"_s)));
+    }
+    if (options.isSet(u"press"_s)) {
+        QTest::mousePress(&view, Qt::LeftButton, {}, point(options.value(u"press"_s)));
+    }
+}
+
+} // namespace
+
 int main(int argc, char **argv)
 {
     QGuiApplication application(argc, argv);
-    QStringList arguments = application.arguments().mid(1);
+    QCommandLineParser options;
+    options.addOptions({{u"dark"_s, u"on a dark desktop"_s},
+                        {u"tabs"_s, u"after so many tabs"_s, u"N"_s},
+                        {u"hover"_s, u"with the pointer there"_s, u"X,Y"_s},
+                        {u"press"_s, u"with the button down there"_s, u"X,Y"_s}});
+    options.process(application);
+    const QStringList files = options.positionalArguments();
+
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    if (arguments.removeAll(u"--dark"_s) > 0) {
+    if (options.isSet(u"dark"_s)) {
         Theme::shared().setStyle(AppearanceStyle::Dark);
-    }
-    qsizetype tabs = 0;
-    if (const auto at = arguments.indexOf(u"--tabs"_s); at >= 0) {
-        tabs = arguments.value(at + 1).toInt();
-        arguments.remove(at, 2);
     }
     QQmlEngine engine;
     MenuBarPanel panel(engine, {.isEnabled = [] { return true; }, .setEnabled = [](bool) {}});
     QQuickView sheet(&engine, nullptr);
-    QQuickView *view = &panel.window();
-    if (arguments.size() > 1) {
-        sheet.setSource(QUrl::fromLocalFile(arguments[1]));
-        view = &sheet;
-        view->show();
+    if (files.size() > 1) {
+        sheet.setSource(QUrl::fromLocalFile(files[1]));
+        sheet.show();
     } else {
         panel.open({});
     }
-    if (!QTest::qWaitForWindowActive(view)) {
+    QQuickView &view = files.size() > 1 ? sheet : panel.window();
+    if (!QTest::qWaitForWindowActive(&view)) {
         return 1;
     }
-    while (tabs-- > 0) {
-        QTest::keyClick(view, Qt::Key_Tab);
-    }
-    return view->grabWindow().save(arguments.value(0)) ? 0 : 1;
+    act(view, options);
+    return view.grabWindow().save(files.value(0)) ? 0 : 1;
 }

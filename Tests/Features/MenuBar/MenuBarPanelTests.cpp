@@ -152,6 +152,14 @@ private slots:
         QVERIFY(m_loginItem.asked.isEmpty());
     }
 
+    void knobIsInItsPlaceFromTheFirstFrame()
+    {
+        m_loginItem.enabled = true;
+        m_panel->open(anchor);
+        const QQuickItem *knob = QuickTest::find(loginToggle(), "radius", 7.0);
+        QCOMPARE(knob->x(), 16.0);
+    }
+
     void clickOpensBelowTheIcon()
     {
         m_panel->toggle(anchor);

@@ -134,6 +134,9 @@ private slots:
         portal.announce(appearanceKey, u"color-scheme"_s, 0U);
         QVERIFY(changed.wait());
         QCOMPARE(appearance.style(), AppearanceStyle::Light);
+        portal.announce(appearanceKey, u"color-scheme"_s, wrapped(1U));
+        QVERIFY(changed.wait());
+        QCOMPARE(appearance.style(), AppearanceStyle::Dark);
     }
 
     void otherSettingsAreIgnored()

@@ -2,9 +2,9 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <sys/wait.h>
 
 #include <csignal>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace quorvel::tests {
