@@ -25,11 +25,9 @@ constexpr QRect anchor(1200, 0, 22, 22);
 
 QWindow *panelWindow()
 {
-    for (QWindow *window : QGuiApplication::topLevelWindows()) {
-        if (window->title() == u"Quorvel"_s) {
+    for (QWindow *window : QGuiApplication::topLevelWindows())
+        if (window->title() == u"Quorvel"_s)
             return window;
-        }
-    }
     qFatal("The panel has no window");
 }
 
@@ -53,9 +51,8 @@ double millisecondsToFrame(const QElapsedTimer &sinceClick)
 double memory(const QByteArray &line)
 {
     QFile file(u"/proc/self/smaps_rollup"_s);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         qFatal("The kernel does not tell");
-    }
     const QByteArray all = file.readAll();
     const QByteArray rest = all.mid(all.indexOf('\n' + line + ':') + line.size() + 2).trimmed();
     return rest.left(rest.indexOf(' ')).toDouble() / 1024;
@@ -73,9 +70,8 @@ int main(int argc, char **argv)
     click.start();
     QPluginLoader loader(QStringLiteral(SCENES_MODULE));
     auto *plugin = qobject_cast<ScenesPlugin *>(loader.instance());
-    if (!plugin) {
+    if (!plugin)
         qFatal("%s", qUtf8Printable(loader.errorString()));
-    }
     const double loaded = double(click.nsecsElapsed()) / 1e6;
     FakeAppearance appearance;
     const auto scenes = plugin->makeScenes(

@@ -91,24 +91,19 @@ const ToolkitOption *toolkitOption(QStringView name)
 CommandLine CommandLine::parse(const QStringList &arguments)
 {
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        if (*argument == "--help"_L1 || *argument == "-h"_L1) {
+        if (*argument == "--help"_L1 || *argument == "-h"_L1)
             return answer(helpText());
-        }
-        if (*argument == "--version"_L1 || *argument == "-v"_L1) {
+        if (*argument == "--version"_L1 || *argument == "-v"_L1)
             return answer(u"Quorvel " QUORVEL_VERSION "\n"_s);
-        }
-        if (!isOption(*argument)) {
+        if (!isOption(*argument))
             return refusal(u"unexpected argument “%1”"_s.arg(*argument));
-        }
         const QStringView name = nameOf(*argument);
         const ToolkitOption *const option = toolkitOption(name);
-        if (!option) {
+        if (!option)
             return refusal(u"unknown option “%1”"_s.arg(*argument));
-        }
         const bool takesNext = option->value != ToolkitOption::Value::None && name == option->name;
-        if (takesNext && ++argument == arguments.end()) {
+        if (takesNext && ++argument == arguments.end())
             return refusal(u"option “%1” needs a value"_s.arg(arguments.constLast()));
-        }
     }
     return {};
 }

@@ -15,9 +15,8 @@ std::unique_ptr<QObject> ViewFactory::make(QQmlEngine &engine, const QString &mo
     // Asked first: Qt 6.4 crashes on creating a component that it could not load.
     std::unique_ptr<QObject> object(
         component.isReady() ? component.createWithInitialProperties(requiredProperties) : nullptr);
-    if (!object) {
+    if (!object)
         throw ViewError(component.errorString().trimmed());
-    }
     return object;
 }
 

@@ -13,9 +13,8 @@ CheckInPhotoStore::CheckInPhotoStore(const FileManager &fileManager)
 QUrl CheckInPhotoStore::directoryURL() const
 {
     const QStringList roots = m_fileManager->urls(UserDirectory::ApplicationSupport);
-    if (roots.isEmpty()) {
+    if (roots.isEmpty())
         qFatal("There is no Application Support folder for the photos to lie in");
-    }
     return QUrl::fromLocalFile(roots.constFirst() + u"/Quorvel/photos/"_s);
 }
 

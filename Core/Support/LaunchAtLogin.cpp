@@ -9,14 +9,12 @@ bool isEnabled(const LoginItem &item)
 
 void setEnabled(bool enabled, LoginItem &item)
 {
-    if (enabled == isEnabled(item)) {
+    if (enabled == isEnabled(item))
         return;
-    }
-    if (enabled) {
+    if (enabled)
         item.registerItem();
-    } else {
+    else
         item.unregisterItem();
-    }
 }
 
 } // namespace quorvel::LaunchAtLogin

@@ -18,9 +18,8 @@ namespace {
 QList<ScreenArea> screenAreas()
 {
     QList<ScreenArea> areas;
-    for (const QScreen *screen : QGuiApplication::screens()) {
+    for (const QScreen *screen : QGuiApplication::screens())
         areas.append({.geometry = screen->geometry(), .available = screen->availableGeometry()});
-    }
     return areas;
 }
 
@@ -46,14 +45,12 @@ MenuBarPanel::~MenuBarPanel() = default;
 
 void MenuBarPanel::toggle(const QRect &anchor)
 {
-    if (!m_guard.admitClick()) {
+    if (!m_guard.admitClick())
         return;
-    }
-    if (m_window->isVisible()) {
+    if (m_window->isVisible())
         close();
-    } else {
+    else
         open(anchor);
-    }
 }
 
 void MenuBarPanel::open(const QRect &anchor)
@@ -102,16 +99,14 @@ void MenuBarPanel::fitToView()
     m_window->setMinimumSize(size);
     m_window->setMaximumSize(size);
     m_window->resize(size);
-    if (m_window->isVisible()) {
+    if (m_window->isVisible())
         place();
-    }
 }
 
 void MenuBarPanel::focusNoControl()
 {
-    if (QQuickItem *focused = m_view->scopedFocusItem()) {
+    if (QQuickItem *focused = m_view->scopedFocusItem())
         focused->setFocus(false);
-    }
     m_view->forceActiveFocus();
 }
 

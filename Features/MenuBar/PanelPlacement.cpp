@@ -39,13 +39,11 @@ QPoint PanelPlacement::topLeft(QSize panel, const QRect &anchor, QPoint pointer,
 {
     for (const QRect &candidate : {anchor, QRect(pointer, QSize(1, 1))}) {
         const auto *screen = candidate.isEmpty() ? nullptr : screenAt(candidate.center(), screens);
-        if (screen) {
+        if (screen)
             return hungFrom(candidate, panel, screen->available);
-        }
     }
-    if (screens.isEmpty()) {
+    if (screens.isEmpty())
         return {};
-    }
     const QRect first = screens.first().available;
     return clampedInto(first, panel, {first.left() + first.width() - panel.width(), first.top()});
 }

@@ -5,9 +5,8 @@ namespace quorvel {
 bool PanelToggleGuard::admitClick()
 {
     const auto now = m_now();
-    if (m_last && now - *m_last < echoInterval) {
+    if (m_last && now - *m_last < echoInterval)
         return false;
-    }
     m_last = now;
     return true;
 }

@@ -24,8 +24,8 @@ struct SceneContext
 {
     AppEnvironment *environment = nullptr;
     Appearance *appearance = nullptr;
-    LaunchAtLoginSwitch launchAtLogin;
-    std::function<void()> quit;
+    LaunchAtLoginSwitch launchAtLogin = {};
+    std::function<void()> quit = {};
 };
 
 /// All that the program can show, by its entry's words. Each scene is built when it is first

@@ -31,9 +31,8 @@ constexpr int midLightness = 128;
 QVariant unwrapped(QVariant value)
 {
     // Portals wrap a setting once in a signal, and once or twice in a reply.
-    while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
-    }
     return value;
 }
 
@@ -64,9 +63,8 @@ void PortalAppearance::settingChanged(const QDBusMessage &message)
 {
     const QVariantList arguments = message.arguments();
     if (arguments.size() == 3 && arguments[0] == appearanceNamespace &&
-        arguments[1] == colorSchemeKey) {
+        arguments[1] == colorSchemeKey)
         adopt(arguments[2]);
-    }
 }
 
 void PortalAppearance::follow()
@@ -89,9 +87,8 @@ void PortalAppearance::read()
         call->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *call;
         // Silent: a desktop without this portal or setting is an ordinary one.
-        if (!reply.isError()) {
+        if (!reply.isError())
             adopt(reply.value().variant());
-        }
     });
 }
 
@@ -100,9 +97,8 @@ void PortalAppearance::adopt(const QVariant &colorScheme)
     const auto before = style();
     const bool dark = unwrapped(colorScheme).toUInt() == preferDark;
     m_portalStyle = dark ? AppearanceStyle::Dark : AppearanceStyle::Light;
-    if (style() != before) {
+    if (style() != before)
         emit styleChanged();
-    }
 }
 
 } // namespace quorvel

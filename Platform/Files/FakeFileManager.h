@@ -20,12 +20,10 @@ public:
 
     [[nodiscard]] QString url(UserDirectory, CreateIfMissing create) const override
     {
-        if (roots.isEmpty()) {
+        if (roots.isEmpty())
             qFatal("FakeFileManager: no root was scripted");
-        }
-        if (create == CreateIfMissing::Yes) {
+        if (create == CreateIfMissing::Yes)
             make(roots.constFirst(), createdRoots);
-        }
         return roots.constFirst();
     }
 
@@ -44,9 +42,8 @@ public:
 private:
     void make(const QString &path, QStringList &record) const
     {
-        if (const auto failure = failures.constFind(path); failure != failures.constEnd()) {
+        if (const auto failure = failures.constFind(path); failure != failures.constEnd())
             throw FileError(*failure);
-        }
         record.append(path);
     }
 };

@@ -30,16 +30,14 @@ void saveEntries(const QString &folder)
     }
     const auto closing = qScopeGuard([descriptor] { close(descriptor); });
     // Some network and union file systems know no such request, and say so with EINVAL.
-    if (fsync(descriptor) != 0 && errno != EINVAL) {
+    if (fsync(descriptor) != 0 && errno != EINVAL)
         throw FileError(FileError::Operation::SaveFolder, folder, errno);
-    }
 }
 
 void setMode(const QString &path, mode_t mode)
 {
-    if (chmod(QFile::encodeName(path).constData(), mode) != 0) {
+    if (chmod(QFile::encodeName(path).constData(), mode) != 0)
         throw FileError(FileError::Operation::CloseFolder, path, errno);
-    }
 }
 
 /// Makes one folder below an existing one. False when that parent is missing.
@@ -52,12 +50,10 @@ bool makeFolder(const QString &path)
         return true;
     }
     const int code = errno;
-    if (code == ENOENT) {
+    if (code == ENOENT)
         return false;
-    }
-    if (code != EEXIST || !QFileInfo(path).isDir()) {
+    if (code != EEXIST || !QFileInfo(path).isDir())
         throw FileError(FileError::Operation::CreateFolder, path, code);
-    }
     return true;
 }
 
@@ -65,34 +61,29 @@ bool makeFolder(const QString &path)
 /// refuse even the question.
 void makeFolders(const QString &path)
 {
-    if (makeFolder(path)) {
+    if (makeFolder(path))
         return;
-    }
     makeFolders(QFileInfo(path).path());
-    if (!makeFolder(path)) {
+    if (!makeFolder(path))
         throw FileError(FileError::Operation::CreateFolder, path, ENOENT);
-    }
 }
 
 } // namespace
 
 void create(const QString &path)
 {
-    if (!QDir::isAbsolutePath(path)) {
+    if (!QDir::isAbsolutePath(path))
         throw FileError(FileError::Operation::CreateFolder, path, EINVAL);
-    }
     makeFolders(QDir::cleanPath(path));
 }
 
 void closeToOthers(const QString &path)
 {
     struct stat folder = {};
-    if (stat(QFile::encodeName(path).constData(), &folder) != 0) {
+    if (stat(QFile::encodeName(path).constData(), &folder) != 0)
         throw FileError(FileError::Operation::CloseFolder, path, errno);
-    }
-    if (folder.st_uid == geteuid() && (folder.st_mode & groupAndOthers) != 0) {
+    if (folder.st_uid == geteuid() && (folder.st_mode & groupAndOthers) != 0)
         setMode(path, ownerOnly);
-    }
 }
 
 } // namespace quorvel::Folders

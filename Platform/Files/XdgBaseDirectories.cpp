@@ -41,11 +41,9 @@ QStringList machineConfigDirs(const QProcessEnvironment &environment)
 {
     QStringList folders;
     const QString variable = environment.value(u"XDG_CONFIG_DIRS"_s);
-    for (const QString &path : variable.split(u':', Qt::SkipEmptyParts)) {
-        if (QDir::isAbsolutePath(path)) {
+    for (const QString &path : variable.split(u':', Qt::SkipEmptyParts))
+        if (QDir::isAbsolutePath(path))
             folders.append(QDir::cleanPath(path));
-        }
-    }
     return folders.isEmpty() ? QStringList{u"/etc/xdg"_s} : folders;
 }
 

@@ -20,9 +20,8 @@ QStringList XdgFileManager::urls(UserDirectory directory) const
 QString XdgFileManager::url(UserDirectory directory, CreateIfMissing create) const
 {
     QString path = urls(directory).constFirst();
-    if (create == CreateIfMissing::Yes) {
+    if (create == CreateIfMissing::Yes)
         Folders::create(path);
-    }
     return path;
 }
 

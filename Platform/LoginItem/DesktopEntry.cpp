@@ -52,12 +52,10 @@ std::optional<QString> quotedText(QStringView text)
 {
     QString result;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'"') {
+        if (text[i] == u'"')
             return result;
-        }
-        if (text[i] == u'\\' && i + 1 < text.size()) {
+        if (text[i] == u'\\' && i + 1 < text.size())
             ++i;
-        }
         result += text[i];
     }
     return std::nullopt;
@@ -74,9 +72,8 @@ std::optional<Values> values(const QByteArray &text)
         const QStringView line = rawLine.trimmed();
         if (line.startsWith(u'[')) {
             isInMainGroup = line == mainGroup;
-            if (isInMainGroup && !result) {
+            if (isInMainGroup && !result)
                 result.emplace();
-            }
             continue;
         }
         const qsizetype equals = line.indexOf(u'=');
@@ -91,9 +88,8 @@ std::optional<Values> values(const QByteArray &text)
 QByteArray text(const QList<std::pair<QString, QString>> &values)
 {
     QString result = mainGroup + u'\n';
-    for (const auto &[key, value] : values) {
+    for (const auto &[key, value] : values)
         result += key + u'=' + escaped(value) + u'\n';
-    }
     return result.toUtf8();
 }
 
@@ -101,9 +97,8 @@ QString quoted(const QString &argument)
 {
     QString result;
     for (const QChar character : argument) {
-        if (u"\"`$\\"_s.contains(character)) {
+        if (u"\"`$\\"_s.contains(character))
             result += u'\\';
-        }
         result += character;
     }
     return u'"' + result.replace(u'%', u"%%"_s) + u'"';
@@ -114,9 +109,8 @@ std::optional<QString> program(const QString &commandLine)
     const QString line = commandLine.trimmed();
     auto result = line.startsWith(u'"') ? quotedText(QStringView(line).sliced(1))
                                         : std::optional(line.section(u' ', 0, 0));
-    if (!result || result->isEmpty()) {
+    if (!result || result->isEmpty())
         return std::nullopt;
-    }
     return result->replace(u"%%"_s, u"%"_s);
 }
 

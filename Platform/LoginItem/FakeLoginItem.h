@@ -35,9 +35,8 @@ public:
 private:
     void answer(Status status)
     {
-        if (failure) {
+        if (failure)
             throw LoginItemError(*failure);
-        }
         scriptedStatus = status;
     }
 };

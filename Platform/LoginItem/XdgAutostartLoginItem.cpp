@@ -58,17 +58,15 @@ void write(const QString &file, const QByteArray &text, LoginItemError::Operatio
     // Order: commit alone does not notice that the last bytes found no room, and would leave an
     // empty file.
     if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() ||
-        !target.flush() || !target.commit()) {
+        !target.flush() || !target.commit())
         throw LoginItemError(operation, target.errorString());
-    }
 }
 
 void remove(const QString &file)
 {
     QFile target(file);
-    if (target.exists() && !target.remove()) {
+    if (target.exists() && !target.remove())
         throw LoginItemError(LoginItemError::Operation::Unregister, target.errorString());
-    }
 }
 
 } // namespace
@@ -129,15 +127,12 @@ LoginItem::Status XdgAutostartLoginItem::statusOf(const QString &file) const
     QFile source(file);
     const auto entry =
         source.open(QIODevice::ReadOnly) ? DesktopEntry::values(source.readAll()) : std::nullopt;
-    if (!entry) {
+    if (!entry)
         return Status::NotFound;
-    }
-    if (isSwitchedOff(*entry)) {
+    if (isSwitchedOff(*entry))
         return Status::RequiresApproval;
-    }
-    if (entry->contains(u"TryExec"_s) && resolved(entry->value(u"TryExec"_s)).isEmpty()) {
+    if (entry->contains(u"TryExec"_s) && resolved(entry->value(u"TryExec"_s)).isEmpty())
         return Status::NotFound;
-    }
     const auto program = DesktopEntry::program(entry->value(u"Exec"_s));
     const QString target = program ? resolved(*program) : QString();
     const bool isOurs = !target.isEmpty() && target == resolved(m_executable);

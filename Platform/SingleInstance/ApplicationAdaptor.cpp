@@ -27,12 +27,10 @@ ApplicationAdaptor::ApplicationAdaptor(SingleInstance *instance)
 QVariantMap ApplicationAdaptor::platformData(const Activation &activation)
 {
     QVariantMap data;
-    if (!activation.token.isEmpty()) {
+    if (!activation.token.isEmpty())
         data.insert(tokenKey, activation.token);
-    }
-    if (!activation.startupId.isEmpty()) {
+    if (!activation.startupId.isEmpty())
         data.insert(startupIdKey, activation.startupId);
-    }
     return data;
 }
 

@@ -40,9 +40,8 @@ DBusSingleInstance::~DBusSingleInstance()
 
 SingleInstance::Claim DBusSingleInstance::claim()
 {
-    if (!SessionBus::isProvided(m_environment) || !SessionBus::connection().isConnected()) {
+    if (!SessionBus::isProvided(m_environment) || !SessionBus::connection().isConnected())
         return Claim::NoBus;
-    }
     // Order: the object comes before the name. Once the name is ours, a second start may call.
     SessionBus::connection().registerObject(objectPath, this);
     m_isOnBus = true;
@@ -59,9 +58,8 @@ SingleInstance::Claim DBusSingleInstance::claimOnBus()
     case Name::SomebodyElses:
         break;
     }
-    if (activateOwner()) {
+    if (activateOwner())
         return Claim::HandedOver;
-    }
     // The owner may have ended while we asked it.
     return requestName() == Name::Ours ? Claim::Primary : Claim::Unreachable;
 }
@@ -74,9 +72,8 @@ DBusSingleInstance::Name DBusSingleInstance::requestName()
         SessionBus::connection().interface()->registerService(
             applicationId, QDBusConnectionInterface::DontQueueService,
             QDBusConnectionInterface::DontAllowReplacement);
-    if (!reply.isValid()) {
+    if (!reply.isValid())
         return Name::Unknown;
-    }
     return reply == QDBusConnectionInterface::ServiceRegistered ? Name::Ours : Name::SomebodyElses;
 }
 

@@ -35,9 +35,8 @@ QuickScenes::QuickScenes(SceneContext context)
 {
     // Order: before the first window. Flat shapes and text need no graphics processor, and a
     // context on one would more than double the memory of the whole program.
-    if (QQuickWindow::sceneGraphBackend() != "software"_L1) {
+    if (QQuickWindow::sceneGraphBackend() != "software"_L1)
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    }
     followAppearance();
 }
 
@@ -56,9 +55,8 @@ void QuickScenes::openMenuBarPanel(const QRect &anchor)
 bool QuickScenes::openWindow(const QString &identifier)
 {
     QQuickWindow *opened = window(identifier);
-    if (!opened) {
+    if (!opened)
         return false;
-    }
     opened->setWindowStates(opened->windowStates() & ~Qt::WindowMinimized);
     opened->setVisible(true);
     opened->raise();
@@ -79,9 +77,8 @@ MenuBarPanel &QuickScenes::menuBarPanel()
 
 QQuickWindow *QuickScenes::window(const QString &identifier)
 {
-    if (!windowViews().contains(identifier)) {
+    if (!windowViews().contains(identifier))
         return nullptr;
-    }
     auto &window = m_windows[identifier];
     if (!window) {
         const auto [module, view] = windowViews().value(identifier);

@@ -17,13 +17,11 @@ const CommandLine run{};
 int leftOver(const QStringList &arguments)
 {
     std::list<QByteArray> storage{"quorvel"};
-    for (const QString &argument : arguments) {
+    for (const QString &argument : arguments)
         storage.push_back(argument.toLocal8Bit());
-    }
     std::vector<char *> pointers;
-    for (QByteArray &argument : storage) {
+    for (QByteArray &argument : storage)
         pointers.push_back(argument.data());
-    }
     int count = int(pointers.size());
     pointers.push_back(nullptr);
     const QApplication application(count, pointers.data());
@@ -67,12 +65,10 @@ private slots:
         QCOMPARE(line.exitStatus, 0);
         QCOMPARE(line.errors, QString());
         QVERIFY(line.output.startsWith(u"Usage: quorvel [option]\n"_s));
-        for (const QString &option : {u"-h, --help "_s, u"-v, --version "_s}) {
+        for (const QString &option : {u"-h, --help "_s, u"-v, --version "_s})
             QVERIFY(line.output.contains(option));
-        }
-        for (const QString &text : line.output.split(u'\n')) {
+        for (const QString &text : line.output.split(u'\n'))
             QVERIFY2(text.size() <= 80, qPrintable(text));
-        }
     }
 
     void whatIsNotUnderstoodIsRefused_data()

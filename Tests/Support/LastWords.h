@@ -30,9 +30,8 @@ inline void passOn(QtMsgType, const QMessageLogContext &, const QString &message
 inline std::optional<QByteArray> lastWords(const std::function<void()> &act)
 {
     int ends[2] = {-1, -1};
-    if (pipe(ends) != 0) {
+    if (pipe(ends) != 0)
         return std::nullopt;
-    }
     const pid_t child = fork();
     if (child == 0) {
         std::signal(SIGABRT, SIG_DFL);
@@ -46,9 +45,8 @@ inline std::optional<QByteArray> lastWords(const std::function<void()> &act)
 
     QByteArray words;
     char buffer[256];
-    for (ssize_t count = 0; (count = read(ends[0], buffer, sizeof buffer)) > 0;) {
+    for (ssize_t count = 0; (count = read(ends[0], buffer, sizeof buffer)) > 0;)
         words.append(buffer, count);
-    }
     int status = 0;
     const bool aborted = child > 0 && waitpid(child, &status, 0) == child && WIFSIGNALED(status) &&
                          WTERMSIG(status) == SIGABRT;

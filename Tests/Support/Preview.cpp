@@ -23,15 +23,12 @@ QPoint point(const QString &text)
 
 void act(QQuickView &view, const QCommandLineParser &options)
 {
-    for (int i = 0; i < options.value(u"tabs"_s).toInt(); ++i) {
+    for (int i = 0; i < options.value(u"tabs"_s).toInt(); ++i)
         QTest::keyClick(&view, Qt::Key_Tab);
-    }
-    if (options.isSet(u"hover"_s)) {
+    if (options.isSet(u"hover"_s))
         QTest::mouseMove(&view, point(options.value(u"hover"_s)));
-    }
-    if (options.isSet(u"press"_s)) {
+    if (options.isSet(u"press"_s))
         QTest::mousePress(&view, Qt::LeftButton, {}, point(options.value(u"press"_s)));
-    }
 }
 
 } // namespace
@@ -48,9 +45,8 @@ int main(int argc, char **argv)
     const QStringList files = options.positionalArguments();
 
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-    if (options.isSet(u"dark"_s)) {
+    if (options.isSet(u"dark"_s))
         Theme::shared().setStyle(AppearanceStyle::Dark);
-    }
     QQmlEngine engine;
     MenuBarPanel panel(engine, {.isEnabled = [] { return true; }, .setEnabled = [](bool) {}});
     QQuickView sheet(&engine, nullptr);
@@ -61,9 +57,8 @@ int main(int argc, char **argv)
         panel.open({});
     }
     QQuickView &view = files.size() > 1 ? sheet : panel.window();
-    if (!QTest::qWaitForWindowActive(&view)) {
+    if (!QTest::qWaitForWindowActive(&view))
         return 1;
-    }
     act(view, options);
     return view.grabWindow().save(files.value(0)) ? 0 : 1;
 }

@@ -16,9 +16,8 @@ inline bool enterPrivateMounts()
 {
     const uid_t user = getuid();
     const gid_t group = getgid();
-    if (unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0) {
+    if (unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0)
         return false;
-    }
     const auto write = [](const char *file, const QByteArray &text) {
         QFile target(QFile::decodeName(file));
         return target.open(QIODevice::WriteOnly) && target.write(text) == text.size();

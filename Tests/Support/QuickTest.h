@@ -20,20 +20,17 @@ inline void failOnWarnings()
 inline QList<QQuickItem *> itemsUnder(QQuickItem *item)
 {
     QList<QQuickItem *> items{item};
-    for (QQuickItem *child : item->childItems()) {
+    for (QQuickItem *child : item->childItems())
         items += itemsUnder(child);
-    }
     return items;
 }
 
 /// The first item whose `property` is `value`, or null.
 inline QQuickItem *find(QQuickItem *root, const char *property, const QVariant &value)
 {
-    for (QQuickItem *item : itemsUnder(root)) {
-        if (item->property(property) == value) {
+    for (QQuickItem *item : itemsUnder(root))
+        if (item->property(property) == value)
             return item;
-        }
-    }
     return nullptr;
 }
 

@@ -25,10 +25,9 @@ constexpr int startTimeoutMilliseconds = 20'000;
 QSet<QUuid> idsIn(const QByteArray &report)
 {
     QSet<QUuid> ids;
-    for (const QByteArray &line : report.split('\n')) {
+    for (const QByteArray &line : report.split('\n'))
         if (const QUuid id = QUuid::fromString(QLatin1StringView(line)); !id.isNull())
             ids.insert(id);
-    }
     return ids;
 }
 

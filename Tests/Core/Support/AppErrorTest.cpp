@@ -91,11 +91,9 @@ private slots:
             AppError::decoding(u"a"_s),       AppError::decoding(u"b"_s),
             AppError::network(QString()),     AppError::locationDenied(),
             AppError::noCafeFound()};
-        for (qsizetype i = 0; i < errors.size(); ++i) {
-            for (qsizetype j = 0; j < errors.size(); ++j) {
+        for (qsizetype i = 0; i < errors.size(); ++i)
+            for (qsizetype j = 0; j < errors.size(); ++j)
                 QCOMPARE(errors[i] == make(errors[j].kind(), errors[j].message()), i == j);
-            }
-        }
     }
 
     void aThrownErrorIsCaughtAsWhatItIs()

@@ -13,9 +13,8 @@ namespace {
 QProcessEnvironment environment(std::initializer_list<std::pair<QString, QString>> variables)
 {
     QProcessEnvironment result;
-    for (const auto &[name, value] : variables) {
+    for (const auto &[name, value] : variables)
         result.insert(name, value);
-    }
     return result;
 }
 
@@ -85,9 +84,8 @@ private slots:
     void withoutAnAbsoluteHomeTheAccountsOwnIsUsed()
     {
         const passwd *const account = getpwuid(getuid());
-        if (!account) {
+        if (!account)
             QSKIP("this user has no account");
-        }
         QFETCH(const QProcessEnvironment, variables);
         QCOMPARE(XdgBaseDirectories::of(variables).dataHome,
                  QFile::decodeName(account->pw_dir) + u"/.local/share"_s);

@@ -111,9 +111,8 @@ private slots:
         manager().createPrivateDirectory(dataHome() + u"/Quorvel"_s);
         for (const QString &path :
              {m_folder->filePath(u"home"_s), m_folder->filePath(u"home/.local"_s), dataHome(),
-              dataHome() + u"/Quorvel"_s}) {
+              dataHome() + u"/Quorvel"_s})
             QCOMPARE(modeOf(path), mode_t(0700));
-        }
     }
 
     void aWiderFolderIsClosed_data()
@@ -145,9 +144,8 @@ private slots:
         QVERIFY(QDir().mkdir(path));
         setMode(path, 0755);
         const uid_t somebodyElse = geteuid() + 1;
-        if (chown(QFile::encodeName(path).constData(), somebodyElse, gid_t(-1)) != 0) {
+        if (chown(QFile::encodeName(path).constData(), somebodyElse, gid_t(-1)) != 0)
             QSKIP("only root can give a folder away");
-        }
         manager().createPrivateDirectory(path);
         QCOMPARE(modeOf(path), mode_t(0755));
     }
@@ -231,9 +229,8 @@ private slots:
 
     void aReadOnlyParentIsAnErrorInTheSystemsWords()
     {
-        if (!hasPrivateMounts) {
+        if (!hasPrivateMounts)
             QSKIP("the kernel allows this user no private mounts");
-        }
         const QByteArray parent = QFile::encodeName(m_folder->path());
         QCOMPARE(mount("tmpfs", parent.constData(), "tmpfs", MS_RDONLY, nullptr), 0);
         const auto unmount = qScopeGuard([&parent] { umount(parent.constData()); });
@@ -247,9 +244,8 @@ private slots:
 
     void aWideFolderThatCannotBeClosedIsAnError()
     {
-        if (!hasPrivateMounts) {
+        if (!hasPrivateMounts)
             QSKIP("the kernel allows this user no private mounts");
-        }
         const QByteArray path = QFile::encodeName(m_folder->path());
         QCOMPARE(mount("tmpfs", path.constData(), "tmpfs", MS_RDONLY, "mode=755"), 0);
         const auto unmount = qScopeGuard([&path] { umount(path.constData()); });

@@ -66,9 +66,8 @@ private slots:
     {
         item().registerItem();
         const auto others = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-        for (const QString &folder : {u"config"_s, u"config/autostart"_s}) {
+        for (const QString &folder : {u"config"_s, u"config/autostart"_s})
             QVERIFY(!(QFile::permissions(m_folder->filePath(folder)) & others));
-        }
     }
 
     void registeringAgainTakesBackWhatTheUserSwitchedOff()
@@ -237,9 +236,8 @@ private slots:
 
     void aFullDiskLeavesTheOldEntryWhole()
     {
-        if (!hasPrivateMounts) {
+        if (!hasPrivateMounts)
             QSKIP("the kernel allows this user no private mounts");
-        }
         QVERIFY(QDir().mkpath(m_folder->filePath(u"config"_s)));
         const QByteArray config = QFile::encodeName(m_folder->filePath(u"config"_s));
         QCOMPARE(mount("tmpfs", config.constData(), "tmpfs", 0, "size=8k"), 0);
@@ -260,9 +258,8 @@ private slots:
 
     void aFileThatCannotBeDeletedIsAnError()
     {
-        if (!hasPrivateMounts) {
+        if (!hasPrivateMounts)
             QSKIP("the kernel allows this user no private mounts");
-        }
         item().registerItem();
         const QByteArray folder = QFile::encodeName(m_folder->filePath(u"config"_s));
         QCOMPARE(mount(folder.constData(), folder.constData(), nullptr, MS_BIND, nullptr), 0);
@@ -293,9 +290,8 @@ private slots:
 
     void theSystemsOwnStarterTakesTheEntry()
     {
-        if (!QFile::exists(generator)) {
+        if (!QFile::exists(generator))
             QSKIP("this machine starts no programs at login through systemd");
-        }
         QFETCH(const QString, name);
         QFETCH(const QByteArray, start);
         const QString program = m_folder->filePath(u"bin/"_s + name);
@@ -309,9 +305,8 @@ private slots:
 
     void theSystemsOwnStarterLeavesOutAnUnregisteredProgram()
     {
-        if (!QFile::exists(generator)) {
+        if (!QFile::exists(generator))
             QSKIP("this machine starts no programs at login through systemd");
-        }
         write(machineFile(u"xdg1"_s), entry({}));
         QVERIFY(!generatedStart().isEmpty());
         item().unregisterItem();
@@ -368,9 +363,8 @@ private:
         environment.insert(u"XDG_CONFIG_DIRS"_s, directories().configDirs.join(u':'));
         process.setProcessEnvironment(environment);
         process.start(generator, {units.path(), units.path(), units.path()});
-        if (!process.waitForFinished() || process.exitCode() != 0) {
+        if (!process.waitForFinished() || process.exitCode() != 0)
             return "the generator failed";
-        }
         const QByteArray unit = read(units.filePath(u"app-com.zantho.quorvel@autostart.service"_s));
         const qsizetype begin = unit.indexOf("ExecStart=");
         return begin < 0 ? QByteArray() : unit.mid(begin, unit.indexOf('\n', begin) - begin);

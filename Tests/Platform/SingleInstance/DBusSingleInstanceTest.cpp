@@ -52,9 +52,8 @@ QByteArray nextLine(QProcess &peer)
 QByteArray outcomeOf(QProcess &peer)
 {
     QSignalSpy finished(&peer, &QProcess::finished);
-    if (peer.state() != QProcess::NotRunning && !finished.wait(20'000)) {
+    if (peer.state() != QProcess::NotRunning && !finished.wait(20'000))
         return "still running";
-    }
     return peer.readAll().trimmed();
 }
 
@@ -229,9 +228,8 @@ private slots:
         QCOMPARE(own.count(u"<signal "_s), 0);
         QStringList types;
         static const QRegularExpression argument(u"<arg [^>]*type=\"([^\"]+)\""_s);
-        for (const auto &match : argument.globalMatch(own)) {
+        for (const auto &match : argument.globalMatch(own))
             types.append(match.captured(1));
-        }
         QCOMPARE(types.join(u' '), u"a{sv} as a{sv} s av a{sv}"_s);
     }
 

@@ -43,9 +43,8 @@ int main(int argc, char *argv[])
 
     const SingleInstance::Claim claim = instance.claim();
     say(nameOf(claim));
-    if (claim != SingleInstance::Claim::Primary) {
+    if (claim != SingleInstance::Claim::Primary)
         return 0;
-    }
     const QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &application, &QCoreApplication::quit);
     return QCoreApplication::exec();

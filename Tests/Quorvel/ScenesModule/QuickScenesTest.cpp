@@ -9,7 +9,7 @@
 using namespace quorvel;
 using namespace Qt::StringLiterals;
 
-class QuickScenesTests final : public QObject
+class QuickScenesTest final : public QObject
 {
     Q_OBJECT
 
@@ -61,9 +61,8 @@ private slots:
 
     void unknownIdentifierIsRefused()
     {
-        for (const auto &identifier : {u"probe"_s, u"History"_s, u""_s}) {
+        for (const auto &identifier : {u"probe"_s, u"History"_s, u""_s})
             QVERIFY(!m_scenes->openWindow(identifier));
-        }
         QVERIFY(QGuiApplication::topLevelWindows().isEmpty());
     }
 
@@ -148,5 +147,5 @@ private:
     std::unique_ptr<QuickScenes> m_scenes;
 };
 
-QTEST_MAIN(QuickScenesTests)
-#include "QuickScenesTests.moc"
+QTEST_MAIN(QuickScenesTest)
+#include "QuickScenesTest.moc"

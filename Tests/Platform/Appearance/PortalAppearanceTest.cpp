@@ -90,7 +90,7 @@ void setPaletteWindow(const QColor &color)
 
 } // namespace
 
-class PortalAppearanceTests final : public QObject
+class PortalAppearanceTest final : public QObject
 {
     Q_OBJECT
 
@@ -218,5 +218,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(PortalAppearanceTests)
-#include "PortalAppearanceTests.moc"
+QTEST_MAIN(PortalAppearanceTest)
+#include "PortalAppearanceTest.moc"

@@ -20,7 +20,7 @@ using Happenings = QList<Happening>;
 
 } // namespace
 
-class PanelToggleGuardTests final : public QObject
+class PanelToggleGuardTest final : public QObject
 {
     Q_OBJECT
 
@@ -60,11 +60,10 @@ private slots:
         QList<bool> answers;
         for (const auto &[at, event] : happenings) {
             now = start + at;
-            if (event == Event::Click) {
+            if (event == Event::Click)
                 answers << guard.admitClick();
-            } else {
+            else
                 guard.noteFocusLoss();
-            }
         }
         QCOMPARE(answers, admitted);
     }
@@ -83,5 +82,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(PanelToggleGuardTests)
-#include "PanelToggleGuardTests.moc"
+QTEST_APPLESS_MAIN(PanelToggleGuardTest)
+#include "PanelToggleGuardTest.moc"

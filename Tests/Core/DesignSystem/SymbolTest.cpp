@@ -29,27 +29,24 @@ QRect inked(const QImage &image)
 {
     QRect bounds;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) > 0) {
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 0)
                 bounds |= QRect(x, y, 1, 1);
-            }
-        }
     }
     return bounds;
 }
 
 } // namespace
 
-class SymbolTests final : public QObject
+class SymbolTest final : public QObject
 {
     Q_OBJECT
 
 private slots:
     void namesOfTheScreensAreKnown()
     {
-        for (const auto &name : {u"clock"_s, u"cup.and.saucer.fill"_s}) {
+        for (const auto &name : {u"clock"_s, u"cup.and.saucer.fill"_s})
             QVERIFY2(SymbolDrawing::names().contains(name), qPrintable(name));
-        }
     }
 
     void everySymbolFillsItsGridAndStaysInside_data() { addSymbolsAndSizes(); }
@@ -95,11 +92,9 @@ private slots:
     void translucentColorShowsNoOverlaps()
     {
         const QImage image = painted(u"cup.and.saucer.fill"_s, QColor(0, 0, 0, 100), 32);
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
                 QVERIFY(qAlpha(image.pixel(x, y)) <= 100);
-            }
-        }
     }
 
     void sizeIsTheImplicitSize()
@@ -124,13 +119,11 @@ private:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<int>("size");
-        for (const QString &name : SymbolDrawing::names()) {
-            for (const int size : {11, 13, 16, 18, 24, 32}) {
+        for (const QString &name : SymbolDrawing::names())
+            for (const int size : {11, 13, 16, 18, 24, 32})
                 QTest::addRow("%s at %d", qUtf8Printable(name), size) << name << size;
-            }
-        }
     }
 };
 
-QTEST_MAIN(SymbolTests)
-#include "SymbolTests.moc"
+QTEST_MAIN(SymbolTest)
+#include "SymbolTest.moc"

@@ -19,7 +19,7 @@ const ScreenArea tiny{.geometry = {0, 0, 320, 200}, .available = {0, 20, 320, 18
 
 } // namespace
 
-class PanelPlacementTests final : public QObject
+class PanelPlacementTest final : public QObject
 {
     Q_OBJECT
 
@@ -87,5 +87,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(PanelPlacementTests)
-#include "PanelPlacementTests.moc"
+QTEST_APPLESS_MAIN(PanelPlacementTest)
+#include "PanelPlacementTest.moc"

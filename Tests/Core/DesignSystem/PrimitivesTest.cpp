@@ -19,7 +19,7 @@ QAccessibleInterface *accessible(QObject *object)
 
 } // namespace
 
-class PrimitivesTests final : public QObject
+class PrimitivesTest final : public QObject
 {
     Q_OBJECT
 
@@ -46,11 +46,9 @@ private slots:
     {
         // What another component is made of is on the sheet with it.
         QStringList seen;
-        for (const QQuickItem *item : QuickTest::itemsUnder(m_view->rootObject())) {
-            for (const auto *meta = item->metaObject(); meta; meta = meta->superClass()) {
+        for (const QQuickItem *item : QuickTest::itemsUnder(m_view->rootObject()))
+            for (const auto *meta = item->metaObject(); meta; meta = meta->superClass())
                 seen << QString::fromLatin1(meta->className()).section(u"_QMLTYPE_"_s, 0, 0);
-            }
-        }
         QDirIterator files(u":/qt-project.org/imports/Quorvel/DesignSystem"_s, {u"*.qml"_s});
         int count = 0;
         while (files.hasNext()) {
@@ -141,9 +139,8 @@ private slots:
     void everyPressableIsPressedInEveryWay_data()
     {
         QTest::addColumn<QByteArray>("name");
-        for (const auto *name : {"ghostButton", "symbolButton", "rowButton", "offToggle"}) {
+        for (const auto *name : {"ghostButton", "symbolButton", "rowButton", "offToggle"})
             QTest::newRow(name) << QByteArray(name);
-        }
     }
 
     void everyPressableIsPressedInEveryWay()
@@ -260,5 +257,5 @@ private:
     std::unique_ptr<QQuickView> m_view;
 };
 
-QTEST_MAIN(PrimitivesTests)
-#include "PrimitivesTests.moc"
+QTEST_MAIN(PrimitivesTest)
+#include "PrimitivesTest.moc"

@@ -9,7 +9,7 @@
 using namespace quorvel;
 using namespace Qt::StringLiterals;
 
-class QuickScenesPluginTests final : public QObject
+class QuickScenesPluginTest final : public QObject
 {
     Q_OBJECT
 
@@ -29,13 +29,12 @@ private slots:
         QVERIFY(scenes->openWindow(u"history"_s));
         QVERIFY(scenes->openWindow(u"probe8"_s));
         QStringList titles;
-        for (const QWindow *window : QGuiApplication::topLevelWindows()) {
+        for (const QWindow *window : QGuiApplication::topLevelWindows())
             titles << window->title();
-        }
         titles.sort();
         QCOMPARE(titles, (QStringList{u"Check-ins — Quorvel"_s, u"Probe8"_s, u"Quorvel"_s}));
     }
 };
 
-QTEST_MAIN(QuickScenesPluginTests)
-#include "QuickScenesPluginTests.moc"
+QTEST_MAIN(QuickScenesPluginTest)
+#include "QuickScenesPluginTest.moc"

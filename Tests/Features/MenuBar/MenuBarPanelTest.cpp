@@ -28,9 +28,8 @@ struct FakeLoginItem
                 .setEnabled =
                     [this](bool wanted) {
                         asked << wanted;
-                        if (refuses) {
+                        if (refuses)
                             throw Refusal();
-                        }
                         enabled = wanted;
                     }};
     }
@@ -43,7 +42,7 @@ struct FakeLoginItem
 
 } // namespace
 
-class MenuBarPanelTests final : public QObject
+class MenuBarPanelTest final : public QObject
 {
     Q_OBJECT
 
@@ -334,5 +333,5 @@ private:
     std::unique_ptr<MenuBarPanel> m_panel;
 };
 
-QTEST_MAIN(MenuBarPanelTests)
-#include "MenuBarPanelTests.moc"
+QTEST_MAIN(MenuBarPanelTest)
+#include "MenuBarPanelTest.moc"

@@ -79,7 +79,7 @@ void compareColor(const QColor &color, Value expected)
 
 } // namespace
 
-class ThemeTests final : public QObject
+class ThemeTest final : public QObject
 {
     Q_OBJECT
 
@@ -89,9 +89,8 @@ private slots:
     void everyColorTokenHasItsTwoValues_data()
     {
         QTest::addColumn<qsizetype>("index");
-        for (qsizetype i = 0; i < std::ssize(tokens); ++i) {
+        for (qsizetype i = 0; i < std::ssize(tokens); ++i)
             QTest::newRow(tokens[i].name) << i;
-        }
     }
 
     void everyColorTokenHasItsTwoValues()
@@ -128,17 +127,15 @@ private slots:
         const DynamicColor hex(0x2B211A, 0xF3E9DC);
         const DynamicColor fractions(43 / 255.f, 33 / 255.f, 26 / 255.f, 1.f, 243 / 255.f,
                                      233 / 255.f, 220 / 255.f, 1.f);
-        for (const auto style : {AppearanceStyle::Light, AppearanceStyle::Dark}) {
+        for (const auto style : {AppearanceStyle::Light, AppearanceStyle::Dark})
             QCOMPARE(fractions.resolved(style).rgba(), hex.resolved(style).rgba());
-        }
     }
 
     void everyTextStyleHasItsSizeAndWeight_data()
     {
         QTest::addColumn<qsizetype>("index");
-        for (qsizetype i = 0; i < std::ssize(styles); ++i) {
+        for (qsizetype i = 0; i < std::ssize(styles); ++i)
             QTest::newRow(styles[i].name) << i;
-        }
     }
 
     void everyTextStyleHasItsSizeAndWeight()
@@ -151,9 +148,8 @@ private slots:
 
     void textStylesAreInTheSystemTypeface()
     {
-        for (const auto *name : {"cafeName", "body", "caption", "button", "eyebrow", "title"}) {
+        for (const auto *name : {"cafeName", "body", "caption", "button", "eyebrow", "title"})
             QCOMPARE(style(name).family(), QFont().family());
-        }
     }
 
     void primitivesHaveTheirVariantsOfAStyle()
@@ -224,5 +220,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ThemeTests)
-#include "ThemeTests.moc"
+QTEST_MAIN(ThemeTest)
+#include "ThemeTest.moc"
