@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Models/CheckIn.h"
+
+#include <QRandomGenerator>
+
+#include <memory>
+#include <vector>
+
+namespace quorvel::benchmarks {
+
+/// The visits of somebody who has been to some hundred cafés for years: notes of every length,
+/// weather for nine of ten. The same seed makes the same ones.
+class SampleVisits
+{
+public:
+    SampleVisits(int cafeCount, quint32 seed);
+
+    [[nodiscard]] static QString mapItemIdentifier(int cafe);
+
+    /// The next visit, some hours after the one before; the cafés take turns.
+    [[nodiscard]] std::shared_ptr<CheckIn> next();
+    /// One at the stored café that is given.
+    [[nodiscard]] std::shared_ptr<CheckIn> nextAt(std::shared_ptr<Cafe> cafe);
+
+private:
+    [[nodiscard]] QUuid uuid();
+    [[nodiscard]] QString note();
+    [[nodiscard]] std::optional<WeatherSnapshot> weather();
+
+    QRandomGenerator m_random;
+    std::vector<std::shared_ptr<Cafe>> m_cafes;
+    int m_count = 0;
+};
+
+} // namespace quorvel::benchmarks

@@ -1,0 +1,209 @@
+// What the object store costs over plain SQLite, on a history of years.
+
+#include "Benchmarks/Comparison.h"
+#include "Benchmarks/PlainStore.h"
+#include "Benchmarks/SampleVisits.h"
+#include "Core/Persistence/ModelContainer+App.h"
+#include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Platform/Files/XdgFileManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStorageInfo>
+#include <QTemporaryDir>
+#include <sys/wait.h>
+
+#include <malloc.h>
+#include <unistd.h>
+
+namespace quorvel::benchmarks {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int visitCount = 100'000;
+constexpr int cafeCount = 500;
+constexpr int saveRounds = 400;
+constexpr int loadRounds = 9;
+constexpr int lookUpRounds = 400;
+/// Different ones: an identifier stands in the store once.
+constexpr quint32 fillSeed = 1;
+constexpr quint32 saveSeed = 2;
+constexpr double bytesPerMegabyte = 1e6;
+
+/// A data folder on a disk, gone with its owner.
+struct DataFolder
+{
+    // The system keeps this one across restarts, so it is not in memory.
+    QTemporaryDir folder{u"/var/tmp/quorvel-benchmark-XXXXXX"_s};
+    XdgFileManager files{{.dataHome = folder.path()}};
+
+    [[nodiscard]] QString store() const { return folder.filePath(u"Quorvel/Quorvel.store"_s); }
+    [[nodiscard]] std::unique_ptr<ModelContainer> open() const
+    {
+        return AppModelContainer::make(InMemory::No, files);
+    }
+    void copyStore(const DataFolder &from) const
+    {
+        if (!QDir(folder.path()).mkdir(u"Quorvel"_s) || !QFile::copy(from.store(), store()))
+            qFatal("the store could not be copied");
+    }
+    [[nodiscard]] SwiftDataCheckInRepository repository() const
+    {
+        return SwiftDataCheckInRepository(open(), CheckInPhotoStore(files));
+    }
+};
+
+void fill(const DataFolder &folder)
+{
+    SampleVisits visits(cafeCount, fillSeed);
+    const auto container = folder.open();
+    for (int i = 0; i < visitCount; ++i)
+        container->mainContext().insert(visits.next());
+    container->mainContext().save();
+}
+
+/// In a process of its own, so that the heap of this one has no holes that loaded objects would
+/// fill unseen.
+void fillApart(const DataFolder &folder)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        fill(folder);
+        _exit(0);
+    }
+    int status = -1;
+    if (waitpid(child, &status, 0) != child || status != 0)
+        qFatal("the store could not be filled");
+}
+
+struct Memory
+{
+    double heapMegabytes = 0;
+    double residentMegabytes = 0;
+
+    static Memory now()
+    {
+        QFile status(u"/proc/self/statm"_s);
+        if (!status.open(QIODevice::ReadOnly))
+            qFatal("the process does not know its own size");
+        const double residentPages = status.readAll().split(' ').at(1).toDouble();
+        const auto heap = mallinfo2();
+        return {double(heap.uordblks + heap.hblkhd) / bytesPerMegabyte,
+                residentPages * double(sysconf(_SC_PAGESIZE)) / bytesPerMegabyte};
+    }
+};
+
+void measureMemory(const DataFolder &folder)
+{
+    auto repository = folder.repository();
+    (void)repository.hasCheckedInToday(SampleVisits::mapItemIdentifier(0));
+    const Memory before = Memory::now();
+    const auto visits = repository.allCheckIns();
+    const Memory after = Memory::now();
+    printRow("memory of all visits: heap", after.heapMegabytes - before.heapMegabytes, "MB",
+             "< 45 MB");
+    printRow("memory of all visits: resident", after.residentMegabytes - before.residentMegabytes,
+             "MB", "< 45 MB");
+}
+
+PlainVisit plain(const CheckIn &visit)
+{
+    PlainVisit result{.date = visit.date().time_since_epoch().count(),
+                      .note = visit.note().toStdString(),
+                      .address = visit.address()->toStdString(),
+                      .photoFilename = {},
+                      .ratings = {visit.ratings().wifiSpeed, visit.ratings().outlets,
+                                  visit.ratings().noise, visit.ratings().quietForCalls},
+                      .weather = {},
+                      .cafe = 1};
+    std::ranges::copy(QUuid::createUuid().toRfc4122(), result.id.begin());
+    if (const auto &weather = visit.weather()) {
+        result.weather = PlainVisit::Weather{weather->temperatureC, weather->apparentTemperatureC,
+                                             weather->weatherCode, weather->isDay,
+                                             weather->capturedAt.time_since_epoch().count()};
+    }
+    return result;
+}
+
+void compareSaves(const DataFolder &folder, const DataFolder &plainFolder)
+{
+    SampleVisits visits(cafeCount, saveSeed);
+    auto repository = folder.repository();
+    PlainStore plainStore(plainFolder.store().toStdString());
+    const auto cafe = repository.findOrCreateCafe(
+        {.name = {}, .mapItemIdentifier = SampleVisits::mapItemIdentifier(0)});
+    const auto ours = [&] {
+        const auto visit = visits.nextAt(cafe);
+        return timeOf([&] { repository.save(visit); });
+    };
+    const auto reference = [&] {
+        const PlainVisit visit = plain(*visits.nextAt(cafe));
+        return timeOf([&] { plainStore.save(visit); });
+    };
+    printRow("save one visit", interleaved(saveRounds, ours, reference), 1.3);
+}
+
+void compareLoads(const DataFolder &folder)
+{
+    const auto ours = [&] {
+        auto repository = folder.repository();
+        std::vector<std::shared_ptr<CheckIn>> visits;
+        return timeOf([&] { visits = repository.allCheckIns(); });
+    };
+    const auto oursAgain = [&] {
+        auto repository = folder.repository();
+        const auto visits = repository.allCheckIns();
+        std::vector<std::shared_ptr<CheckIn>> sameVisits;
+        return timeOf([&] { sameVisits = repository.allCheckIns(); });
+    };
+    const auto reference = [&] {
+        PlainStore plainStore(folder.store().toStdString());
+        std::vector<PlainVisit> visits;
+        return timeOf([&] { visits = plainStore.allVisits(); });
+    };
+    printRow("load all visits", interleaved(loadRounds, ours, reference), 3);
+    printRow("load all visits while they are loaded",
+             interleaved(loadRounds, oursAgain, reference));
+}
+
+void compareLookUps(const DataFolder &folder)
+{
+    auto repository = folder.repository();
+    PlainStore plainStore(folder.store().toStdString());
+    const DayInterval today = Clock::system().calendar().day(Clock::system().now());
+    int cafe = 0;
+    const auto ours = [&] {
+        const QString identifier = SampleVisits::mapItemIdentifier(++cafe % cafeCount);
+        return timeOf([&] { (void)repository.hasCheckedInToday(identifier); });
+    };
+    const auto reference = [&] {
+        const auto identifier = SampleVisits::mapItemIdentifier(cafe % cafeCount).toStdString();
+        return timeOf([&] {
+            (void)plainStore.hasVisit(identifier, today.start.time_since_epoch().count(),
+                                      today.end.time_since_epoch().count());
+        });
+    };
+    printRow("checked in today, among 200 visits", interleaved(lookUpRounds, ours, reference));
+}
+
+} // namespace
+
+} // namespace quorvel::benchmarks
+
+int main()
+{
+    using namespace quorvel::benchmarks;
+    const DataFolder folder;
+    const DataFolder plainFolder;
+    std::printf("%d visits to %d cafés, on %s\n", visitCount, cafeCount,
+                QStorageInfo(folder.folder.path()).fileSystemType().constData());
+    fillApart(folder);
+    plainFolder.copyStore(folder);
+    printHeading("Object store against plain SQLite");
+    measureMemory(folder);
+    compareSaves(folder, plainFolder);
+    compareLoads(folder);
+    compareLookUps(folder);
+}
