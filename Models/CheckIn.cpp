@@ -22,7 +22,7 @@ const EntityDescription &CheckIn::entity()
         .make = &makeFromStore<CheckIn>,
         .attributes = {uniqueAttribute<&CheckIn::m_id>("id"), attribute<&CheckIn::m_date>("date"),
                        attribute<&CheckIn::m_note>("note"),
-                       attribute<&CheckIn::m_address>("address"),
+                       repeatedAttribute<&CheckIn::m_address>("address"),
                        attribute<&CheckIn::m_photoFilename>("photoFilename"),
                        compositeAttribute<&CheckIn::m_ratings>(),
                        optionalCompositeAttribute<&CheckIn::m_weather>()},

@@ -2,6 +2,8 @@
 
 #include "Platform/ObjectStore/StoreError.h"
 
+#include <QStringConverter>
+#include <QVarLengthArray>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
 
@@ -15,12 +17,34 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int uuidBytes = 16;
+/// Beyond these a text is taken for one that does not repeat after all.
+constexpr qsizetype maximumRepeatedTexts = 4096;
 
 [[noreturn]] void throwDecodingError(const SQLite::Column &column)
 {
     const auto name = QString::fromUtf8(column.getName());
     const auto reason = column.isNull() ? u"is missing"_s : u"is of the wrong type"_s;
     throw StoreError(StoreError::Code::Decoding, u"The stored value “%1” %2."_s.arg(name, reason));
+}
+
+/// The column's own characters: good until the next row.
+QByteArrayView utf8(const SQLite::Column &column)
+{
+    if (!column.isText())
+        throwDecodingError(column);
+    const char *bytes = column.getText();
+    return {bytes, column.size()};
+}
+
+/// QString's own conversion reserves a character for each byte, a third too many in Vietnamese, and
+/// drops a byte order mark in front.
+QString decoded(QByteArrayView utf8)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom |
+                                                     QStringDecoder::Flag::Stateless);
+    QVarLengthArray<QChar, 512> characters(decoder.requiredSpace(utf8.size()));
+    const QChar *end = decoder.appendToBuffer(characters.data(), utf8);
+    return QString(characters.constData(), end - characters.constData());
 }
 
 } // namespace
@@ -57,10 +81,28 @@ double RowReader::real(int column) const
 QString RowReader::text(int column) const
 {
     const auto value = m_statement.getColumn(column);
-    if (!value.isText())
-        throwDecodingError(value);
-    const char *utf8 = value.getText();
-    return QString::fromUtf8(utf8, value.size());
+    return decoded(utf8(value));
+}
+
+std::optional<QString> RowReader::optionalText(int column) const
+{
+    const auto value = m_statement.getColumn(column);
+    return value.isNull() ? std::nullopt : std::optional(decoded(utf8(value)));
+}
+
+std::optional<QString> RowReader::repeatedText(int column) const
+{
+    const auto value = m_statement.getColumn(column);
+    if (value.isNull())
+        return std::nullopt;
+    const QByteArrayView bytes = utf8(value);
+    const auto key = QByteArray::fromRawData(bytes.data(), bytes.size());
+    if (const auto known = m_repeatedTexts.constFind(key); known != m_repeatedTexts.constEnd())
+        return *known;
+    const QString text = decoded(bytes);
+    if (m_repeatedTexts.size() < maximumRepeatedTexts)
+        m_repeatedTexts.insert(bytes.toByteArray(), text);
+    return text;
 }
 
 QUuid RowReader::uuid(int column) const

@@ -2,6 +2,7 @@
 
 #include "Platform/Clock/Calendar.h"
 
+#include <QHash>
 #include <QString>
 #include <QUuid>
 
@@ -29,10 +30,14 @@ public:
     [[nodiscard]] bool boolean(int column) const;
     [[nodiscard]] double real(int column) const;
     [[nodiscard]] QString text(int column) const;
+    [[nodiscard]] std::optional<QString> optionalText(int column) const;
+    /// The same, sharing its characters with equal ones among the rows read before.
+    [[nodiscard]] std::optional<QString> repeatedText(int column) const;
     [[nodiscard]] QUuid uuid(int column) const;
 
 private:
     const SQLite::Statement &m_statement;
+    mutable QHash<QByteArray, QString> m_repeatedTexts; ///< by their UTF-8
 };
 
 /// The parameters of a statement, counted from 1 as SQL does.
@@ -134,7 +139,7 @@ struct ColumnCoding<std::optional<QString>>
     static constexpr auto sqlType = "TEXT";
     static std::optional<QString> decode(const RowReader &row, int column)
     {
-        return row.isNull(column) ? std::nullopt : std::optional(row.text(column));
+        return row.optionalText(column);
     }
     static void encode(ParameterWriter &writer, int index, const std::optional<QString> &value)
     {

@@ -149,6 +149,18 @@ template <auto Member>
     return description;
 }
 
+/// An optional text that many rows have in common. Objects that are read together hold it in memory
+/// once.
+template <auto Member>
+[[nodiscard]] AttributeDescription repeatedAttribute(const char *name)
+{
+    auto description = attribute<Member>(name);
+    description.read = [](PersistentObject &object, const RowReader &row, int column) {
+        detail::memberOf<Member>(object) = row.repeatedText(column);
+    };
+    return description;
+}
+
 /// A composite value, in one column for each of its coding keys.
 template <auto Member>
 [[nodiscard]] AttributeDescription compositeAttribute()

@@ -67,6 +67,7 @@ public:
             .make = &makeFromStore<Book>,
             .attributes = {uniqueAttribute<&Book::m_id>("id"), attribute<&Book::m_title>("title"),
                            lookupAttribute<&Book::m_shelf>("shelf"),
+                           repeatedAttribute<&Book::m_publisher>("publisher"),
                            attribute<&Book::m_printed>("printed"),
                            attribute<&Book::m_price>("price"),
                            optionalCompositeAttribute<&Book::m_format>()},
@@ -79,6 +80,8 @@ public:
     void setTitle(const QString &title) { write(m_title, title); }
     const std::optional<QString> &shelf() const { return m_shelf; }
     void setShelf(const std::optional<QString> &shelf) { write(m_shelf, shelf); }
+    const std::optional<QString> &publisher() const { return m_publisher; }
+    void setPublisher(const std::optional<QString> &publisher) { write(m_publisher, publisher); }
     Instant printed() const { return m_printed; }
     void setPrinted(Instant printed) { write(m_printed, printed); }
     double price() const { return m_price; }
@@ -95,6 +98,7 @@ private:
     QUuid m_id = QUuid::createUuid();
     QString m_title;
     std::optional<QString> m_shelf;
+    std::optional<QString> m_publisher;
     Instant m_printed;
     double m_price = 0;
     std::optional<Format> m_format;

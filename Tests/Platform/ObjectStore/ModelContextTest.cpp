@@ -117,6 +117,43 @@ private slots:
         QVERIFY(!book->author());
     }
 
+    void everyTextComesBackToTheLastCharacter_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("empty") << u""_s;
+        QTest::newRow("byte order mark in front") << u"\xFEFFSố đỏ"_s;
+        QTest::newRow("two of them") << u"\xFEFF\xFEFF"_s;
+        QTest::newRow("longer than a buffer on the stack") << u"Số đỏ 😀"_s.repeated(999);
+    }
+
+    void everyTextComesBackToTheLastCharacter()
+    {
+        QFETCH(const QString, text);
+        Library library;
+        library.add(text)->setPublisher(text);
+        library.context.save();
+        library.reopen();
+        const auto book = library.container->mainContext().fetch<Book>().front();
+        QCOMPARE(book->title(), text);
+        QCOMPARE(book->publisher(), std::optional(text));
+    }
+
+    void aRepeatedTextIsInMemoryOnce()
+    {
+        Library library;
+        const QString publisher = u"Nhà xuất bản Trẻ"_s;
+        for (const auto &name : {std::optional(publisher), std::optional(publisher),
+                                 std::optional<QString>(), std::optional(publisher + u'!')})
+            library.add(u"B"_s)->setPublisher(name);
+        library.context.save();
+        library.reopen();
+        const auto books = library.container->mainContext().fetch<Book>();
+        QCOMPARE(books[0]->publisher(), std::optional(publisher));
+        QCOMPARE(books[1]->publisher()->constData(), books[0]->publisher()->constData());
+        QCOMPARE(books[2]->publisher(), std::optional<QString>());
+        QCOMPARE(books[3]->publisher(), std::optional(publisher + u'!'));
+    }
+
     void aRowIsOneObjectInTheProcess()
     {
         Library library;
