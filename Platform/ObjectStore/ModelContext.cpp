@@ -65,7 +65,11 @@ ModelContext::ModelContext(StoreConnection &connection, const Schema &schema)
 {
     for (const EntityDescription *entity : schema.entities) {
         m_tables.push_back(
-            std::make_unique<EntityTable>(EntityTable{.context = this, .entity = entity}));
+            std::make_unique<EntityTable>(EntityTable{.context = this,
+                                                      .entity = entity,
+                                                      .insertSql = EntitySql::insert(*entity),
+                                                      .selectRowSql = EntitySql::selectRow(*entity),
+                                                      .rows = {}}));
     }
 }
 
@@ -74,8 +78,7 @@ ModelContext::~ModelContext()
     for (const auto &object : m_inserted)
         detach(*object);
     for (const auto &table : m_tables) {
-        const auto rows = std::exchange(table->rows, {});
-        for (PersistentObject *object : rows)
+        for (const auto &object : table->rows.objects())
             detach(*object);
     }
 }
@@ -239,38 +242,37 @@ std::shared_ptr<PersistentObject> ModelContext::objectForRow(EntityTable &table,
                                                              const RowReader &row)
 {
     const qint64 id = row.integer(0);
-    if (PersistentObject *known = table.rows.value(id)) {
-        auto object = known->shared_from_this();
+    if (auto known = table.rows.find(id)) {
         if (!known->m_changed && known->m_readAtVersion != m_version) {
             const RelatedRows related = readAttributes(*known, *table.entity, row);
             resolveRelationships(*known, related.constData());
             known->m_readAtVersion = m_version;
-            m_refreshed.push_back(object);
+            m_refreshed.push_back(known);
         }
-        return object;
+        return known;
     }
     auto object = table.entity->make();
     const RelatedRows related = readAttributes(*object, *table.entity, row);
-    adopt(*object, table, id);
+    adopt(object, table, id);
     resolveRelationships(*object, related.constData());
     return object;
 }
 
 std::shared_ptr<PersistentObject> ModelContext::objectWithId(EntityTable &table, qint64 id)
 {
-    if (PersistentObject *known = table.rows.value(id))
-        return known->shared_from_this();
+    if (auto known = table.rows.find(id))
+        return known;
     std::shared_ptr<PersistentObject> object;
     RelatedRows related;
     {
         // Order: the statement is free again before the relationships of the row need it.
-        const StatementUse query(m_connection.statement(EntitySql::selectRow(*table.entity)));
+        const StatementUse query(m_connection.statement(table.selectRowSql));
         ParameterWriter(*query).integer(1, id);
         if (!query->executeStep())
             return nullptr;
         object = table.entity->make();
         related = readAttributes(*object, *table.entity, RowReader(*query));
-        adopt(*object, table, id);
+        adopt(object, table, id);
     }
     resolveRelationships(*object, related.constData());
     return object;
@@ -285,13 +287,14 @@ void ModelContext::resolveRelationships(PersistentObject &object, const qint64 *
     }
 }
 
-void ModelContext::adopt(PersistentObject &object, EntityTable &table, qint64 row)
+void ModelContext::adopt(const std::shared_ptr<PersistentObject> &object, EntityTable &table,
+                         qint64 row)
 {
-    object.m_table = &table;
-    object.m_row = row;
-    object.m_state = PersistentObject::State::Stored;
-    object.m_readAtVersion = m_version;
-    table.rows.insert(row, &object);
+    object->m_table = &table;
+    object->m_row = row;
+    object->m_state = PersistentObject::State::Stored;
+    object->m_readAtVersion = m_version;
+    table.rows.insert(row, object);
 }
 
 void ModelContext::detach(PersistentObject &object)
@@ -310,9 +313,9 @@ EntityTable &ModelContext::tableOf(const EntityDescription &entity)
     return **table;
 }
 
-void ModelContext::keepChanged(std::shared_ptr<PersistentObject> object)
+void ModelContext::keepChanged(const PersistentObject &object)
 {
-    m_changed.push_back(std::move(object));
+    m_changed.push_back(object.m_table->rows.find(object.m_row));
 }
 
 /// An object that is to be stored takes with it what it points to.
@@ -334,7 +337,7 @@ qint64 ModelContext::insertRow(const PersistentObject &object, AssignedRows &ass
         if (destination && destination->isPending())
             insertRow(*destination, assigned);
     }
-    const StatementUse use(m_connection.statement(EntitySql::insert(object.entityDescription())));
+    const StatementUse use(m_connection.statement(object.m_table->insertSql));
     bindColumns(*use, object, assigned);
     use->exec();
     const qint64 row = m_connection.database().getLastInsertRowid();
@@ -385,7 +388,7 @@ void ModelContext::didSave(const AssignedRows &assigned)
     const Objects changed = std::exchange(m_changed, {});
     const Objects deleted = std::exchange(m_deleted, {});
     for (const auto &object : inserted)
-        adopt(*object, *object->m_table, assigned.value(object.get()));
+        adopt(object, *object->m_table, assigned.value(object.get()));
     for (const auto &object : changed)
         object->m_changed = false;
     for (const auto &object : deleted) {

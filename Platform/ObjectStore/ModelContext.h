@@ -2,6 +2,7 @@
 
 #include "Platform/ObjectStore/FetchDescriptor.h"
 #include "Platform/ObjectStore/PersistentObject.h"
+#include "Platform/ObjectStore/RowTable.h"
 
 #include <QHash>
 
@@ -18,7 +19,9 @@ struct EntityTable
 {
     ModelContext *context = nullptr;
     const EntityDescription *entity = nullptr;
-    QHash<qint64, PersistentObject *> rows;
+    QByteArray insertSql;
+    QByteArray selectRowSql;
+    RowTable rows;
 };
 
 /// The program's working set of stored objects, on the main thread: fetches them, collects inserts,
@@ -87,11 +90,11 @@ private:
     std::shared_ptr<PersistentObject> objectForRow(EntityTable &table, const RowReader &row);
     std::shared_ptr<PersistentObject> objectWithId(EntityTable &table, qint64 id);
     void resolveRelationships(PersistentObject &object, const qint64 *relatedRows);
-    void adopt(PersistentObject &object, EntityTable &table, qint64 row);
+    void adopt(const std::shared_ptr<PersistentObject> &object, EntityTable &table, qint64 row);
     static void detach(PersistentObject &object);
     EntityTable &tableOf(const EntityDescription &entity);
 
-    void keepChanged(std::shared_ptr<PersistentObject> object);
+    void keepChanged(const PersistentObject &object);
     void insertDestinations(const PersistentObject &object);
     void releaseReferences(const PersistentObject &object);
     qint64 insertRow(const PersistentObject &object, AssignedRows &assigned);

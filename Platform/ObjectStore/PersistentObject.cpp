@@ -26,7 +26,7 @@ void PersistentObject::didChange()
 {
     if (m_state == State::Stored && !m_changed) {
         m_changed = true;
-        context()->keepChanged(shared_from_this());
+        context()->keepChanged(*this);
     }
     notify();
 }

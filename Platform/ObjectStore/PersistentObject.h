@@ -33,7 +33,7 @@ class FromStore
 ///
 /// Not a QObject: a history of 100,000 visits would pay 15 MB for it. What a view needs of one,
 /// the change signal, is made when first asked for.
-class PersistentObject : public std::enable_shared_from_this<PersistentObject>
+class PersistentObject
 {
 public:
     PersistentObject() = default;
