@@ -40,7 +40,7 @@ private:
 
     QString m_name; ///< what the user knows the store by, in errors
     SQLite::Database m_database;
-    std::unordered_map<std::string, SQLite::Statement> m_statements;
+    std::unordered_map<QByteArray, SQLite::Statement> m_statements;
 };
 
 /// A prepared statement in use: free for the next one however its scope ends.
