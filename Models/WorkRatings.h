@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/ObjectStore/Coding.h"
+#include "Platform/ObjectStore/Composite.h"
 
 namespace quorvel {
 

@@ -1,4 +1,4 @@
-#include "Platform/ObjectStore/Coding.h"
+#include "Platform/ObjectStore/RowReader.h"
 
 #include "Platform/ObjectStore/StoreError.h"
 
