@@ -17,6 +17,8 @@ QuorvelApp::QuorvelApp()
     connect(&m_statusItem, &StatusItem::activated, this, &QuorvelApp::togglePanel);
     connect(&m_statusItem, &StatusItem::openRequested, this, &QuorvelApp::openPanel);
     connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
+    // Once the icon is up: by the first click the desktop has told whether it is dark.
+    connect(&m_statusItem, &StatusItem::isShownChanged, this, [this] { appearance(); });
 }
 
 QuorvelApp::~QuorvelApp() = default;
@@ -45,15 +47,21 @@ void QuorvelApp::withScenes(Action action)
 Scenes &QuorvelApp::scenes()
 {
     if (!m_scenes) {
-        m_appearance = std::make_unique<PortalAppearance>(SessionBus::connection());
         m_scenes = m_loader.makeScenes(
             {.environment = &m_environment,
-             .appearance = m_appearance.get(),
+             .appearance = &appearance(),
              .launchAtLogin = {.isEnabled = [] { return LaunchAtLogin::isEnabled(); },
                                .setEnabled = [](bool on) { LaunchAtLogin::setEnabled(on); }},
              .quit = &QCoreApplication::quit});
     }
     return *m_scenes;
+}
+
+Appearance &QuorvelApp::appearance()
+{
+    if (!m_appearance)
+        m_appearance = std::make_unique<PortalAppearance>(SessionBus::connection());
+    return *m_appearance;
 }
 
 } // namespace quorvel

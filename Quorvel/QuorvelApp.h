@@ -29,6 +29,7 @@ private:
     template <class Action>
     void withScenes(Action action);
     [[nodiscard]] Scenes &scenes();
+    Appearance &appearance();
 
     // Order: the icon looks for its host while the store opens.
     TrayStatusItem m_statusItem;

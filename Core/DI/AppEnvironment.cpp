@@ -2,7 +2,8 @@
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
-#include "Platform/Errors/LocalizedError.h"
+
+#include <exception>
 
 namespace quorvel {
 
@@ -11,8 +12,8 @@ AppEnvironment::AppEnvironment(const FileManager &fileManager)
     try {
         setUp(fileManager);
         emit checkInRepositoryChanged();
-    } catch (const LocalizedError &error) {
-        m_setupError = error.errorDescription();
+    } catch (const std::exception &error) {
+        m_setupError = QString::fromUtf8(error.what());
         emit setupErrorChanged();
     }
 }

@@ -1,4 +1,5 @@
 #include "Core/DesignSystem/Symbol.h"
+
 #include "Core/DesignSystem/SymbolDrawing.h"
 
 #include <QImage>

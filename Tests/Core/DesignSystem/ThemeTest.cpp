@@ -1,4 +1,5 @@
 #include "Core/DesignSystem/Theme.h"
+
 #include "Core/DesignSystem/ViewFactory.h"
 
 #include <QMetaProperty>

@@ -1,5 +1,6 @@
-#include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
+
+#include "Core/DesignSystem/Theme.h"
 #include "Platform/Errors/LocalizedError.h"
 #include "Tests/Support/QuickTest.h"
 

@@ -1,7 +1,8 @@
+#include "Quorvel/ScenesModule/QuickScenes.h"
+
 #include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Platform/Appearance/FakeAppearance.h"
-#include "Quorvel/ScenesModule/QuickScenes.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QQuickView>
