@@ -20,7 +20,12 @@ public:
     template <class Error>
     [[nodiscard]] static Outcome failure(Error error)
     {
-        return Outcome(std::in_place_index<1>, std::make_exception_ptr(std::move(error)));
+        return failure(std::make_exception_ptr(std::move(error)));
+    }
+    /// For whoever caught an error without knowing its type.
+    [[nodiscard]] static Outcome failure(std::exception_ptr error)
+    {
+        return Outcome(std::in_place_index<1>, std::move(error));
     }
 
     [[nodiscard]] bool isSuccess() const { return m_result.index() == 0; }

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "Core/Support/Task.h"
+
+#include <QTest>
+
+#include <stdexcept>
+
+namespace quorvel::tests {
+
+namespace detail {
+
+template <class Value>
+using Kept = std::conditional_t<std::is_void_v<Value>, std::monostate, Value>;
+
+/// The place is shared: a task that never ends outlives the test that ran it.
+template <class Value>
+Task<> keepOutcome(Task<Value> task, std::shared_ptr<std::optional<Outcome<Kept<Value>>>> place)
+{
+    using Result = Outcome<Kept<Value>>;
+    try {
+        if constexpr (std::is_void_v<Value>) {
+            co_await task;
+            place->emplace(Result::success({}));
+        } else {
+            auto value = co_await task;
+            place->emplace(Result::success(std::move(value)));
+        }
+    } catch (...) {
+        place->emplace(Result::failure(std::current_exception()));
+    }
+}
+
+} // namespace detail
+
+/// Lets the event loop turn until the task has ended, and gives what it ended in. A task that never
+/// ends fails the test.
+template <class Value>
+Outcome<detail::Kept<Value>> outcomeOfTask(Task<Value> task)
+{
+    auto place = std::make_shared<std::optional<Outcome<detail::Kept<Value>>>>();
+    detail::keepOutcome(std::move(task), place);
+    if (!QTest::qWaitFor([&place] { return place->has_value(); }))
+        throw std::runtime_error("the task did not end");
+    return std::move(**place);
+}
+
+/// The task's value; throws what the task threw.
+template <class Value>
+detail::Kept<Value> runTask(Task<Value> task)
+{
+    return outcomeOfTask(std::move(task)).take();
+}
+
+/// What the task threw; nothing when it gave a value. Throws an error of another type on.
+template <class Error, class Value>
+std::optional<Error> errorOfTask(Task<Value> task)
+{
+    try {
+        static_cast<void>(runTask(std::move(task)));
+    } catch (const Error &error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+/// Has everything happen that is due already.
+inline void turnEventLoop()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace quorvel::tests
