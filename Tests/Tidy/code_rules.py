@@ -22,6 +22,7 @@ AWAIT = re.compile(
     r"(?:(?:const\s+)?auto\s+\w+\s*=\s*)?co_await\s+"
     r"(?:\w+|\w+(?:(?:->|\.|::)\w+)*\(\s*[\w\s,]*\))"
 )
+AWAITING = r"(?<!\boperator )\bco_await\b"
 AWAIT_BANNED = r"\b(waitFor|sleepUntil)\b"
 
 
@@ -81,7 +82,7 @@ def awaits_stand_alone(tree):
         offset = 0
         for statement in re.split(r"(?<=[;{}])", source.code):
             body = statement.rstrip("; \n{}")
-            if re.search(r"\bco_await\b", body) and not AWAIT.fullmatch(body.strip()):
+            if re.search(AWAITING, body) and not AWAIT.fullmatch(body.strip()):
                 line = source.line_at(offset + statement.index("co_await"))
                 yield Finding(source.path, line, "a co_await has its statement to itself")
             offset += len(statement)

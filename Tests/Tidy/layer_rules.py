@@ -76,7 +76,7 @@ def fakes_stay_out_of_the_product(tree):
 def coroutine_library_has_one_door(tree):
     """Task.h alone names the coroutine library."""
     for source in tree.sources:
-        if source.is_product() and source.path != "Core/Support/Task.h":
+        if source.is_product() and source.is_cpp() and source.path != "Core/Support/Task.h":
             yield from source.findings(r"\bQCoro\w*|\bqCoro\b", "only Core/Support/Task.h names it")
 
 

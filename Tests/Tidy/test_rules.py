@@ -63,7 +63,10 @@ SAMPLES = {
     ),
     "coroutine_library_has_one_door": (
         [{"Core/DI/Wait.h": "#include <QCoroTask>\n"}, {"Core/DI/Wait.cpp": "qCoro(reply);\n"}],
-        [{"Core/Support/Task.h": "#include <QCoroTask>\n"}],
+        [
+            {"Core/Support/Task.h": "#include <QCoroTask>\n"},
+            {"Core/Support/CMakeLists.txt": "target_link_libraries(task QCoro6::Core)\n"},
+        ],
     ),
     "headers_have_one_shape": (
         [
@@ -120,7 +123,8 @@ SAMPLES = {
             for statement in ("co_await cup", "auto x = co_await cup", "const auto x = co_await c",
                               "auto x = co_await m_bar->fill(cup, amount)", "co_await fill()",
                               'log("co_await (")')
-        ] + [{"Core/Cup.cpp": "if (empty) {\n    co_await fill(cup);\n}\n"}],
+        ] + [{"Core/Cup.cpp": "if (empty) {\n    co_await fill(cup);\n}\n"},
+             {"Core/Cup.h": "auto operator co_await() { return Awaiter(m_cup); }\n"}],
     ),
     "product_has_no_locks": (
         [{"Core/Cup.h": "std::mutex m_mutex;\n"}, {"Core/Cup.h": "QMutex m_mutex;\n"}],
