@@ -41,6 +41,7 @@ public:
 
     /// Empties the slot, then lets the waiter go on in a turn of the event loop of its own. Nothing
     /// happens when nobody waits.
+    void end(Outcome<Value> outcome);
     void finish(Value value) { end(Outcome<Value>::success(std::move(value))); }
     template <class Error>
     void fail(Error error)
@@ -49,8 +50,6 @@ public:
     }
 
 private:
-    void end(Outcome<Value> outcome);
-
     std::shared_ptr<Delivery<Value>> m_waiting;
     std::vector<std::shared_ptr<Delivery<Value>>> m_replaced;
 };

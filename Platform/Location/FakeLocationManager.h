@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Platform/Location/LocationManager.h"
+
+#include <QStringList>
+
+namespace quorvel {
+
+/// A location service that a test plays: it records what it was asked and answers when the test
+/// emits one of its signals.
+class FakeLocationManager final : public LocationManager
+{
+    Q_OBJECT
+
+public:
+    using LocationManager::LocationManager;
+
+    void setDesiredAccuracy(double meters) override
+    {
+        calls.append(QStringLiteral("setDesiredAccuracy(%1)").arg(meters));
+    }
+    [[nodiscard]] AuthorizationStatus authorizationStatus() const override { return status; }
+    void requestWhenInUseAuthorization() override
+    {
+        calls.append(QStringLiteral("requestWhenInUseAuthorization"));
+    }
+    void requestLocation() override { calls.append(QStringLiteral("requestLocation")); }
+
+    /// Has the user decide.
+    void decide(AuthorizationStatus decision)
+    {
+        status = decision;
+        emit authorizationChanged();
+    }
+
+    AuthorizationStatus status = AuthorizationStatus::NotDetermined;
+    QStringList calls;
+};
+
+} // namespace quorvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Platform/Clock/Calendar.h"
+
+namespace quorvel {
+
+/// Where the machine was, as a location service found it.
+struct Location
+{
+    /// In degrees on the WGS-84 ellipsoid.
+    double latitude = 0;
+    double longitude = 0;
+    double accuracyMeters = 0;
+    Instant timestamp;
+
+    friend bool operator==(const Location &, const Location &) = default;
+};
+
+} // namespace quorvel

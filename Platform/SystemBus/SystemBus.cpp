@@ -1,0 +1,10 @@
+#include "Platform/SystemBus/SystemBus.h"
+
+namespace quorvel::SystemBus {
+
+QDBusConnection connection()
+{
+    return QDBusConnection::systemBus();
+}
+
+} // namespace quorvel::SystemBus

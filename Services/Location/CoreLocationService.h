@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Core/Support/OneShotSlot.h"
+#include "Services/Location/LocationService.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// Turns the location manager's callbacks into the service's two operations. Each has room for one
+/// waiter: callers do not overlap their requests, and one that is replaced never returns.
+class CoreLocationService final : public QObject, public LocationService
+{
+    Q_OBJECT
+
+public:
+    explicit CoreLocationService(std::unique_ptr<LocationManager> manager);
+
+    [[nodiscard]] Task<AuthorizationStatus> requestAuthorization() override;
+    [[nodiscard]] Task<Location> currentLocation() override;
+
+private:
+    void didChangeAuthorization();
+    void didUpdateLocations(const QList<Location> &locations);
+    void didFail(const QString &description);
+
+    std::unique_ptr<LocationManager> m_manager;
+    OneShotSlot<Location> m_locationWaiter;
+    OneShotSlot<AuthorizationStatus> m_authorizationWaiter;
+};
+
+} // namespace quorvel
