@@ -52,10 +52,10 @@ std::optional<Location> fromReply(const QDBusMessage &reply)
                             .longitude = number(properties, u"Longitude"_s),
                             .accuracyMeters = number(properties, u"Accuracy"_s),
                             .timestamp = timestamp(properties.value(u"Timestamp"_s))};
-    // Written so that what is no number passes none of them.
     const bool isOnGlobe = std::abs(location.latitude) <= greatestLatitude &&
                            std::abs(location.longitude) <= greatestLongitude;
-    const bool isSane = isOnGlobe && location.accuracyMeters >= 0;
+    const bool isSane =
+        isOnGlobe && location.accuracyMeters >= 0 && std::isfinite(location.accuracyMeters);
     return isSane ? std::optional(location) : std::nullopt;
 }
 
