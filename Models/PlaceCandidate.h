@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Models/Coordinate.h"
+#include "Platform/Geodesy/Coordinate.h"
 
 #include <QString>
 
