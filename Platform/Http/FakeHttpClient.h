@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Platform/Errors/FakeCalls.h"
+#include "Platform/Http/HttpClient.h"
+#include "Platform/Http/HttpError.h"
+
+namespace quorvel {
+
+/// A web whose answers a test writes down.
+class FakeHttpClient final : public HttpClient
+{
+public:
+    void send(const HttpRequest &request, Completion<HttpResponse> completion) override
+    {
+        calls.begin(request, std::move(completion));
+    }
+
+    FakeCalls<HttpRequest, HttpResponse> calls{
+        "FakeHttpClient::send",
+        Outcome<HttpResponse>::failure(HttpError(HttpError::Case::Cancelled))};
+};
+
+} // namespace quorvel

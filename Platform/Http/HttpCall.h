@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Platform/Errors/Outcome.h"
+#include "Platform/Http/HttpError.h"
+#include "Platform/Http/HttpResponse.h"
+
+#include <QNetworkReply>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace quorvel {
+
+/// One open request of `QtHttpClient`: gathers the answer, ends it when it grows too large or takes
+/// too long, and tells the one who waits. It destroys itself then; destroyed earlier, it ends the
+/// call as cancelled.
+class HttpCall final : public QObject
+{
+    Q_OBJECT
+
+public:
+    HttpCall(QNetworkReply *reply, std::chrono::milliseconds timeout, qint64 bodyLimitBytes,
+             Completion<HttpResponse> completion, QObject *parent);
+    ~HttpCall() override;
+
+private:
+    void gather();
+    void abort(HttpError::Case reason);
+    void finish();
+    [[nodiscard]] Outcome<HttpResponse> outcome() const;
+    void complete(Outcome<HttpResponse> outcome);
+
+    std::unique_ptr<QNetworkReply, QScopedPointerDeleteLater> m_reply;
+    qint64 m_bodyLimitBytes;
+    Completion<HttpResponse> m_completion;
+    QTimer m_limit;
+    QByteArray m_body;
+    std::optional<HttpError::Case> m_reason;
+};
+
+} // namespace quorvel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Platform/Http/HttpClient.h"
+
+#include <QNetworkAccessManager>
+
+namespace quorvel {
+
+/// The web through Qt's network access. Certificates are verified, redirects and the size of an
+/// answer are bounded, and every call ends within its own limit. Calls that are open when the
+/// client is destroyed end as cancelled.
+class QtHttpClient final : public QObject, public HttpClient
+{
+    Q_OBJECT
+
+public:
+    static constexpr int redirectLimit = 5;
+    static constexpr qint64 defaultBodyLimitBytes = 8 * 1024 * 1024;
+
+    explicit QtHttpClient(qint64 bodyLimitBytes = defaultBodyLimitBytes, QObject *parent = nullptr);
+    ~QtHttpClient() override;
+
+    void send(const HttpRequest &request, Completion<HttpResponse> completion) override;
+
+private:
+    [[nodiscard]] QNetworkReply *start(const HttpRequest &request);
+
+    qint64 m_bodyLimitBytes;
+    QNetworkAccessManager m_manager;
+};
+
+} // namespace quorvel
