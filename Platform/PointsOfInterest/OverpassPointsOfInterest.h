@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Platform/Clock/Clock.h"
+#include "Platform/Http/HttpClient.h"
+#include "Platform/PointsOfInterest/PointsOfInterestError.h"
+#include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
+
+#include <QObject>
+
+#include <deque>
+
+namespace quorvel {
+
+/// The map of OpenStreetMap through its Overpass interface, whose servers are shared by everybody:
+/// one request at a time, a pause when a server asks for it, and another server when one is down.
+/// One object serves the whole process. Searches that are open when it is destroyed end as
+/// cancelled.
+class OverpassPointsOfInterest final : public QObject, public PointsOfInterestSearch
+{
+    Q_OBJECT
+
+public:
+    /// How long no server is asked after one had too many questions.
+    static constexpr std::chrono::seconds backOff{30};
+    /// Public servers with the whole planet, in the order in which they are tried.
+    static const QList<QUrl> defaultEndpoints;
+
+    /// The client and the clock outlive this; there is at least one endpoint.
+    explicit OverpassPointsOfInterest(HttpClient &client, const Clock &clock = Clock::system(),
+                                      QList<QUrl> endpoints = defaultEndpoints);
+    ~OverpassPointsOfInterest() override;
+
+    void search(const PointsOfInterestRequest &request,
+                Completion<std::vector<PointOfInterest>> completion) override;
+
+private:
+    using Places = std::vector<PointOfInterest>;
+    struct Search
+    {
+        QByteArray form;
+        qsizetype endpointsLeft = 0;
+        Completion<Places> completion;
+    };
+
+    void beginLater();
+    void begin();
+    void post();
+    void hear(Outcome<HttpResponse> outcome);
+    void judge(const HttpResponse &response);
+    void tryElsewhere(const PointsOfInterestError &error);
+    void end(Outcome<Places> outcome);
+    void fail(const PointsOfInterestError &error);
+    [[nodiscard]] bool isBackingOff() const;
+
+    HttpClient *m_client;
+    const Clock *m_clock;
+    QList<QUrl> m_endpoints;
+    /// The one that is asked next: that which answered last.
+    qsizetype m_endpoint = 0;
+    std::optional<Instant> m_refusedAt;
+    /// The first one is under way.
+    std::deque<Search> m_searches;
+};
+
+} // namespace quorvel
