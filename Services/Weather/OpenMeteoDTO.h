@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Platform/Errors/LocalizedError.h"
+
+namespace quorvel {
+
+/// The weather as Open-Meteo words it; each member has the key that its comment names.
+struct OpenMeteoCurrentWeather
+{
+    double temperature2M = 0;       ///< "temperature_2m", degrees Celsius
+    double apparentTemperature = 0; ///< "apparent_temperature", degrees Celsius
+    qint64 weatherCode = 0;         ///< "weather_code", WMO
+    qint64 isDay = 0;               ///< "is_day", 0 by night
+    double windSpeed10M = 0;        ///< "wind_speed_10m"
+
+    friend bool operator==(const OpenMeteoCurrentWeather &,
+                           const OpenMeteoCurrentWeather &) = default;
+};
+
+/// The body of a forecast, for the weather service. Every member is required; what else the body
+/// holds is passed over.
+struct OpenMeteoForecastResponse
+{
+    OpenMeteoCurrentWeather current;
+
+    friend bool operator==(const OpenMeteoForecastResponse &,
+                           const OpenMeteoForecastResponse &) = default;
+};
+
+/// A body that is no forecast.
+class OpenMeteoDecodingError final : public LocalizedError
+{
+public:
+    explicit OpenMeteoDecodingError(QString sentence)
+        : m_sentence(std::move(sentence))
+    {}
+
+    [[nodiscard]] QString errorDescription() const override { return m_sentence; }
+
+private:
+    QString m_sentence;
+};
+
+namespace OpenMeteoDTO {
+
+/// Throws OpenMeteoDecodingError.
+[[nodiscard]] OpenMeteoForecastResponse decode(const QByteArray &body);
+
+} // namespace OpenMeteoDTO
+
+} // namespace quorvel

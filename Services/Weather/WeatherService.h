@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Core/Support/Task.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Geodesy/Coordinate.h"
+
+namespace quorvel {
+
+/// The weather of now, for the main loop.
+class WeatherService
+{
+public:
+    virtual ~WeatherService() = default;
+
+    /// The weather at a place. Throws AppError.
+    [[nodiscard]] virtual Task<WeatherSnapshot> currentWeather(Coordinate at) = 0;
+};
+
+} // namespace quorvel
