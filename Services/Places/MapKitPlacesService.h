@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
+#include "Services/Places/PlacesService.h"
+
+#include <array>
+
+namespace quorvel {
+
+/// The cafés around the user from the platform's map, as candidates for a check-in.
+class MapKitPlacesService final : public PlacesService
+{
+public:
+    /// Deliberate: cafés only, neither restaurants nor bakeries.
+    static constexpr std::array defaultCategories{PointOfInterestCategory::Cafe};
+
+    /// The map outlives every call.
+    explicit MapKitPlacesService(PointsOfInterestSearch &map)
+        : m_map(&map)
+    {}
+
+    [[nodiscard]] Task<std::vector<PlaceCandidate>> nearbyCafes(Coordinate around,
+                                                                double radiusMeters) override;
+
+private:
+    using MapItems = std::vector<PointOfInterest>;
+
+    [[nodiscard]] static Task<std::vector<PlaceCandidate>>
+    nearbyCafes(PointsOfInterestSearch *map, Coordinate around, double radiusMeters);
+    [[nodiscard]] static Task<MapItems> search(PointsOfInterestSearch *map, Coordinate around,
+                                               double radiusMeters);
+    [[nodiscard]] static std::vector<PlaceCandidate> candidates(const MapItems &from,
+                                                                Coordinate around);
+
+    PointsOfInterestSearch *m_map;
+};
+
+} // namespace quorvel
