@@ -53,7 +53,7 @@ std::optional<QString> identifier(const QJsonObject &element)
     const QString type = element.value("type"_L1).toString();
     const qint64 id = element.value("id"_L1).toInteger();
     const bool isKnown = type == "node"_L1 || type == "way"_L1 || type == "relation"_L1;
-    return isKnown && id > 0 ? std::optional(u"%1/%2"_s.arg(type).arg(id)) : std::nullopt;
+    return isKnown && id > 0 ? std::optional(type + u'/' + QString::number(id)) : std::nullopt;
 }
 
 std::optional<QString> category(const QJsonObject &tags)
