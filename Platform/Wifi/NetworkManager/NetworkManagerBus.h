@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Platform/Wifi/WifiError.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QMap>
+#include <QVariant>
+
+#include <chrono>
+#include <functional>
+
+namespace quorvel {
+
+/// Groups of values by name: the properties of an object's interfaces, or a profile's settings.
+using NetworkManagerGroups = QMap<QString, QVariantMap>;
+using NetworkManagerObjects = QMap<QDBusObjectPath, NetworkManagerGroups>;
+
+/// The names under which the service shows itself on the bus.
+namespace NetworkManagerNames {
+
+inline const QString service = QStringLiteral("org.freedesktop.NetworkManager");
+inline const QString managerPath = QStringLiteral("/org/freedesktop/NetworkManager");
+inline const QString settingsPath = QStringLiteral("/org/freedesktop/NetworkManager/Settings");
+inline const QString objectsPath = QStringLiteral("/org/freedesktop");
+
+inline const QString manager = service;
+inline const QString device = QStringLiteral("org.freedesktop.NetworkManager.Device");
+inline const QString wireless = QStringLiteral("org.freedesktop.NetworkManager.Device.Wireless");
+inline const QString accessPoint = QStringLiteral("org.freedesktop.NetworkManager.AccessPoint");
+inline const QString active = QStringLiteral("org.freedesktop.NetworkManager.Connection.Active");
+inline const QString settings = QStringLiteral("org.freedesktop.NetworkManager.Settings");
+inline const QString profile = QStringLiteral("org.freedesktop.NetworkManager.Settings.Connection");
+inline const QString objectManager = QStringLiteral("org.freedesktop.DBus.ObjectManager");
+inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
+
+} // namespace NetworkManagerNames
+
+/// One call to the service.
+struct NetworkManagerCall
+{
+    QString path;
+    QString interface;
+    QString member;
+    QVariantList arguments = {};
+};
+
+/// The way to the network service for all who ask it something. Never blocks, never starts it.
+class NetworkManagerBus final
+{
+public:
+    /// Hears the reply, or the message of an error.
+    using Handler = std::function<void(const QDBusMessage &)>;
+
+    /// A limit for calls that last as long as the user thinks about them.
+    static constexpr auto noLimit = std::chrono::milliseconds::max();
+
+    explicit NetworkManagerBus(QDBusConnection connection);
+
+    [[nodiscard]] QDBusConnection connection() const { return m_connection; }
+
+    /// The handler is called once and later, unless the context is destroyed before.
+    void call(QObject *context, const NetworkManagerCall &call, std::chrono::milliseconds limit,
+              Handler handler) const;
+
+    /// For calls whose reply nobody needs.
+    void send(const NetworkManagerCall &call) const;
+
+    [[nodiscard]] static bool isError(const QDBusMessage &reply);
+    /// What an error means to us.
+    [[nodiscard]] static WifiError errorOf(const QDBusMessage &reply);
+
+private:
+    QDBusConnection m_connection;
+};
+
+} // namespace quorvel
