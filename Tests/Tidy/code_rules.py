@@ -36,7 +36,7 @@ def headers_have_one_shape(tree):
         yield from source.findings(r"using namespace .*", "not in a header")
         if source.is_product() and not re.search(r"^namespace quorvel\b", source.code, re.M):
             yield Finding(source.path, 1, "declares nothing in namespace quorvel")
-        name = source.stem.split("+")[0]
+        name = re.sub(r"Models$", r"\\w+", source.stem.split("+")[0])
         if source.is_product() and not re.search(rf"(?i)\b{name}\b", source.code):
             yield Finding(source.path, 1, f"declares nothing of the name {source.stem}")
 

@@ -74,8 +74,13 @@ SAMPLES = {
             {"Models/Cup.h": HEADER + "using namespace Qt::StringLiterals;\n"},
             {"Models/Cup.h": "#pragma once\nclass Cup;\n"},
             {"Models/Mug.h": HEADER},
+            {"Models/MugModels.h": HEADER},
         ],
-        [{"Models/Cup.h": HEADER}, {"Models/Cup.cpp": "using namespace Qt::StringLiterals;\n"}],
+        [
+            {"Models/Cup.h": HEADER},
+            {"Models/CuModels.h": HEADER},
+            {"Models/Cup.cpp": "using namespace Qt::StringLiterals;\n"},
+        ],
     ),
     "includes_name_files_from_the_root": (
         [
