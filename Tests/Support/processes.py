@@ -13,7 +13,7 @@ POLL_SECONDS = 0.02
 class Process:
     """One running program with its output kept in a file."""
 
-    def __init__(self, name, command, environment, log, **options):
+    def __init__(self, name, command, environment, log, stdin=subprocess.DEVNULL, **options):
         self.name = name
         self.log = log
         with open(log, "ab") as output:
@@ -21,7 +21,7 @@ class Process:
             self._child = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "KILL", *command],
                 env=environment,
-                stdin=subprocess.DEVNULL,
+                stdin=stdin,
                 stdout=output,
                 stderr=subprocess.STDOUT,
                 **options,

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Core/Keychain/KeychainError.h"
+#include "Core/Keychain/KeychainStore.h"
+
+#include <QMap>
+#include <QStringList>
+
+namespace quorvel {
+
+/// Passwords in memory: notes the networks that it was asked about, and fails as a test says.
+class FakeKeychainStore final : public KeychainStore
+{
+public:
+    void savePassword(const QString &password, const QString &ssid) override
+    {
+        saved.append(ssid);
+        failIfAsked();
+        passwords.insert(ssid, password);
+    }
+
+    [[nodiscard]] std::optional<QString> password(const QString &ssid) override
+    {
+        read.append(ssid);
+        failIfAsked();
+        const auto found = passwords.constFind(ssid);
+        return found == passwords.constEnd() ? std::nullopt : std::optional(*found);
+    }
+
+    void deletePassword(const QString &ssid) override
+    {
+        deleted.append(ssid);
+        failIfAsked();
+        passwords.remove(ssid);
+    }
+
+    QMap<QString, QString> passwords;
+    /// Thrown by every operation while it is set.
+    std::optional<KeychainError> failure;
+
+    QStringList saved;
+    QStringList read;
+    QStringList deleted;
+
+private:
+    void failIfAsked() const
+    {
+        if (failure)
+            throw KeychainError(*failure);
+    }
+};
+
+} // namespace quorvel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Core/Keychain/KeychainStore.h"
+#include "Platform/Keychain/Keychain.h"
+
+namespace quorvel {
+
+/// Passwords in the user's keychain, as UTF-8 without a terminator. Network names that differ only
+/// in case are different networks. Without a state of its own, so each user makes one.
+class SecItemKeychainStore final : public KeychainStore
+{
+public:
+    /// Under which the whole program keeps its passwords.
+    static constexpr QLatin1StringView wifiService{"com.zantho.quorvel.wifi"};
+
+    /// The keychain outlives the store.
+    explicit SecItemKeychainStore(QString service, Keychain &keychain = Keychain::standard());
+
+    void savePassword(const QString &password, const QString &ssid) override;
+    [[nodiscard]] std::optional<QString> password(const QString &ssid) override;
+    void deletePassword(const QString &ssid) override;
+
+private:
+    [[nodiscard]] KeychainIdentity identityQuery(const QString &ssid) const;
+
+    QString m_service;
+    Keychain *m_keychain;
+};
+
+} // namespace quorvel

@@ -1,0 +1,102 @@
+#include "Platform/Keychain/SecretServiceKeychain.h"
+
+#include "Platform/Keychain/SecretAttributes.h"
+#include "Platform/Keychain/SecretServiceCall.h"
+#include "Platform/Keychain/SecretServiceFailure.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+namespace {
+
+bool isLocked(const GLibObject<SecretItem> &item)
+{
+    return secret_item_get_locked(item.get());
+}
+
+} // namespace
+
+SecretServiceKeychain::SecretServiceKeychain()
+    : m_connection(std::make_unique<SecretServiceConnection>())
+{}
+
+SecretServiceKeychain::~SecretServiceKeychain() = default;
+
+KeychainStatus::Code SecretServiceKeychain::add(const KeychainItem &item)
+{
+    return run(item.identity, [&](const SecretServiceCall &call) {
+        if (!call.items(item.identity).empty())
+            return KeychainStatus::duplicateItem;
+        const auto collection = call.defaultCollection();
+        if (!collection)
+            return KeychainStatus::noDefaultKeychain;
+        if (secret_collection_get_locked(collection.get()))
+            return KeychainStatus::interactionNotAllowed;
+        call.create(*collection, item);
+        return KeychainStatus::success;
+    });
+}
+
+KeychainStatus::Code SecretServiceKeychain::update(const KeychainIdentity &identity,
+                                                   const QByteArray &valueData)
+{
+    return run(identity, [&](const SecretServiceCall &call) {
+        const auto items = call.items(identity);
+        if (items.empty())
+            return KeychainStatus::itemNotFound;
+        if (isLocked(items.front()))
+            return KeychainStatus::interactionNotAllowed;
+        call.setSecret(*items.front(), valueData);
+        return KeychainStatus::success;
+    });
+}
+
+KeychainMatch SecretServiceKeychain::copyMatching(const KeychainIdentity &identity)
+{
+    KeychainMatch match;
+    match.status = run(identity, [&](const SecretServiceCall &call) {
+        const auto items = call.items(identity);
+        if (items.empty())
+            return KeychainStatus::itemNotFound;
+        if (isLocked(items.front()))
+            return KeychainStatus::interactionNotAllowed;
+        match.valueData = call.secret(*items.front());
+        return KeychainStatus::success;
+    });
+    return match;
+}
+
+KeychainStatus::Code SecretServiceKeychain::remove(const KeychainIdentity &identity)
+{
+    return run(identity, [&](const SecretServiceCall &call) {
+        const auto items = call.items(identity);
+        if (items.empty())
+            return KeychainStatus::itemNotFound;
+        if (std::any_of(items.begin(), items.end(), isLocked))
+            return KeychainStatus::interactionNotAllowed;
+        for (const auto &item : items)
+            call.remove(*item);
+        return KeychainStatus::success;
+    });
+}
+
+KeychainStatus::Code SecretServiceKeychain::run(const KeychainIdentity &identity,
+                                                const Operation &operation)
+{
+    if (!SecretAttributes::canHold(identity))
+        return KeychainStatus::invalidParameter;
+    try {
+        return operation(SecretServiceCall(*m_connection));
+    } catch (const SecretServiceFailure &failure) {
+        return failure.status;
+    }
+}
+
+Keychain &Keychain::standard()
+{
+    static SecretServiceKeychain keychain;
+    return keychain;
+}
+
+} // namespace quorvel

@@ -1,0 +1,191 @@
+#include "Platform/Keychain/SecretServiceKeychain.h"
+
+#include "Tests/Support/KeyringOrders.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+namespace quorvel::tests {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const KeychainIdentity cafe{.service = u"com.zantho.quorvel.wifi"_s, .account = u"Cafe"_s};
+const KeychainIdentity other{.service = u"com.zantho.quorvel.wifi"_s, .account = u"Other"_s};
+
+/// What an operation may take where the service does not answer: the deadline and some more for a
+/// busy machine. Without a deadline it takes more than 40 s.
+constexpr qint64 patienceMilliseconds = 6'000;
+constexpr qint64 deadlineMilliseconds = 2'000;
+/// What an operation takes at most that neither waits nor asks.
+constexpr qint64 promptlyMilliseconds = 1'500;
+
+} // namespace
+
+/// The keychain beside a real daemon, in whatever state that is.
+class SecretServiceKeychainTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_keychain = std::make_unique<SecretServiceKeychain>();
+        m_orders.give("forget");
+    }
+
+    void aLockedKeyringIsAFailureAndNeverAQuestion()
+    {
+        startWithItem();
+        m_orders.give("lock");
+        everyOperationAnswers(KeychainStatus::interactionNotAllowed, promptlyMilliseconds);
+        QCOMPARE(m_keychain->add({.identity = other, .valueData = "x"}),
+                 KeychainStatus::interactionNotAllowed);
+    }
+
+    /// The item is known by its attributes, which can be searched behind the lock.
+    void inALockedKeyringADuplicateIsOneStill()
+    {
+        startWithItem();
+        m_orders.give("lock");
+        QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "x"}),
+                 KeychainStatus::duplicateItem);
+        QCOMPARE(m_keychain->copyMatching(other).status, KeychainStatus::itemNotFound);
+    }
+
+    void anUnlockedKeyringAnswersAgain()
+    {
+        startWithItem();
+        m_orders.give("lock");
+        QCOMPARE(m_keychain->update(cafe, "x"), KeychainStatus::interactionNotAllowed);
+        QCOMPARE(m_keychain->remove(cafe), KeychainStatus::interactionNotAllowed);
+        m_orders.give("unlock");
+        QCOMPARE(value(cafe), QByteArray("secret"));
+    }
+
+    void withoutAKeyringNewItemsHaveNoPlace()
+    {
+        m_orders.give("start_without_keyring");
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "x"}),
+                 KeychainStatus::noDefaultKeychain);
+        QVERIFY2(timer.elapsed() < promptlyMilliseconds, "took too long");
+        QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::itemNotFound);
+    }
+
+    void withoutAServiceThereIsNoKeychain()
+    {
+        everyOperationAnswers(KeychainStatus::notAvailable, promptlyMilliseconds);
+    }
+
+    void aServiceThatAppearsLaterIsUsed()
+    {
+        QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::notAvailable);
+        m_orders.give("start");
+        QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::itemNotFound);
+    }
+
+    void aServiceThatNeverAnswersIsGivenUp()
+    {
+        startWithItem();
+        m_orders.give("stop");
+        everyOperationAnswers(KeychainStatus::notAvailable, patienceMilliseconds);
+        m_orders.give("resume");
+        QVERIFY(m_keychain->copyMatching(other).status != KeychainStatus::notAvailable);
+    }
+
+    void aServiceThatNeverAnsweredBeforeIsGivenUpAsWell()
+    {
+        m_orders.give("start");
+        m_orders.give("stop");
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::notAvailable);
+        QVERIFY2(timer.elapsed() < patienceMilliseconds, "took too long");
+        QVERIFY2(timer.elapsed() >= deadlineMilliseconds - 10, "gave up too early");
+    }
+
+    void aServiceThatDiedIsAbsent()
+    {
+        startWithItem();
+        m_orders.give("kill");
+        everyOperationAnswers(KeychainStatus::notAvailable, promptlyMilliseconds);
+    }
+
+    void aServiceThatWasStartedAgainIsTheSameKeychain()
+    {
+        startWithItem();
+        m_orders.give("kill");
+        m_orders.give("start");
+        QCOMPARE(value(cafe), QByteArray("secret"));
+        QCOMPARE(m_keychain->update(cafe, "changed"), KeychainStatus::success);
+        m_orders.give("absent");
+        m_orders.give("start");
+        QCOMPARE(value(cafe), QByteArray("changed"));
+        QCOMPARE(m_keychain->remove(cafe), KeychainStatus::success);
+    }
+
+    /// The service's texts end at the first NUL: two such names would be one item.
+    void aNameThatTheServiceCannotHoldIsAnInvalidParameter_data()
+    {
+        QTest::addColumn<QString>("account");
+        QTest::newRow("NUL inside") << u"Cafe\0x"_s;
+        QTest::newRow("32 NULs") << QString(32, QChar(u'\0'));
+        QTest::newRow("half a character") << QString(QChar(0xd83d));
+    }
+
+    void aNameThatTheServiceCannotHoldIsAnInvalidParameter()
+    {
+        QFETCH(const QString, account);
+        startWithItem();
+        const KeychainIdentity identity{.service = cafe.service, .account = account};
+        everyOperationAnswers(KeychainStatus::invalidParameter, promptlyMilliseconds, identity);
+        QCOMPARE(m_keychain->add({.identity = identity, .valueData = "x"}),
+                 KeychainStatus::invalidParameter);
+        QCOMPARE(value(cafe), QByteArray("secret"));
+    }
+
+private:
+    void startWithItem()
+    {
+        m_orders.give("start");
+        QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "secret"}),
+                 KeychainStatus::success);
+    }
+
+    QByteArray value(const KeychainIdentity &identity)
+    {
+        return m_keychain->copyMatching(identity).valueData.value_or("nothing");
+    }
+
+    /// The operations on an item that may be there, each within its time.
+    void everyOperationAnswers(KeychainStatus::Code status, qint64 milliseconds,
+                               const KeychainIdentity &identity = cafe)
+    {
+        const std::vector<std::function<KeychainStatus::Code()>> operations{
+            [&] { return m_keychain->copyMatching(identity).status; },
+            [&] { return m_keychain->update(identity, "x"); },
+            [&] { return m_keychain->remove(identity); },
+            [&] { return m_keychain->add({.identity = other, .valueData = "x"}); }};
+        const auto count = identity == cafe ? operations.size() : operations.size() - 1;
+        for (size_t i = 0; i < count; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(operations[i](), status);
+            QVERIFY2(timer.elapsed() < milliseconds, "took too long");
+        }
+    }
+
+    KeyringOrders m_orders;
+    std::unique_ptr<SecretServiceKeychain> m_keychain;
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::SecretServiceKeychainTest)
+#include "SecretServiceKeychainTest.moc"

@@ -1,0 +1,145 @@
+"""The real keyring daemon on a bus of the tests' own, with a keyring that is thrown away."""
+
+import os
+import shutil
+import signal
+import time
+
+import dbus
+import dbus.bus
+
+from processes import POLL_SECONDS
+
+NAME = "org.freedesktop.secrets"
+PATH = "/org/freedesktop/secrets"
+SERVICE = "org.freedesktop.Secret.Service"
+UNPROMPTED = "org.gnome.keyring.InternalUnsupportedGuiltRiddenInterface"
+COLLECTION = "org.freedesktop.Secret.Collection"
+NO_COLLECTION = ("", "/")
+# What a person types at login: the keyring is made with it, and unlocked.
+PASSWORD = b"correct horse\n"
+WAIT_SECONDS = 15
+
+
+class KeyringWorld:
+    """Starts the daemon and plays what can become of it. Ends with the processes it is given.
+
+    `environment` names the bus and the folders, and `processes` is a ProcessGroup.
+    """
+
+    VERBS = (
+        "start", "start_without_keyring", "lock", "unlock", "stop", "resume", "kill", "absent",
+        "forget",
+    )
+
+    def __init__(self, environment, processes):
+        self._environment = environment
+        self._processes = processes
+        self._daemon = None
+
+    # What it can be told
+
+    def start(self):
+        """A daemon whose keyring is there and unlocked, as after a login."""
+        self._launch(["--unlock"], PASSWORD)
+        self._wait_until(self.default_collection, "has a keyring")
+
+    def start_without_keyring(self):
+        """A daemon that has never seen a login: there is no place for new items."""
+        self._launch([], b"")
+
+    def lock(self):
+        unlocked = dbus.Array([self.default_collection()], signature="o")
+        self._call("Lock", "ao", unlocked)
+
+    def unlock(self):
+        """As with the right password typed, without a prompt."""
+        bus = self._bus()
+        nothing = dbus.String("", variant_level=1)
+        _, session = bus.call_blocking(NAME, PATH, SERVICE, "OpenSession", "sv", ("plain", nothing))
+        secret = (session, dbus.ByteArray(b""), dbus.ByteArray(PASSWORD), "text/plain")
+        bus.call_blocking(
+            NAME, PATH, UNPROMPTED, "UnlockWithMasterPassword", "o(oayays)",
+            (self.default_collection(), secret),
+        )
+        bus.close()
+
+    def stop(self):
+        """It keeps its name and answers nobody."""
+        self._daemon.freeze()
+
+    def resume(self):
+        self._daemon.thaw()
+
+    def kill(self):
+        """It dies in the middle of whatever it does."""
+        os.kill(self._daemon.pid, signal.SIGKILL)
+        self.absent()
+
+    def absent(self):
+        """No daemon, as on a machine without one. The keyring's file stays."""
+        if self._daemon:
+            self._daemon.end()
+            self._daemon = None
+            self._wait_until(lambda: not self.is_present(), "is off the bus")
+
+    def forget(self):
+        """No daemon, and none of what an earlier one kept."""
+        self.absent()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # What can be seen of it
+
+    @property
+    def folder(self):
+        return os.path.join(self._environment["XDG_DATA_HOME"], "keyrings")
+
+    def is_present(self):
+        bus = self._bus()
+        try:
+            return bus.name_has_owner(NAME)
+        finally:
+            bus.close()
+
+    def default_collection(self):
+        """Where new items go; none where the user has no such place."""
+        path = str(self._call("ReadAlias", "s", "default"))
+        return path if path not in NO_COLLECTION else None
+
+    def is_locked(self):
+        return bool(self._properties(self.default_collection(), COLLECTION)["Locked"])
+
+    def collections(self):
+        return [str(path) for path in self._properties(PATH, SERVICE)["Collections"]]
+
+    # Parts
+
+    def _launch(self, options, typed):
+        self.absent()
+        reading, writing = os.pipe()
+        os.write(writing, typed)
+        os.close(writing)
+        command = ["gnome-keyring-daemon", "--foreground", "--components=secrets", *options]
+        self._daemon = self._processes.start("keyring", command, self._environment, stdin=reading)
+        os.close(reading)
+        self._wait_until(self.is_present, "is on the bus")
+
+    def _bus(self):
+        return dbus.bus.BusConnection(self._environment["DBUS_SESSION_BUS_ADDRESS"])
+
+    def _call(self, method, signature, *arguments, path=PATH, interface=SERVICE):
+        bus = self._bus()
+        try:
+            return bus.call_blocking(NAME, path, interface, method, signature, arguments)
+        finally:
+            bus.close()
+
+    def _properties(self, path, interface):
+        return self._call("GetAll", "s", interface, path=path, interface=dbus.PROPERTIES_IFACE)
+
+    def _wait_until(self, condition, what):
+        deadline = time.monotonic() + WAIT_SECONDS
+        while not condition():
+            if time.monotonic() > deadline:
+                raise AssertionError(f"not so: the keyring {what}\n{self._processes.logs()}")
+            time.sleep(POLL_SECONDS)
