@@ -65,6 +65,7 @@ endfunction()
 
 # quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds]
 #                     [ENVIRONMENT ...])
+# Finds the modules of Tests/Support and Tests/World.
 # Always the system's Python: the one first on PATH may lack the modules that Debian installs.
 set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
 function(quorvel_python_test name)
@@ -74,7 +75,8 @@ function(quorvel_python_test name)
   endif()
   add_test(NAME ${name}
     COMMAND ${QUORVEL_PYTHON} -B ${CMAKE_CURRENT_SOURCE_DIR}/${arg_SCRIPT} ${arg_ARGUMENTS})
-  set(environment PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support
+  set(environment
+      PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support:${PROJECT_SOURCE_DIR}/Tests/World
       ${QUORVEL_TEST_ENVIRONMENT} ${arg_ENVIRONMENT})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")

@@ -38,8 +38,11 @@ class PrivateSession:
         self.processes.end_all()
         self._temporary.cleanup()
 
-    def start(self, name, command, **options):
-        return self.processes.start(name, command, self.environment, **options)
+    def start(self, name, command, environment=None, **options):
+        """The environment is added to the session's, and overrules it."""
+        return self.processes.start(
+            name, command, {**self.environment, **(environment or {})}, **options
+        )
 
     def end_bus(self):
         self._bus.end()

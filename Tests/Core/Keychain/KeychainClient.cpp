@@ -1,0 +1,61 @@
+#include "Core/Keychain/KeychainError.h"
+#include "Core/Keychain/SecItemKeychainStore.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <iostream>
+#include <string>
+
+using namespace quorvel;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString ssid = u"Quán Cà Phê"_s;
+
+/// Carries out one order; never prints a password.
+QByteArray answerTo(const std::string &order, QString &saved)
+{
+    SecItemKeychainStore store{QString(SecItemKeychainStore::wifiService)};
+    const auto blank = order.find(' ');
+    if (order.starts_with("save ")) {
+        saved = QString::fromStdString(order.substr(blank + 1));
+        store.savePassword(saved, ssid);
+        return "saved";
+    }
+    if (order == "delete") {
+        store.deletePassword(ssid);
+        return "deleted";
+    }
+    const auto password = store.password(ssid);
+    if (!password)
+        return "absent";
+    return *password == saved ? "the same" : "another";
+}
+
+} // namespace
+
+/// A program that does with passwords what the real one does, at the word of a test: reads orders
+/// ("save PASSWORD", "read", "delete") from its input, and writes how each ended to the file of the
+/// given number. Its output is left to what the libraries have to say.
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QFile answers;
+    if (argc != 2 || !answers.open(QByteArray(argv[1]).toInt(), QIODevice::WriteOnly))
+        return 2;
+    QString saved;
+    for (std::string order; std::getline(std::cin, order);) {
+        // What the event loop does between two clicks.
+        QCoreApplication::processEvents();
+        try {
+            answers.write(answerTo(order, saved));
+        } catch (const std::exception &error) {
+            answers.write(error.what());
+        }
+        answers.write("\n");
+        answers.flush();
+    }
+    return 0;
+}
