@@ -10,6 +10,10 @@ GRACE_SECONDS = 3
 POLL_SECONDS = 0.02
 
 
+class NotSeen(AssertionError):
+    """Something that should have happened did not."""
+
+
 class Process:
     """One running program with its output kept in a file."""
 
@@ -77,6 +81,17 @@ class ProcessGroup:
         process = Process(name, command, marked, self._folder / f"{name}.log", **options)
         self._started.append(process)
         return process
+
+    def start_announcing(self, name, command, environment):
+        """Starts a server that writes one line on a descriptor once it can be reached."""
+        reading, writing = os.pipe()
+        with os.fdopen(reading) as lines:
+            self.start(name, command(writing), environment, pass_fds=[writing])
+            os.close(writing)
+            line = lines.readline().strip()
+        if not line:
+            raise NotSeen(f"the {name} did not start\n{self.logs()}")
+        return line
 
     def end_all(self):
         for process in reversed(self._started):

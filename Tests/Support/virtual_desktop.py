@@ -1,6 +1,5 @@
 """A desktop in memory for driving the program as a person does: screen, bus, windows, tray."""
 
-import os
 import pathlib
 import subprocess
 import tempfile
@@ -11,7 +10,9 @@ import dbus.bus
 
 from fake_status_host import ITEM, FakeStatusHost
 from picture import Box, FrameBuffer
-from processes import POLL_SECONDS, ProcessGroup
+from private_bus import start_bus
+from private_home import private_home
+from processes import POLL_SECONDS, NotSeen, ProcessGroup
 from tray_hosts import STARTERS
 
 PYTHON = "/usr/bin/python3"
@@ -22,23 +23,6 @@ SETTLED_SECONDS = 0.3
 RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
 COMMAND_SECONDS = 10
-
-BUS_CONFIGURATION = """<busconfig>
-  <type>session</type>
-  <listen>unix:dir={folder}</listen>
-  <servicedir>{folder}/services</servicedir>
-  <policy context="default">
-    <allow send_destination="*"/>
-    <allow receive_sender="*"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-"""
-INSTALLED_SERVICES = pathlib.Path("/usr/share/dbus-1/services")
-
-
-class NotSeen(AssertionError):
-    """Something that should have happened on the desktop did not."""
 
 
 def process_id(bus, name):
@@ -203,43 +187,27 @@ class VirtualDesktop:
     def _make_home(self):
         self.config_home = self.folder / "config"
         self.data_home = self.folder / "data"
-        for name in ("home", "config", "data", "cache", "run", "screen", "services"):
-            (self.folder / name).mkdir(mode=0o700)
-        kept = {
-            name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")
-        }
+        (self.folder / "screen").mkdir(mode=0o700)
         self.environment = {
-            **kept,
-            "PATH": "/usr/local/bin:/usr/bin:/bin",
-            "LANG": "C.UTF-8",
-            "HOME": str(self.folder / "home"),
-            "XDG_CONFIG_HOME": str(self.config_home),
-            "XDG_DATA_HOME": str(self.data_home),
-            "XDG_CACHE_HOME": str(self.folder / "cache"),
-            "XDG_RUNTIME_DIR": str(self.folder / "run"),
+            **private_home(self.folder),
             "XDG_SESSION_TYPE": "x11",
             "QT_QPA_PLATFORM": "xcb",
             "NO_AT_BRIDGE": "1",
         }
 
     def _start_bus(self):
-        for name in self._services:
-            service = INSTALLED_SERVICES / f"{name}.service"
-            (self.folder / "services" / service.name).symlink_to(service)
-        configuration = self.folder / "bus.conf"
-        configuration.write_text(BUS_CONFIGURATION.format(folder=self.folder))
-        self.bus_address = self._start_announcing(
-            "bus", lambda end: ["dbus-daemon", "--nofork", f"--config-file={configuration}"]
-            + [f"--print-address={end}"],
+        self.bus_address = start_bus(
+            self._processes, "session-bus", self.folder, self.environment, self._services
         )
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus_address
 
     def _start_screen(self):
         width, height = self._size
         # Without -noreset the server starts over, refusing clients, whenever its last one leaves.
-        number = self._start_announcing(
+        number = self._processes.start_announcing(
             "screen", lambda end: ["Xvfb", "-displayfd", str(end), "-noreset", "-nolisten", "tcp"]
             + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],
+            self.environment,
         )
         self.environment["DISPLAY"] = f":{number}"
         self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
@@ -250,17 +218,6 @@ class VirtualDesktop:
             lambda: "window id" in self._ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
             "the window manager is up",
         )
-
-    def _start_announcing(self, name, command):
-        """Starts a server that writes one line on a descriptor once it can be reached."""
-        reading, writing = os.pipe()
-        with os.fdopen(reading) as lines:
-            self.start(name, command(writing), pass_fds=[writing])
-            os.close(writing)
-            line = lines.readline().strip()
-        if not line:
-            raise NotSeen(f"the {name} did not start\n{self._processes.logs()}")
-        return line
 
     def _ask(self, *command):
         finished = subprocess.run(

@@ -1,0 +1,32 @@
+"""A message bus of a test's own, on which every client may do everything."""
+
+import pathlib
+
+CONFIGURATION = """<busconfig>
+  <type>session</type>
+  <listen>unix:dir={folder}</listen>
+  <servicedir>{folder}/services</servicedir>
+  <policy context="default">
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+"""
+INSTALLED_SERVICES = pathlib.Path("/usr/share/dbus-1/services")
+
+
+def start_bus(processes, name, folder, environment, services=()):
+    """The address of a new bus; a call starts only those of the machine's services."""
+    own = folder / name
+    (own / "services").mkdir(parents=True, mode=0o700)
+    for service in services:
+        installed = INSTALLED_SERVICES / f"{service}.service"
+        (own / "services" / installed.name).symlink_to(installed)
+    configuration = own / "bus.conf"
+    configuration.write_text(CONFIGURATION.format(folder=own))
+    return processes.start_announcing(
+        name, lambda end: ["dbus-daemon", "--nofork", f"--config-file={configuration}"]
+        + [f"--print-address={end}"],
+        environment,
+    )
