@@ -1,0 +1,61 @@
+#include "Quorvel/Endpoints.h"
+
+#include <QProcessEnvironment>
+
+#include <algorithm>
+#include <array>
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array loopbackHosts{"localhost"_L1, "127.0.0.1"_L1, "::1"_L1};
+
+/// By the name alone: what a resolver says of another name can change.
+bool isOnThisMachine(const QString &host)
+{
+    return std::find(loopbackHosts.begin(), loopbackHosts.end(), host) != loopbackHosts.end();
+}
+
+bool isAccepted(const QUrl &url)
+{
+    if (!url.isValid() || url.host().isEmpty() || !url.userInfo().isEmpty())
+        return false;
+    return url.scheme() == "https"_L1 || (url.scheme() == "http"_L1 && isOnThisMachine(url.host()));
+}
+
+std::optional<QUrl> readEndpoint(const QProcessEnvironment &environment, const QString &variable)
+{
+    const QString address = environment.value(variable);
+    if (address.isEmpty())
+        return std::nullopt;
+    const QUrl url(address, QUrl::StrictMode);
+    if (!isAccepted(url))
+        throw EndpointError(variable, address);
+    return url;
+}
+
+} // namespace
+
+EndpointError::EndpointError(const QString &variable, const QString &address)
+    : m_variable(variable)
+    , m_address(address)
+{}
+
+QString EndpointError::errorDescription() const
+{
+    // Whoever wrote a password into the address does not want to read it in a log.
+    const QString shown = QUrl(m_address).adjusted(QUrl::RemoveUserInfo).toString();
+    return u"%1 is “%2”: only https is accepted, or http on this machine, without a user."_s.arg(
+        m_variable, shown);
+}
+
+Endpoints Endpoints::read(const QProcessEnvironment &environment)
+{
+    return {.places = readEndpoint(environment, u"QUORVEL_PLACES_ENDPOINT"_s),
+            .weather = readEndpoint(environment, u"QUORVEL_WEATHER_ENDPOINT"_s)};
+}
+
+} // namespace quorvel
