@@ -1,5 +1,6 @@
 """A desktop in memory for driving the program as a person does: screen, bus, windows, tray."""
 
+import os
 import pathlib
 import subprocess
 import tempfile
