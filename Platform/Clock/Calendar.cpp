@@ -24,8 +24,8 @@ Instant startOf(QDate date, const QTimeZone &zone)
 
 } // namespace
 
-Calendar::Calendar(QTimeZone zone)
-    : m_zone(std::move(zone))
+Calendar::Calendar(const QTimeZone &zone)
+    : m_zone(zone)
 {}
 
 DayInterval Calendar::day(Instant containing) const

@@ -23,7 +23,7 @@ struct DayInterval
 class Calendar
 {
 public:
-    explicit Calendar(QTimeZone zone);
+    explicit Calendar(const QTimeZone &zone);
 
     /// The local day that holds the instant. It lasts 23 or 25 hours where the clocks change, and
     /// begins after midnight where midnight itself is skipped.

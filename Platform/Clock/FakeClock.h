@@ -8,9 +8,9 @@ namespace quorvel {
 class FakeClock final : public Clock
 {
 public:
-    explicit FakeClock(Instant now, QTimeZone zone = QTimeZone::utc())
+    explicit FakeClock(Instant now, const QTimeZone &zone = QTimeZone::utc())
         : instant(now)
-        , timeZone(std::move(zone))
+        , timeZone(zone)
     {}
 
     [[nodiscard]] Instant now() const override { return instant; }
