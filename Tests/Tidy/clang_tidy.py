@@ -60,7 +60,9 @@ def check(build, command, stamp):
         ["clang-tidy", "--quiet", f"-p={build}", command["file"]],
         capture_output=True, text=True, check=False,
     )
-    if finished.returncode == 0:
+    # A configuration that it cannot read is no failure to clang-tidy: it goes on without.
+    unread = ".clang-tidy:" in finished.stderr
+    if finished.returncode == 0 and not unread:
         stamp.touch()
         return ""
     return finished.stdout + finished.stderr
@@ -76,11 +78,13 @@ def main(build):
         stamp = passed / fingerprint(command, headers.get(output_of(command), []))
         if not stamp.exists():
             waiting[path] = (command, stamp)
+    failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        complaints = pool.map(lambda job: check(build, *job), waiting.values())
-        failed = [complaint for complaint in complaints if complaint]
-    print(*failed, sep="\n", end="\n" if failed else "")
-    print(f"clang-tidy: {len(waiting)} files read, {len(failed)} with something to change")
+        for complaint in pool.map(lambda job: check(build, *job), waiting.values()):
+            if complaint:
+                failed += 1
+                print(complaint, flush=True)
+    print(f"clang-tidy: {len(waiting)} files read, {failed} with something to change")
     return 1 if failed else 0
 
 
