@@ -12,7 +12,7 @@ import time
 
 import dbus
 
-from geolocation_endpoint import GeolocationEndpoint
+from geolocation_endpoint import HOME, GeolocationEndpoint
 from processes import ProcessGroup
 from system_bus import start_system_bus
 
@@ -73,7 +73,7 @@ class GeoClueWorld:
 
     COMMANDS = ("start_daemon", "stop_daemon", "kill_daemon", "freeze_daemon", "thaw_daemon",
                 "start_agent", "stop_agent", "set_agent_level", "stand_at", "fail", "hang",
-                "allow", "disallow", "await_request", "expect_no_clients")
+                "allow", "disallow", "mend", "await_request", "expect_no_clients")
 
     def __init__(self, address=None):
         self._folder = tempfile.TemporaryDirectory(prefix="quorvel-geoclue-")
@@ -164,6 +164,17 @@ class GeoClueWorld:
 
     def disallow(self):
         self._configure(False)
+
+    def mend(self):
+        """Has everything be as it was at the start, whatever a test has broken."""
+        self.endpoint.stand_at(*HOME)
+        self._is_allowed = True
+        self.thaw_daemon()
+        self._daemon.end()
+        if self._agent:
+            self.stop_agent()
+        self.start_agent()
+        self.start_daemon()
 
     def await_request(self):
         """Returns once the daemon has asked where it is since it was started."""

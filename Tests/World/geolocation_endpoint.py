@@ -4,16 +4,17 @@ import http.server
 import json
 import threading
 
+# Latitude and longitude in degrees, and the accuracy in metres.
+HOME = (10.7769, 106.7009, 25.0)
+
 
 class GeolocationEndpoint:
     """Answers every request with one position, or as badly as it was told to."""
 
     def __init__(self):
-        self._position = {"location": {"lat": 10.7769, "lng": 106.7009}, "accuracy": 25.0}
-        self._status = 200
         self._open = threading.Event()
-        self._open.set()
         self.requests = 0
+        self.stand_at(*HOME)
         endpoint = self
 
         class Handler(http.server.BaseHTTPRequestHandler):

@@ -79,6 +79,8 @@ private slots:
         QVERIFY(SystemBus::connection().isConnected());
     }
 
+    void init() { QVERIFY(m_world.tell("mend")); }
+
     void theStatusIsUndeterminedUntilAStartWasAnswered()
     {
         Recorded recorded(patientLimits);
@@ -163,7 +165,6 @@ private slots:
         QCOMPARE(recorded.eventsOf(position, 2), QStringList({u"status 2"_s, u"failed"_s}));
         QVERIFY2(recorded.failure.contains(u"disabled"_s), qPrintable(recorded.failure));
         QCOMPARE(statusOf(recorded), 0);
-        QVERIFY(m_world.tell("set_agent_level 8"));
     }
 
     void aPermissionWithdrawnInMidCallEndsIt()
@@ -175,8 +176,6 @@ private slots:
         QVERIFY(m_world.tell("await_request"));
         QVERIFY(m_world.tell("set_agent_level 0"));
         QTRY_COMPARE(recorded.events, QStringList({u"status 2"_s, u"failed"_s}));
-        QVERIFY(m_world.tell("set_agent_level 8"));
-        QVERIFY(m_world.tell("stand_at 10.7769 106.7009 25"));
     }
 
     void aRefusalByConfigurationIsTheRestrictedStatus()
@@ -208,7 +207,6 @@ private slots:
         QCOMPARE(recorded.eventsOf(position), QStringList(u"failed"_s));
         QCOMPARE(recorded.failure, u"The location service did not answer."_s);
         QCOMPARE(recorded.eventsOf(permission), QStringList(u"status 3"_s));
-        QVERIFY(m_world.tell("start_agent"));
     }
 
     void anAgentThatComesLateIsWaitedFor()
@@ -219,16 +217,6 @@ private slots:
         recorded.manager.requestLocation();
         QVERIFY(m_world.tell("start_agent"));
         QTRY_COMPARE(recorded.events, QStringList({u"status 3"_s, u"located"_s}));
-    }
-
-    void aClientThatComesTooLateIsDeleted()
-    {
-        QVERIFY(m_world.tell("stop_agent"));
-        QVERIFY(restartDaemon());
-        Recorded recorded(shortLimits);
-        QCOMPARE(recorded.eventsOf(position), QStringList(u"failed"_s));
-        QVERIFY(m_world.tell("start_agent"));
-        QVERIFY(m_world.tell("expect_no_clients"));
     }
 
     void nothingIsLeftInTheDaemon()
@@ -283,7 +271,6 @@ private slots:
         QVERIFY(restartDaemon());
         QCOMPARE(recorded.eventsOf(position), QStringList(u"failed"_s));
         QCOMPARE(recorded.failure, u"The location could not be determined in time."_s);
-        QVERIFY(m_world.tell("stand_at 10.7769 106.7009 25"));
     }
 
     void anEndpointThatFailsFailsThePosition()

@@ -155,6 +155,30 @@ private slots:
         QCOMPARE(endOf(GeoClueRequest::Goal::Position, limits), noAnswer);
     }
 
+    void aClientThatComesTooLateIsDeleted()
+    {
+        m_daemon->silent.append(u"CreateClient"_s);
+        GeoClueLimits limits = patientLimits;
+        limits.client = 100ms;
+        QCOMPARE(endOf(GeoClueRequest::Goal::Position, limits), noAnswer);
+        QCOMPARE(m_daemon->calls.size(), 1);
+        m_daemon->answerLate();
+        QTRY_COMPARE(m_daemon->calls.last(),
+                     u"/org/freedesktop/GeoClue2/Manager DeleteClient /client"_s);
+    }
+
+    void aRequestDestroyedInMidCallLeavesNothingBehind()
+    {
+        m_daemon->locationPaths.clear();
+        const auto *request = begin(GeoClueRequest::Goal::Position, patientLimits);
+        QTRY_VERIFY(m_daemon->calls.contains(u"/client Start"_s));
+        delete request;
+        QTRY_COMPARE(m_daemon->calls.last(),
+                     u"/org/freedesktop/GeoClue2/Manager DeleteClient /client"_s);
+        QVERIFY(m_daemon->calls.contains(u"/client Stop"_s));
+        QVERIFY(m_end.isEmpty());
+    }
+
     void aFixThatNeverComesHasItsLimit()
     {
         m_daemon->locationPaths.clear();

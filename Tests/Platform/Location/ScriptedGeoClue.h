@@ -66,6 +66,13 @@ public:
         m_bus.send(signal);
     }
 
+    /// Answers the calls that were met with silence.
+    void answerLate()
+    {
+        for (const QDBusMessage &message : std::exchange(m_unanswered, {}))
+            m_bus.send(message.createReply(answerTo(message.member())));
+    }
+
     const QString client = QStringLiteral("/client");
     const QString location = QStringLiteral("/location");
     /// What a method answers in the place of what is right.
@@ -81,14 +88,17 @@ private:
     static QString described(const QDBusMessage &message);
 
     QDBusConnection m_bus;
+    QList<QDBusMessage> m_unanswered;
 };
 
 inline bool ScriptedGeoClue::handleMessage(const QDBusMessage &message, const QDBusConnection &bus)
 {
     const QString method = message.member();
     calls.append(described(message));
-    if (silent.contains(method))
+    if (silent.contains(method)) {
+        m_unanswered.append(message);
         return true;
+    }
     if (method == QStringLiteral("Start")) {
         for (const QString &path : locationPaths)
             emitLocation(path);
