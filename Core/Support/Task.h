@@ -35,12 +35,8 @@ template <class Value>
 class Delivery final
 {
 public:
-    /// Only the first outcome counts. The coroutine goes on when told to.
-    void arrive(Outcome<Value> outcome)
-    {
-        if (!m_outcome)
-            m_outcome.emplace(std::move(outcome));
-    }
+    /// Once. The coroutine goes on when told to.
+    void arrive(Outcome<Value> outcome) { m_outcome.emplace(std::move(outcome)); }
     void resume()
     {
         if (const auto waiter = std::exchange(m_waiter, {}))
@@ -84,7 +80,7 @@ public:
     Pending() = default;
     Q_DISABLE_COPY_MOVE(Pending)
 
-    /// To be asked for once. May be called on any thread.
+    /// To be asked for once. May be called on any thread; only its first call counts.
     [[nodiscard]] Completion<Value> completion()
     {
         Q_ASSERT(m_sender);
