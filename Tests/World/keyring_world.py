@@ -1,13 +1,19 @@
-"""The real keyring daemon on a bus of the tests' own, with a keyring that is thrown away."""
+"""The real keyring daemon on a bus of the tests' own, with a keyring that is thrown away.
+
+Started by itself it writes the address of its bus, then obeys one line of its input at a time: one
+of the world's COMMANDS, answered with a line "done" or "failed: ...". At first there is no daemon.
+"""
 
 import os
 import shutil
 import signal
+import sys
 import time
 
 import dbus
 import dbus.bus
 
+from private_session import PrivateSession
 from processes import POLL_SECONDS
 
 NAME = "org.freedesktop.secrets"
@@ -27,7 +33,7 @@ class KeyringWorld:
     `environment` names the bus and the folders, and `processes` is a ProcessGroup.
     """
 
-    VERBS = (
+    COMMANDS = (
         "start", "start_without_keyring", "lock", "unlock", "stop", "resume", "kill", "absent",
         "forget",
     )
@@ -143,3 +149,25 @@ class KeyringWorld:
             if time.monotonic() > deadline:
                 raise AssertionError(f"not so: the keyring {what}\n{self._processes.logs()}")
             time.sleep(POLL_SECONDS)
+
+
+def carry_out(keyring, command):
+    if command not in KeyringWorld.COMMANDS:
+        return "failed: there is no such command"
+    try:
+        getattr(keyring, command)()
+    except (AssertionError, OSError, dbus.DBusException) as error:
+        return f"failed: {error}".replace("\n", " ")
+    return "done"
+
+
+def main():
+    with PrivateSession() as session:
+        keyring = KeyringWorld(session.environment, session.processes)
+        print(session.environment["DBUS_SESSION_BUS_ADDRESS"], flush=True)
+        for line in sys.stdin:
+            print(carry_out(keyring, line.strip()), flush=True)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,6 +1,6 @@
 #include "Platform/Keychain/FakeKeychain.h"
 #include "Platform/Keychain/SecretServiceKeychain.h"
-#include "Tests/Support/KeyringOrders.h"
+#include "Tests/World/KeyringWorld.h"
 
 #include <QTest>
 
@@ -43,8 +43,8 @@ private slots:
     {
         QFETCH_GLOBAL(const bool, isLive);
         if (isLive) {
-            m_orders.give("forget");
-            m_orders.give("start");
+            m_world.tell("forget");
+            m_world.tell("start");
             m_keychain = std::make_unique<SecretServiceKeychain>();
         } else {
             m_keychain = std::make_unique<FakeKeychain>();
@@ -159,7 +159,7 @@ private:
         return m_keychain->copyMatching(identity).valueData.value_or("nothing");
     }
 
-    KeyringOrders m_orders;
+    KeyringWorld m_world;
     std::unique_ptr<Keychain> m_keychain;
 };
 

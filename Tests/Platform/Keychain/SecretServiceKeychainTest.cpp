@@ -1,6 +1,6 @@
 #include "Platform/Keychain/SecretServiceKeychain.h"
 
-#include "Tests/Support/KeyringOrders.h"
+#include "Tests/World/KeyringWorld.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -35,13 +35,13 @@ private slots:
     void init()
     {
         m_keychain = std::make_unique<SecretServiceKeychain>();
-        m_orders.give("forget");
+        m_world.tell("forget");
     }
 
     void aLockedKeyringIsAFailureAndNeverAQuestion()
     {
         startWithItem();
-        m_orders.give("lock");
+        m_world.tell("lock");
         everyOperationAnswers(KeychainStatus::interactionNotAllowed, promptlyMilliseconds);
         QCOMPARE(m_keychain->add({.identity = other, .valueData = "x"}),
                  KeychainStatus::interactionNotAllowed);
@@ -51,7 +51,7 @@ private slots:
     void inALockedKeyringADuplicateIsOneStill()
     {
         startWithItem();
-        m_orders.give("lock");
+        m_world.tell("lock");
         QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "x"}),
                  KeychainStatus::duplicateItem);
         QCOMPARE(m_keychain->copyMatching(other).status, KeychainStatus::itemNotFound);
@@ -60,16 +60,16 @@ private slots:
     void anUnlockedKeyringAnswersAgain()
     {
         startWithItem();
-        m_orders.give("lock");
+        m_world.tell("lock");
         QCOMPARE(m_keychain->update(cafe, "x"), KeychainStatus::interactionNotAllowed);
         QCOMPARE(m_keychain->remove(cafe), KeychainStatus::interactionNotAllowed);
-        m_orders.give("unlock");
+        m_world.tell("unlock");
         QCOMPARE(value(cafe), QByteArray("secret"));
     }
 
     void withoutAKeyringNewItemsHaveNoPlace()
     {
-        m_orders.give("start_without_keyring");
+        m_world.tell("start_without_keyring");
         QElapsedTimer timer;
         timer.start();
         QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "x"}),
@@ -86,23 +86,23 @@ private slots:
     void aServiceThatAppearsLaterIsUsed()
     {
         QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::notAvailable);
-        m_orders.give("start");
+        m_world.tell("start");
         QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::itemNotFound);
     }
 
     void aServiceThatNeverAnswersIsGivenUp()
     {
         startWithItem();
-        m_orders.give("stop");
+        m_world.tell("stop");
         everyOperationAnswers(KeychainStatus::notAvailable, patienceMilliseconds);
-        m_orders.give("resume");
+        m_world.tell("resume");
         QVERIFY(m_keychain->copyMatching(other).status != KeychainStatus::notAvailable);
     }
 
     void aServiceThatNeverAnsweredBeforeIsGivenUpAsWell()
     {
-        m_orders.give("start");
-        m_orders.give("stop");
+        m_world.tell("start");
+        m_world.tell("stop");
         QElapsedTimer timer;
         timer.start();
         QCOMPARE(m_keychain->copyMatching(cafe).status, KeychainStatus::notAvailable);
@@ -113,19 +113,19 @@ private slots:
     void aServiceThatDiedIsAbsent()
     {
         startWithItem();
-        m_orders.give("kill");
+        m_world.tell("kill");
         everyOperationAnswers(KeychainStatus::notAvailable, promptlyMilliseconds);
     }
 
     void aServiceThatWasStartedAgainIsTheSameKeychain()
     {
         startWithItem();
-        m_orders.give("kill");
-        m_orders.give("start");
+        m_world.tell("kill");
+        m_world.tell("start");
         QCOMPARE(value(cafe), QByteArray("secret"));
         QCOMPARE(m_keychain->update(cafe, "changed"), KeychainStatus::success);
-        m_orders.give("absent");
-        m_orders.give("start");
+        m_world.tell("absent");
+        m_world.tell("start");
         QCOMPARE(value(cafe), QByteArray("changed"));
         QCOMPARE(m_keychain->remove(cafe), KeychainStatus::success);
     }
@@ -153,7 +153,7 @@ private slots:
 private:
     void startWithItem()
     {
-        m_orders.give("start");
+        m_world.tell("start");
         QCOMPARE(m_keychain->add({.identity = cafe, .valueData = "secret"}),
                  KeychainStatus::success);
     }
@@ -181,7 +181,7 @@ private:
         }
     }
 
-    KeyringOrders m_orders;
+    KeyringWorld m_world;
     std::unique_ptr<SecretServiceKeychain> m_keychain;
 };
 
