@@ -12,7 +12,7 @@ namespace {
 
 constexpr int rounds = 201;
 constexpr int networks = 50;
-constexpr double aimedRatio = 2;
+constexpr double aimedRatio = 1.5;
 
 const QString service = u"com.zantho.quorvel.wifi"_s;
 

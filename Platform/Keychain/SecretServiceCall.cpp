@@ -21,6 +21,15 @@ Value valueOf(const QByteArray &bytes)
     return Value(secret_value_new(bytes.constData(), bytes.size(), "text/plain"));
 }
 
+QByteArrayList taken(gchar **texts)
+{
+    QByteArrayList list;
+    for (gchar **text = texts; text && *text; ++text)
+        list.append(*text);
+    g_strfreev(texts);
+    return list;
+}
+
 /// Not done, and yet no error: someone dismissed a question that the service had asked.
 void checkDone(bool done, const SecretServiceErrorSlot &error)
 {
@@ -36,19 +45,18 @@ SecretServiceCall::SecretServiceCall(SecretServiceConnection &connection)
     , m_service(connection.service(m_deadline.cancellable()))
 {}
 
-std::vector<GLibObject<SecretItem>> SecretServiceCall::items(const KeychainIdentity &identity) const
+FoundItems SecretServiceCall::items(const KeychainIdentity &identity) const
 {
     SecretServiceErrorSlot error;
     const auto attributes = SecretAttributes::of(identity);
-    GList *found =
-        secret_service_search_sync(m_service, &SecretAttributes::schema(), attributes.get(),
-                                   SECRET_SEARCH_ALL, m_deadline.cancellable(), error);
+    gchar **unlocked = nullptr;
+    gchar **locked = nullptr;
+    secret_service_search_for_dbus_paths_sync(m_service, &SecretAttributes::schema(),
+                                              attributes.get(), m_deadline.cancellable(), &unlocked,
+                                              &locked, error);
+    FoundItems found{.unlocked = taken(unlocked), .locked = taken(locked)};
     error.check();
-    std::vector<GLibObject<SecretItem>> items;
-    for (const GList *entry = found; entry; entry = entry->next)
-        items.emplace_back(SECRET_ITEM(entry->data));
-    g_list_free(found);
-    return items;
+    return found;
 }
 
 GLibObject<SecretCollection> SecretServiceCall::defaultCollection() const
@@ -74,12 +82,12 @@ void SecretServiceCall::create(SecretCollection &collection, const KeychainItem 
     checkDone(created != nullptr, error);
 }
 
-QByteArray SecretServiceCall::secret(SecretItem &item) const
+QByteArray SecretServiceCall::secret(const QByteArray &path) const
 {
     SecretServiceErrorSlot error;
-    secret_item_load_secret_sync(&item, m_deadline.cancellable(), error);
+    const Value value(secret_service_get_secret_for_dbus_path_sync(
+        m_service, path.constData(), m_deadline.cancellable(), error));
     error.check();
-    const Value value(secret_item_get_secret(&item));
     if (!value)
         throw SecretServiceFailure{KeychainStatus::itemNotFound};
     gsize size = 0;
@@ -87,18 +95,22 @@ QByteArray SecretServiceCall::secret(SecretItem &item) const
     return {bytes, qsizetype(size)};
 }
 
-void SecretServiceCall::setSecret(SecretItem &item, const QByteArray &valueData) const
+void SecretServiceCall::setSecret(const QByteArray &path, const QByteArray &valueData) const
 {
     SecretServiceErrorSlot error;
-    const bool done = secret_item_set_secret_sync(&item, valueOf(valueData).get(),
+    const GLibObject<SecretItem> item(secret_item_new_for_dbus_path_sync(
+        m_service, path.constData(), SECRET_ITEM_NONE, m_deadline.cancellable(), error));
+    error.check();
+    const bool done = secret_item_set_secret_sync(item.get(), valueOf(valueData).get(),
                                                   m_deadline.cancellable(), error);
     checkDone(done, error);
 }
 
-void SecretServiceCall::remove(SecretItem &item) const
+void SecretServiceCall::remove(const QByteArray &path) const
 {
     SecretServiceErrorSlot error;
-    const bool done = secret_item_delete_sync(&item, m_deadline.cancellable(), error);
+    const bool done = secret_service_delete_item_dbus_path_sync(m_service, path.constData(),
+                                                                m_deadline.cancellable(), error);
     checkDone(done, error);
 }
 

@@ -4,18 +4,7 @@
 #include "Platform/Keychain/SecretServiceCall.h"
 #include "Platform/Keychain/SecretServiceFailure.h"
 
-#include <algorithm>
-
 namespace quorvel {
-
-namespace {
-
-bool isLocked(const GLibObject<SecretItem> &item)
-{
-    return secret_item_get_locked(item.get());
-}
-
-} // namespace
 
 SecretServiceKeychain::SecretServiceKeychain()
     : m_connection(std::make_unique<SecretServiceConnection>())
@@ -26,7 +15,7 @@ SecretServiceKeychain::~SecretServiceKeychain() = default;
 KeychainStatus::Code SecretServiceKeychain::add(const KeychainItem &item)
 {
     return run(item.identity, [&](const SecretServiceCall &call) {
-        if (!call.items(item.identity).empty())
+        if (!call.items(item.identity).isEmpty())
             return KeychainStatus::duplicateItem;
         const auto collection = call.defaultCollection();
         if (!collection)
@@ -43,11 +32,11 @@ KeychainStatus::Code SecretServiceKeychain::update(const KeychainIdentity &ident
 {
     return run(identity, [&](const SecretServiceCall &call) {
         const auto items = call.items(identity);
-        if (items.empty())
+        if (items.isEmpty())
             return KeychainStatus::itemNotFound;
-        if (isLocked(items.front()))
+        if (items.unlocked.isEmpty())
             return KeychainStatus::interactionNotAllowed;
-        call.setSecret(*items.front(), valueData);
+        call.setSecret(items.unlocked.constFirst(), valueData);
         return KeychainStatus::success;
     });
 }
@@ -57,11 +46,11 @@ KeychainMatch SecretServiceKeychain::copyMatching(const KeychainIdentity &identi
     KeychainMatch match;
     match.status = run(identity, [&](const SecretServiceCall &call) {
         const auto items = call.items(identity);
-        if (items.empty())
+        if (items.isEmpty())
             return KeychainStatus::itemNotFound;
-        if (isLocked(items.front()))
+        if (items.unlocked.isEmpty())
             return KeychainStatus::interactionNotAllowed;
-        match.valueData = call.secret(*items.front());
+        match.valueData = call.secret(items.unlocked.constFirst());
         return KeychainStatus::success;
     });
     return match;
@@ -71,12 +60,12 @@ KeychainStatus::Code SecretServiceKeychain::remove(const KeychainIdentity &ident
 {
     return run(identity, [&](const SecretServiceCall &call) {
         const auto items = call.items(identity);
-        if (items.empty())
+        if (items.isEmpty())
             return KeychainStatus::itemNotFound;
-        if (std::any_of(items.begin(), items.end(), isLocked))
+        if (!items.locked.isEmpty())
             return KeychainStatus::interactionNotAllowed;
-        for (const auto &item : items)
-            call.remove(*item);
+        for (const auto &path : items.unlocked)
+            call.remove(path);
         return KeychainStatus::success;
     });
 }

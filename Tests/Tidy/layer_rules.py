@@ -21,7 +21,8 @@ ALLOWED = {
 
 PLATFORM_HEADERS = re.compile(
     r"<(Q(t)?DBus|QtNetwork|QNetwork|QTcp|QUdp|QLocalS|QSsl|QHost|QProcess\b|QClipboard"
-    r"|QSystemTrayIcon|QSql|QtSql|xcb/|X11/|SQLiteCpp/|sqlite3|libsecret/|gio/|glib|qrcodegen|qpa/|QtGui/qpa)"
+    r"|QSystemTrayIcon|QSql|QtSql|xcb/|X11/|SQLiteCpp/|sqlite3|libsecret/|gio/|glib|qrcodegen"
+    r"|qpa/|QtGui/qpa)"
 )
 POSIX_HEADERS = re.compile(r"<(unistd|fcntl|pwd|dlfcn|sys/\w+)\.h>")
 

@@ -34,7 +34,8 @@ SAMPLES = {
             {"Core/Support/Task.h": f"#include <{header}>\n"}
             for header in ("QDBusConnection", "QtDBus/QDBusMessage", "QNetworkAccessManager",
                            "QProcess", "QClipboard", "QSystemTrayIcon", "SQLiteCpp/Database.h",
-                           "sqlite3.h", "libsecret/secret.h", "gio/gio.h", "qrcodegen/qrcodegen.hpp", "xcb/xcb.h", "QLocalServer",
+                           "sqlite3.h", "libsecret/secret.h", "gio/gio.h", "glib.h",
+                           "qrcodegen/qrcodegen.hpp", "xcb/xcb.h", "QLocalServer",
                            "unistd.h", "sys/stat.h")
         ],
         [
