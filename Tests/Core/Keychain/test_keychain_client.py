@@ -142,8 +142,8 @@ class KeychainClientTest(unittest.TestCase):
         for order in (f"save {SECOND}", "read", "delete"):
             self.assertIn("(-25308): User interaction is not allowed.", client.tell(order))
         # The monitor is behind the client; what it sees of this call comes after all of that.
-        self.keyring.default_collection()
-        self.wait_until(lambda: "member=ReadAlias" in monitor.output(), "the monitor has seen all")
+        self.keyring.collections()
+        self.wait_until(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
         self.assertGreaterEqual(monitor.output().count("member=SearchItems"), 3)
         for member in ("Unlock", "Prompt", "CreateCollection", "PromptAtDBus"):
             self.assertNotIn(f"member={member}\n", monitor.output())
@@ -161,21 +161,32 @@ class KeychainClientTest(unittest.TestCase):
         self.assertNotIn("member=CreateCollection", monitor.output())
         self.assertNotIn("member=Prompt\n", monitor.output())
 
+    def test_a_locked_keyring_is_never_asked_for_a_new_item(self):
+        self.keyring.start()
+        self.keyring.lock()
+        client = self.start_client()
+        monitor = self.watch_bus()
+        self.assertIn("(-25308)", client.tell(f"save {SECRET}"))
+        self.keyring.collections()
+        self.wait_until(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
+        self.assertIn("member=SearchItems", monitor.output())
+        self.assertNotIn("member=CreateItem", monitor.output())
+
     def test_without_a_bus_there_is_no_keychain_and_no_bus_is_started(self):
-        before = set(running_pids())
-        for address in ({}, {"DBUS_SESSION_BUS_ADDRESS": "autolaunch:"},
-                        {"DBUS_SESSION_BUS_ADDRESS": "unix:path=/nowhere/bus"},
-                        {"DBUS_SESSION_BUS_ADDRESS": "nonsense"}):
+        launched = self.session.folder / "launched"
+        launcher = self.session.folder / "dbus-launch"
+        launcher.write_text(f"#!/bin/sh\n: > '{launched}'\nexit 1\n")
+        launcher.chmod(0o700)
+        nowhere = {"DBUS_SESSION_BUS_ADDRESS": "", "XDG_RUNTIME_DIR": "/nowhere", "DISPLAY": ":99",
+                   "PATH": f"{self.session.folder}:{self.session.environment['PATH']}"}
+        for address in ("", "autolaunch:", "unix:path=/nowhere/bus", "nonsense"):
             with self.subTest(address=address):
-                nowhere = {"DBUS_SESSION_BUS_ADDRESS": "", "XDG_RUNTIME_DIR": "/nowhere",
-                           "DISPLAY": ":99"}
-                client = self.start_client(**{**nowhere, **address})
+                client = self.start_client(**{**nowhere, "DBUS_SESSION_BUS_ADDRESS": address})
                 self.assertEqual(client.tell("read"),
                                  f"Keychain read failed (-25291): {NO_KEYCHAIN}")
                 self.assertEqual(client.tell("delete"),
                                  f"Keychain delete failed (-25291): {NO_KEYCHAIN}")
-        started = [command_line_of(pid) for pid in set(running_pids()) - before]
-        self.assertFalse([line for line in started if b"dbus-launch" in line])
+        self.assertFalse(launched.exists(), "a bus was launched")
 
     def test_a_bus_that_goes_away_does_not_take_the_program_along(self):
         self.keyring.start()
