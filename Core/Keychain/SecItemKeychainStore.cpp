@@ -20,7 +20,7 @@ QString decoded(const QByteArray &utf8)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
                                                      QStringDecoder::Flag::ConvertInitialBom);
-    const QString text = decoder.decode(utf8);
+    QString text = decoder.decode(utf8);
     if (decoder.hasError())
         throw KeychainError::unexpectedItemFormat();
     return text;

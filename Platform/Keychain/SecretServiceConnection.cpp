@@ -57,7 +57,7 @@ QByteArray SecretServiceConnection::owner(GCancellable *cancellable) const
         return {};
     const char *name = nullptr;
     g_variant_get(reply, "(&s)", &name);
-    const QByteArray owner(name);
+    QByteArray owner(name);
     g_variant_unref(reply);
     return owner;
 }

@@ -43,7 +43,7 @@ bool QRCode::isDark(int column, int row) const
 
 QRCode::QRCode(int size)
     : m_size(size)
-    , m_modules(size * size)
+    , m_modules(qsizetype(size) * size)
 {}
 
 } // namespace quorvel

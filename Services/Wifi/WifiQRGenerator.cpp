@@ -35,9 +35,9 @@ QString escaped(const QString &text)
 /// The module that each pixel along a side belongs to, counted from the code's own first.
 std::vector<int> modulesOfPixels(int side, double scale)
 {
-    std::vector<int> modules;
-    for (int pixel = 0; pixel < side; ++pixel)
-        modules.push_back(int(std::floor((pixel + 0.5) / scale)) - quietZoneModules);
+    std::vector<int> modules(static_cast<size_t>(side));
+    for (size_t pixel = 0; pixel < modules.size(); ++pixel)
+        modules[pixel] = int(std::floor((double(pixel) + 0.5) / scale)) - quietZoneModules;
     return modules;
 }
 
@@ -67,11 +67,12 @@ std::optional<QImage> image(const QString &payload, double scale)
     const auto code = QRCode::encode(payload.toUtf8());
     if (!code)
         return std::nullopt;
-    const double side = std::round((code->size() + 2 * quietZoneModules) * scale);
+    const double extent = std::round((code->size() + 2 * quietZoneModules) * scale);
     // A scale that is no number at all fails this as well.
-    if (!(side >= 1 && side <= longestSidePixels))
+    if (!(extent >= 1 && extent <= longestSidePixels))
         return std::nullopt;
-    QImage image(int(side), int(side), QImage::Format_Grayscale8);
+    const int side = int(extent);
+    QImage image(side, side, QImage::Format_Grayscale8);
     if (image.isNull())
         return std::nullopt;
     paint(*code, modulesOfPixels(image.width(), scale), image);
