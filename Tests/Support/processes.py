@@ -93,6 +93,11 @@ class ProcessGroup:
             raise NotSeen(f"the {name} did not start\n{self.logs()}")
         return line
 
+    def end(self, name):
+        for process in self._started:
+            if process.name == name:
+                process.end()
+
     def end_all(self):
         for process in reversed(self._started):
             process.end()
