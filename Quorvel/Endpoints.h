@@ -30,7 +30,7 @@ struct Endpoints
 {
     /// Where an Overpass server answers queries. Absent: the public servers.
     std::optional<QUrl> places;
-    /// Where an Open-Meteo server tells the forecast. Absent: the public server.
+    /// An Open-Meteo server, without the path of the forecast. Absent: the public server.
     std::optional<QUrl> weather;
 
     /// As QUORVEL_PLACES_ENDPOINT and QUORVEL_WEATHER_ENDPOINT say; a variable that is empty says
