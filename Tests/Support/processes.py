@@ -77,10 +77,14 @@ class ProcessGroup:
         self._started = []
 
     def start(self, name, command, environment, **options):
-        marked = {**environment, self.MARK: str(self._folder)}
-        process = Process(name, command, marked, self._folder / f"{name}.log", **options)
+        log = self._folder / f"{name}.log"
+        process = Process(name, command, self.marked(environment), log, **options)
         self._started.append(process)
         return process
+
+    def marked(self, environment):
+        """The environment of a process that is to end with these, whoever started it."""
+        return {**environment, self.MARK: str(self._folder)}
 
     def start_announcing(self, name, command, environment):
         """Starts a server that writes one line on a descriptor once it can be reached."""

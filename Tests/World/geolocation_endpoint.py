@@ -3,6 +3,7 @@
 import http.server
 import json
 import threading
+import time
 
 # Latitude and longitude in degrees, and the accuracy in metres.
 HOME = (10.7769, 106.7009, 25.0)
@@ -12,6 +13,7 @@ class GeolocationEndpoint:
     """Answers every request with one position, or as badly as it was told to."""
 
     def __init__(self):
+        self._delay = 0
         self._open = threading.Event()
         self.requests = 0
         self.stand_at(*HOME)
@@ -48,8 +50,13 @@ class GeolocationEndpoint:
         """Requests stay open until it stands somewhere or fails."""
         self._open.clear()
 
+    def slow(self, seconds):
+        """Every answer takes so much longer."""
+        self._delay = seconds
+
     def answer(self, request):
         self.requests += 1
+        time.sleep(self._delay)
         self._open.wait()
         body = json.dumps(self._position if self._status == 200 else {}).encode()
         try:

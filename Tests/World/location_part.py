@@ -1,0 +1,68 @@
+"""The district's location service: the real daemon, told where it is by a local endpoint."""
+
+from geoclue_world import EXACT_LEVEL, GeoClueWorld
+
+NOTHING_LEVEL = 0
+CITY_LEVEL = 4
+
+
+class LocationPart:
+    def __init__(self, address, district):
+        self._district = district
+        self._world = GeoClueWorld(address)
+        self._undo = []
+
+    def start(self):
+        self._world.__enter__()
+        self._stand_still()
+
+    def stop(self):
+        self._world.close()
+
+    def logs(self):
+        return self._world.logs()
+
+    def slow(self, seconds):
+        """Finding out where it is takes so much longer."""
+        self._world.endpoint.slow(seconds)
+
+    def fail(self, how):
+        """A status of at least 400 of the endpoint, or one of the words below."""
+        world = self._world
+        if isinstance(how, int) and how >= 400:
+            world.fail(how)
+        elif how == "denied":
+            self._with_undo(world.set_agent_level, NOTHING_LEVEL, EXACT_LEVEL)
+        elif how == "blurred":
+            self._with_undo(world.set_agent_level, CITY_LEVEL, EXACT_LEVEL)
+        elif how == "disallowed":
+            world.disallow()
+            self._undo.append(world.allow)
+        elif how == "no agent":
+            world.stop_agent()
+            self._undo.append(world.start_agent)
+        elif how == "silence":
+            world.freeze_daemon()
+            self._undo.append(world.thaw_daemon)
+        else:
+            raise ValueError(f"no such failure: {how}")
+
+    def vanish(self):
+        self._world.stop_daemon()
+        self._undo.append(self._world.start_daemon)
+
+    def recover(self):
+        """Comes back, too, if it had vanished."""
+        while self._undo:
+            self._undo.pop()()
+        self._stand_still()
+
+    come_back = recover
+
+    def _with_undo(self, action, value, usual):
+        action(value)
+        self._undo.append(lambda: action(usual))
+
+    def _stand_still(self):
+        self._world.endpoint.slow(0)
+        self._world.stand_at(*self._district.position, self._district.accuracy)

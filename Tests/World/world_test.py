@@ -1,0 +1,340 @@
+"""The district stands: every part is up, can be told to misbehave, and recovers."""
+
+import pathlib
+import signal
+import subprocess
+import sys
+import time
+import unittest
+import urllib.error
+import urllib.request
+
+import dbus
+import dbus.bus
+
+from processes import environment_of, running_pids
+from world import World
+
+HERE = pathlib.Path(__file__).parent
+WORLD = [sys.executable, "-B", str(HERE / "world.py")]
+LIMIT_SECONDS = 20
+CALL_SECONDS = 2
+POLL_SECONDS = 0.02
+
+LOCATION = "org.freedesktop.GeoClue2"
+EXACT = 8
+NOT_YET = "/"
+SECRETS = "org.freedesktop.secrets"
+NETWORK = "org.freedesktop.NetworkManager"
+WIRELESS = f"{NETWORK}.Device.Wireless"
+
+
+def wait_until(condition, seconds=LIMIT_SECONDS):
+    """The condition's last value: true, unless it never became so."""
+    deadline = time.monotonic() + seconds
+    while not (value := condition()) and time.monotonic() < deadline:
+        time.sleep(POLL_SECONDS)
+    return value
+
+
+def inhabitants(folder):
+    """The processes that were started for the district with that folder."""
+    mark = str(folder).encode()
+    return [pid for pid in running_pids() if any(mark in entry for entry in environment_of(pid))]
+
+
+class WorldCase(unittest.TestCase):
+    def setUp(self):
+        self.world = self.enterContext(World())
+        environment = self.world.environment
+        self.system = dbus.bus.BusConnection(environment["DBUS_SYSTEM_BUS_ADDRESS"])
+        self.session = dbus.bus.BusConnection(environment["DBUS_SESSION_BUS_ADDRESS"])
+        self.addCleanup(self.system.close)
+        self.addCleanup(self.session.close)
+
+    def call(self, bus, name, path, interface, method, signature="", *arguments):
+        return bus.call_blocking(
+            name, path, interface, method, signature, arguments, timeout=CALL_SECONDS
+        )
+
+    def get(self, bus, name, path, interface, value):
+        return self.call(bus, name, path, dbus.PROPERTIES_IFACE, "Get", "ss", interface, value)
+
+
+class LocationTest(WorldCase):
+    def ask(self, path, interface, method, *arguments):
+        return self.call(self.system, LOCATION, path, interface, method, *arguments)
+
+    def fix(self, seconds=LIMIT_SECONDS):
+        """Latitude, longitude and accuracy; none when there is no fix within that time."""
+        client = self.ask(f"/{LOCATION.replace('.', '/')}/Manager", f"{LOCATION}.Manager",
+                          "CreateClient")
+        interface = f"{LOCATION}.Client"
+        for name, value in (("DesktopId", "com.zantho.quorvel"),
+                            ("RequestedAccuracyLevel", dbus.UInt32(EXACT))):
+            self.ask(client, dbus.PROPERTIES_IFACE, "Set", "ssv", interface, name, value)
+        self.ask(client, interface, "Start")
+        path = wait_until(lambda: self.found(client, interface), seconds)
+        if not path:
+            return None
+        found = self.ask(path, dbus.PROPERTIES_IFACE, "GetAll", "s", f"{LOCATION}.Location")
+        return found["Latitude"], found["Longitude"], found["Accuracy"]
+
+    def found(self, client, interface):
+        path = self.get(self.system, LOCATION, client, interface, "Location")
+        return path if path != NOT_YET else None
+
+    def here(self):
+        return (*self.world.district.position, self.world.district.accuracy)
+
+    def refusal(self):
+        with self.assertRaises(dbus.DBusException) as refused:
+            self.fix()
+        return refused.exception.get_dbus_name()
+
+    def test_it_knows_where_the_district_is(self):
+        self.assertEqual(self.fix(), self.here())
+
+    def test_a_slow_fix_comes_late(self):
+        self.world.location.slow(1)
+        begun = time.monotonic()
+        self.assertEqual(self.fix(), self.here())
+        self.assertGreaterEqual(time.monotonic() - begun, 1)
+
+    def test_it_fails_and_recovers(self):
+        for how in ("denied", "disallowed"):
+            with self.subTest(how=how):
+                self.world.location.fail(how)
+                self.assertEqual(self.refusal(), "org.freedesktop.DBus.Error.AccessDenied")
+                self.world.location.recover()
+                self.assertEqual(self.fix(), self.here())
+
+    def test_it_answers_nobody_and_recovers(self):
+        for how in ("no agent", "silence"):
+            with self.subTest(how=how):
+                self.world.location.fail(how)
+                self.assertEqual(self.refusal(), "org.freedesktop.DBus.Error.NoReply")
+                self.world.location.recover()
+                self.assertEqual(self.fix(), self.here())
+
+    def test_a_fix_that_fails_never_comes(self):
+        self.world.location.fail(404)
+        self.assertIsNone(self.fix(seconds=1))
+
+    def test_it_can_be_too_vague_to_be_of_use(self):
+        self.world.location.fail("blurred")
+        self.assertGreater(self.fix()[2], 1000)
+
+    def test_it_vanishes_and_comes_back(self):
+        self.world.location.vanish()
+        self.assertEqual(self.refusal(), "org.freedesktop.DBus.Error.ServiceUnknown")
+        self.world.location.come_back()
+        self.assertEqual(self.fix(), self.here())
+
+
+class KeyringTest(WorldCase):
+    PATH = "/org/freedesktop/secrets"
+
+    def collection(self):
+        return self.call(self.session, SECRETS, self.PATH, "org.freedesktop.Secret.Service",
+                         "ReadAlias", "s", "default")
+
+    def is_locked(self):
+        return bool(self.get(self.session, SECRETS, self.collection(),
+                             "org.freedesktop.Secret.Collection", "Locked"))
+
+    def secret_tool(self, *arguments, secret=None):
+        finished = subprocess.run(
+            ["secret-tool", *arguments], env=self.world.environment, input=secret,
+            capture_output=True, text=True, timeout=LIMIT_SECONDS, check=False,
+        )
+        return finished.stdout
+
+    def test_it_keeps_a_secret_through_an_absence(self):
+        self.secret_tool("store", "--label=test", "place", "here", secret="cà phê sữa đá")
+        self.world.keyring.vanish()
+        self.assertFalse(self.session.name_has_owner(SECRETS))
+        self.world.keyring.come_back()
+        self.assertEqual(self.secret_tool("lookup", "place", "here"), "cà phê sữa đá")
+
+    def test_it_is_locked_and_unlocked(self):
+        self.assertFalse(self.is_locked())
+        self.world.keyring.fail("locked")
+        self.assertTrue(self.is_locked())
+        self.world.keyring.recover()
+        self.assertFalse(self.is_locked())
+
+    def test_it_has_no_keyring_and_then_one(self):
+        self.world.keyring.fail("no keyring")
+        self.assertEqual(self.collection(), "/")
+        self.world.keyring.recover()
+        self.assertNotEqual(self.collection(), "/")
+
+    def test_it_answers_nobody_until_it_recovers(self):
+        self.world.keyring.fail("silence")
+        with self.assertRaisesRegex(dbus.DBusException, "NoReply"):
+            self.collection()
+        self.world.keyring.recover()
+        self.assertFalse(self.is_locked())
+
+    def test_a_slow_one_answers_in_the_end(self):
+        self.world.keyring.slow(1)
+        begun = time.monotonic()
+        self.assertFalse(self.is_locked())
+        self.assertGreaterEqual(time.monotonic() - begun, 0.9)
+
+
+class WifiTest(WorldCase):
+    def radio(self):
+        devices = self.call(self.system, NETWORK, "/org/freedesktop/NetworkManager", NETWORK,
+                            "GetDevices")
+        return devices[0] if devices else None
+
+    def read(self, path, interface, name):
+        return self.get(self.system, NETWORK, path, interface, name)
+
+    def heard(self):
+        points = self.read(self.radio(), WIRELESS, "AccessPoints")
+        ssids = [self.read(point, f"{NETWORK}.AccessPoint", "Ssid") for point in points]
+        return sorted(bytes(ssid).decode() for ssid in ssids)
+
+    def scan(self, seconds=LIMIT_SECONDS):
+        """How long a scan took; none when it did not end within that time."""
+        before = self.read(self.radio(), WIRELESS, "LastScan")
+        begun = time.monotonic()
+        self.call(self.system, NETWORK, self.radio(), WIRELESS, "RequestScan", "a{sv}",
+                  dbus.Dictionary({}, signature="sv"))
+        ended = wait_until(lambda: self.read(self.radio(), WIRELESS, "LastScan") != before, seconds)
+        return time.monotonic() - begun if ended else None
+
+    def names(self):
+        return sorted(point["name"] for point in self.world.district.networks["access_points"])
+
+    def test_it_hears_what_the_district_broadcasts(self):
+        self.assertEqual(self.heard(), self.names())
+
+    def test_it_is_joined(self):
+        point = self.read(self.radio(), WIRELESS, "ActiveAccessPoint")
+        ssid = self.read(point, f"{NETWORK}.AccessPoint", "Ssid")
+        self.assertEqual(bytes(ssid).decode(), self.world.district.networks["joined"])
+
+    def test_a_scan_ends_late_or_never_when_told_so(self):
+        self.assertLess(self.scan(), 1)
+        self.world.wifi.slow(1)
+        self.assertGreaterEqual(self.scan(), 1)
+        self.world.wifi.fail("endless scan")
+        self.assertIsNone(self.scan(seconds=1))
+        self.world.wifi.recover()
+        self.assertLess(self.scan(), 1)
+
+    def test_a_scan_can_be_denied(self):
+        self.world.wifi.fail("scan denied")
+        with self.assertRaisesRegex(dbus.DBusException, "PermissionDenied"):
+            self.scan()
+
+    def test_the_radio_can_be_taken_out(self):
+        self.world.wifi.fail("no radio")
+        self.assertIsNone(self.radio())
+        self.world.wifi.recover()
+        self.assertEqual(self.heard(), self.names())
+
+    def test_it_answers_nobody_until_it_recovers(self):
+        self.world.wifi.fail("silence")
+        with self.assertRaisesRegex(dbus.DBusException, "NoReply"):
+            self.radio()
+        self.world.wifi.recover()
+        self.assertEqual(self.heard(), self.names())
+
+    def test_it_vanishes_and_comes_back(self):
+        self.world.wifi.vanish()
+        with self.assertRaisesRegex(dbus.DBusException, "ServiceUnknown"):
+            self.radio()
+        self.world.wifi.come_back()
+        self.assertEqual(self.heard(), self.names())
+
+
+class WebTest(WorldCase):
+    VARIABLES = {"places": "QUORVEL_PLACES_ENDPOINT", "weather": "QUORVEL_WEATHER_ENDPOINT"}
+
+    def status(self, part):
+        """The status of a request that says nothing; none when nobody listens."""
+        try:
+            urllib.request.urlopen(self.world.environment[self.VARIABLES[part]], timeout=5).close()
+        except urllib.error.HTTPError as error:
+            return error.status
+        except urllib.error.URLError:
+            return None
+        return 200
+
+    def test_the_environment_leads_to_both_servers(self):
+        # To the map server a client that does not say who it is, to the other one its bare root.
+        self.assertEqual((self.status("places"), self.status("weather")), (406, 404))
+
+    def test_each_fails_and_vanishes_without_the_other(self):
+        self.world.places.fail(429)
+        self.assertEqual((self.status("places"), self.status("weather")), (429, 404))
+        self.world.weather.vanish()
+        self.assertEqual((self.status("places"), self.status("weather")), (429, None))
+        self.world.recover()
+        self.assertEqual((self.status("places"), self.status("weather")), (406, 404))
+
+
+class EndTest(unittest.TestCase):
+    def test_nothing_is_left_when_it_ends(self):
+        with World() as world:
+            folder = world.folder
+            self.assertGreaterEqual(len(inhabitants(folder)), 6)
+        self.assertEqual(inhabitants(folder), [])
+        self.assertFalse(folder.exists())
+
+    def test_nothing_is_left_when_it_ends_in_the_middle_of_trouble(self):
+        with self.assertRaises(KeyError), World() as world:
+            folder = world.folder
+            for part in ("location", "keyring", "wifi"):
+                getattr(world, part).fail("silence")
+            raise KeyError
+        self.assertEqual(inhabitants(folder), [])
+        self.assertFalse(folder.exists())
+
+
+class CommandTest(unittest.TestCase):
+    def run_world(self, *arguments):
+        return subprocess.run(
+            [*WORLD, *arguments], capture_output=True, text=True, timeout=LIMIT_SECONDS,
+            check=False,
+        )
+
+    def test_it_runs_a_command_inside_and_ends_as_it_does(self):
+        finished = self.run_world("--", "sh", "-c", "echo $HOME $QUORVEL_PLACES_ENDPOINT; exit 3")
+        self.assertEqual(finished.returncode, 3)
+        self.assertRegex(finished.stdout, "quorvel-world-.* http://127.0.0.1:")
+
+    def test_orders_come_before_the_command(self):
+        ask = "curl -s -o /dev/null -w '%{http_code}' $QUORVEL_WEATHER_ENDPOINT"
+        finished = self.run_world("weather.fail=503", "--", "sh", "-c", ask)
+        self.assertEqual(finished.stdout, "503")
+
+    def test_what_it_does_not_understand_is_refused(self):
+        for arguments in ((), ("true",), ("--",), ("moon.vanish", "--", "true"),
+                          ("wifi.burn", "--", "true"), ("wifi.fail=dragons", "--", "true"),
+                          ("--", "/nonexistent")):
+            with self.subTest(arguments=arguments):
+                finished = self.run_world(*arguments)
+                self.assertEqual(finished.returncode, 2)
+                self.assertNotIn("Traceback", finished.stderr)
+                self.assertNotEqual(finished.stderr, "")
+
+    def test_nothing_is_left_when_it_is_told_to_end(self):
+        world = subprocess.Popen(
+            [*WORLD, "--", "sh", "-c", "echo $HOME; sleep 60"], stdout=subprocess.PIPE, text=True
+        )
+        with world.stdout as lines:
+            folder = pathlib.Path(lines.readline().strip()).parent
+        world.send_signal(signal.SIGTERM)
+        self.assertEqual(world.wait(LIMIT_SECONDS), 128 + signal.SIGTERM)
+        self.assertTrue(wait_until(lambda: not inhabitants(folder), seconds=2))
+        self.assertFalse(folder.exists())
+
+
+if __name__ == "__main__":
+    unittest.main()
