@@ -29,6 +29,7 @@ FAILURES = {
     "out of reach": ("join", "gone", "ok"),
     "endless join": ("join", "hang", "ok"),
     "join denied": ("join", "denied", "ok"),
+    "join refused with the password": ("join", "quoting", "ok"),
     "secrets denied": ("secrets", "denied", "ok"),
     "secrets garbled": ("secrets", "bytes", "ok"),
     "endless prompt": ("secrets-ms", -1, 0),

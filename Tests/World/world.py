@@ -66,8 +66,10 @@ class World:
 
     # What happens in it
 
-    def start(self, name, command, **environment):
-        return self._processes.start(name, command, {**self.environment, **environment})
+    def start(self, name, command, stdin=subprocess.DEVNULL, **environment):
+        """Starts a program of the district, with more in its environment."""
+        own = {**self.environment, **environment}
+        return self._processes.start(name, command, own, stdin=stdin)
 
     def run(self, command, environment):
         """Runs a command to its end, with what it prints; what it leaves running ends as well."""

@@ -310,9 +310,9 @@ class CommandTest(unittest.TestCase):
         self.assertRegex(finished.stdout, "quorvel-world-.* http://127.0.0.1:")
 
     def test_orders_come_before_the_command(self):
-        ask = "curl -s -o /dev/null -w '%{http_code}' $QUORVEL_WEATHER_ENDPOINT"
-        finished = self.run_world("weather.fail=503", "--", "sh", "-c", ask)
-        self.assertEqual(finished.stdout, "503")
+        ask = "import os, urllib.request as web; web.urlopen(os.environ['QUORVEL_WEATHER_ENDPOINT'])"
+        finished = self.run_world("weather.fail=503", "--", sys.executable, "-c", ask)
+        self.assertIn("HTTP Error 503", finished.stderr)
 
     def test_what_it_does_not_understand_is_refused(self):
         for arguments in ((), ("true",), ("--",), ("moon.vanish", "--", "true"),

@@ -1,0 +1,128 @@
+"""A password that the program handles is seen nowhere but where it belongs.
+
+The radio that the district plays is left out of the search: its process stands for a service that
+is meant to know the password, and tells of every call.
+"""
+
+import os
+import pathlib
+import re
+import secrets
+import time
+import unittest
+
+from processes import environment_of, running_pids
+from world import World
+
+SENSE = os.environ["QUORVEL_SENSE"]
+NETWORK = "Sân Trong"
+TEMPORARY = pathlib.Path("/tmp")
+LIMIT_SECONDS = 60
+SLOW_SECONDS = 1
+LARGEST_BYTES = 10_000_000
+RADIO_LOG = "wifi.log"
+TALKATIVE = {"QT_LOGGING_RULES": "default.debug=true", "G_MESSAGES_DEBUG": "all"}
+
+
+class SecretsTest(unittest.TestCase):
+    def setUp(self):
+        self.world = self.enterContext(World())
+        self.temporary = self.world.folder / "tmp"
+        self.temporary.mkdir()
+        self.begun = time.time() - 1
+        self.password = f"cà phê {secrets.token_hex(8)}"
+        self.seen = []
+
+    def join(self, status=0):
+        """Joins with the password, and watches every process of the district meanwhile."""
+        reading, writing = os.pipe()
+        os.write(writing, f"{self.password}\n".encode())
+        os.close(writing)
+        process = self.world.start(
+            "sense", [SENSE, "--join", NETWORK], stdin=reading,
+            TMPDIR=str(self.temporary), **TALKATIVE,
+        )
+        os.close(reading)
+        deadline = time.monotonic() + LIMIT_SECONDS
+        while process.is_running() and time.monotonic() < deadline:
+            self.seen.append(self.processes_now())
+        self.assertEqual(process.status_within(0), status, process.output())
+        return process.output()
+
+    def processes_now(self):
+        """The arguments and the environment of whatever runs in the district."""
+        mark = str(self.world.folder).encode()
+        texts = []
+        for pid in running_pids():
+            environment = b"\0".join(environment_of(pid))
+            if mark in environment:
+                texts += [environment, read(pathlib.Path(f"/proc/{pid}/cmdline"))]
+        return b"\0".join(texts)
+
+    def files(self):
+        """Every file of the district, and each that has come or changed beside it."""
+        own = [path for path in self.world.folder.rglob("*") if path.name != RADIO_LOG]
+        return [path for path in {*own, *TEMPORARY.glob("*"), *TEMPORARY.glob("*/*")}
+                if path.name != RADIO_LOG and self.is_recent(path)]
+
+    def is_recent(self, path):
+        try:
+            status = path.stat()
+        except OSError:
+            return False
+        return path.is_file() and status.st_mtime > self.begun and status.st_size < LARGEST_BYTES
+
+    def places_of(self, text):
+        """Where the text is to be read, in either of the encodings that programs use."""
+        forms = [text.encode(), text.encode("utf-16-le")]
+        found = [str(path) for path in self.files() if any(form in read(path) for form in forms)]
+        if any(form in moment for moment in self.seen for form in forms):
+            found.append("a process")
+        return found
+
+    def assert_kept(self):
+        core = self.password.split()[-1]
+        self.assertEqual(self.places_of(core), [])
+
+    def test_a_join_that_succeeds_shows_it_nowhere(self):
+        self.world.wifi.slow(SLOW_SECONDS)
+        output = self.join()
+        self.assertIn("join: done", output)
+        self.assertIn("stored by the system: yes", output)
+        self.assertIn("password: remembered", output)
+        self.assertGreater(len(self.seen), 5)
+        self.assert_kept()
+
+    def test_a_join_that_fails_shows_it_nowhere(self):
+        for how in ("wrong password", "no address", "join denied",
+                    "join refused with the password"):
+            with self.subTest(how=how):
+                self.world.wifi.fail(how)
+                self.assertRegex(self.join(status=1), "join: failed: .")
+                self.world.wifi.recover()
+                self.assert_kept()
+
+    def test_a_keyring_that_does_not_take_it_shows_it_nowhere(self):
+        self.world.keyring.fail("locked")
+        self.assertRegex(self.join(status=1), "join: failed: .*-25308")
+        self.assert_kept()
+
+    def test_the_search_finds_what_is_there(self):
+        (self.temporary / "planted").write_text(f"psk={self.password}")
+        self.assertEqual(self.places_of(self.password), [str(self.temporary / "planted")])
+        (self.temporary / "planted").write_bytes(self.password.encode("utf-16-le"))
+        self.assertEqual(self.places_of(self.password), [str(self.temporary / "planted")])
+        self.join()
+        self.assertIn("a process", self.places_of(f"--join\0{NETWORK}"))
+        self.assertTrue(any(re.search("sense.log$", place) for place in self.places_of(NETWORK)))
+
+
+def read(path):
+    try:
+        return path.read_bytes()
+    except OSError:
+        return b""
+
+
+if __name__ == "__main__":
+    unittest.main()
