@@ -1,19 +1,29 @@
 """Shows the program to somebody without a display: a virtual desktop, a click, two pictures.
 
-usage: show_program.py PROGRAM PICTURES [ARGUMENT ...]
+usage: show_program.py [--world] PROGRAM PICTURES [ARGUMENT ...]
+With --world the desktop stands in a district of cafés, with all that the program senses by.
 Ends with status 0 only if the icon appeared and a click on it opened the panel.
 """
 
+import contextlib
 import pathlib
 import sys
 
 from virtual_desktop import NotSeen, VirtualDesktop
 
 PANEL = "Quorvel"
+WORLD = pathlib.Path(__file__).resolve().parent.parent / "World"
 
 
-def show(program, pictures, arguments):
-    with VirtualDesktop(pictures=pictures) as desktop:
+def district_around(desktop):
+    sys.path.append(str(WORLD))
+    from world import World
+
+    return World(desktop)
+
+
+def show(program, pictures, arguments, surroundings):
+    with VirtualDesktop(pictures=pictures) as desktop, surroundings(desktop):
         desktop.start_tray("xfce4-panel")
         process = desktop.start_program(program, *arguments)
         desktop.wait_until(
@@ -31,10 +41,15 @@ def show(program, pictures, arguments):
 
 
 def main():
-    program, pictures, *arguments = sys.argv[1:]
+    words = sys.argv[1:]
+    surroundings = contextlib.nullcontext
+    if words[0] == "--world":
+        surroundings = district_around
+        del words[0]
+    program, pictures, *arguments = words
     print("There is no display here: starting a virtual one, with a panel that has a tray.")
     try:
-        show(pathlib.Path(program).resolve(), pathlib.Path(pictures), arguments)
+        show(pathlib.Path(program).resolve(), pathlib.Path(pictures), arguments, surroundings)
     except NotSeen as problem:
         sys.exit(f"./dev run: {problem}")
 

@@ -67,7 +67,8 @@ class DistrictTest(SenseCase):
         for cafe, line in zip(wanted, lines):
             meters = f"{district.distance(cafe):.2f}"
             name = cafe.name or "Unnamed"
-            self.assertTrue(line.startswith(f"  {meters} m  {name} [{cafe.identifier}] Cafe, "), line)
+            beginning = f"  {meters} m  {name} [{cafe.identifier}] Cafe, "
+            self.assertEqual(line[:len(beginning)], beginning)
         self.assertIn("18 Đường Mưa Rào", lines[0])
         self.assertTrue(lines[2].endswith("no address"), lines[2])
         self.assertIn("Sân trong 5/2 Đường Hàng Me, Quận 1", lines[4])
@@ -160,7 +161,8 @@ class FailureTest(SenseCase):
     def test_a_machine_without_a_radio(self):
         self.world.wifi.fail("no radio")
         found = dict(self.sense())
-        self.assertEqual((found["network"], found["signal"], found["nearby"]), ("none", "none", "0"))
+        heads = ("network", "signal", "nearby")
+        self.assertEqual([found[head] for head in heads], ["none", "none", "0"])
 
 
 class AbsenceTest(SenseCase):

@@ -33,8 +33,8 @@ class World:
     """A context manager: nothing of the district outlives it, and nothing outside is touched.
 
     Each part (`places`, `weather`, `location`, `keyring`, `wifi`) can be told to be slow, to fail,
-    to vanish, to come back and to recover. `environment` is what a program needs to live here; on
-    a virtual desktop, the district's session is that of the desktop.
+    to vanish, to come back and to recover. `environment` is what a program needs to live here.
+    Around a virtual desktop, the session is the desktop's, and its programs live in the district.
     """
 
     PARTS = ("places", "weather", "location", "keyring", "wifi")
@@ -99,7 +99,7 @@ class World:
 
     def _start_session(self):
         if self._desktop:
-            self.environment = dict(self._desktop.environment)
+            self.environment = self._desktop.environment
             return
         self.environment = private_home(self.folder)
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = start_bus(

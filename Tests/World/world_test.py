@@ -13,6 +13,7 @@ import dbus
 import dbus.bus
 
 from processes import environment_of, running_pids
+from virtual_desktop import VirtualDesktop
 from world import World
 
 HERE = pathlib.Path(__file__).parent
@@ -279,6 +280,18 @@ class WebTest(WorldCase):
         self.assertEqual((self.status("places"), self.status("weather")), (406, 404))
 
 
+class DesktopTest(unittest.TestCase):
+    def test_a_program_on_a_desktop_lives_in_the_district_around_it(self):
+        with VirtualDesktop() as desktop, World(desktop):
+            shown = desktop.start("shown", ["env"])
+            self.assertEqual(shown.status_within(LIMIT_SECONDS), 0)
+            self.assertIn("QUORVEL_PLACES_ENDPOINT=http://127.0.0.1:", shown.output())
+            self.assertIn("DBUS_SYSTEM_BUS_ADDRESS=unix:", shown.output())
+            session = dbus.bus.BusConnection(desktop.bus_address)
+            self.assertTrue(session.name_has_owner(SECRETS))
+            session.close()
+
+
 class EndTest(unittest.TestCase):
     def test_nothing_is_left_when_it_ends(self):
         with World() as world:
@@ -310,7 +323,8 @@ class CommandTest(unittest.TestCase):
         self.assertRegex(finished.stdout, "quorvel-world-.* http://127.0.0.1:")
 
     def test_orders_come_before_the_command(self):
-        ask = "import os, urllib.request as web; web.urlopen(os.environ['QUORVEL_WEATHER_ENDPOINT'])"
+        ask = "import os, urllib.request; "
+        ask += "urllib.request.urlopen(os.environ['QUORVEL_WEATHER_ENDPOINT'])"
         finished = self.run_world("weather.fail=503", "--", sys.executable, "-c", ask)
         self.assertIn("HTTP Error 503", finished.stderr)
 
