@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 constexpr int candidateCount = 10000;
 constexpr double farthestMeters = 125;
 constexpr double radiusMeters = 100;
-constexpr qsizetype replyBytes = 1024 * 1024;
+constexpr qsizetype replyBytes = qsizetype(1024) * 1024;
 constexpr int roundCount = 101;
 constexpr quint32 seed = 3;
 
@@ -25,6 +25,7 @@ std::vector<PlaceCandidate> someCandidates()
 {
     QRandomGenerator random(seed);
     std::vector<PlaceCandidate> candidates;
+    candidates.reserve(candidateCount);
     for (int i = 0; i < candidateCount; ++i) {
         const QString identifier = u"node/%1"_s.arg(i);
         candidates.push_back({.id = identifier,
@@ -42,6 +43,7 @@ std::vector<PlaceCandidate> someCandidates()
 std::vector<double> distancesOf(const std::vector<PlaceCandidate> &candidates)
 {
     std::vector<double> distances;
+    distances.reserve(candidates.size());
     for (const PlaceCandidate &candidate : candidates)
         distances.push_back(candidate.distanceMeters);
     return distances;

@@ -51,6 +51,7 @@ public:
 
     /// The visits here that are inserted or stored, in the order in which they were saved. They are
     /// deleted with the café. Throws StoreError.
+    // Deliberate: asked of the store each time. It is written from the other side, `setCafe`.
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> checkIns() const;
 
     struct Keys;

@@ -46,7 +46,7 @@ QString helpText()
            "  -h, --help     Show this text.\n"
            "  -v, --version  Show the version.\n"
            "\n"
-           "The options of the Qt toolkit, such as “-platform” and “-style”, work too.\n"_s;
+           "Options of the Qt toolkit such as “-platform” and “-style” work too.\n"_s;
 }
 
 CommandLine answer(const QString &text)

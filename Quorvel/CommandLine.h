@@ -18,8 +18,8 @@ struct CommandLine
     /// Nothing: the program is to run.
     std::optional<int> exitStatus = {};
 
-    /// Reads the arguments, without the program's name. The toolkit's own options pass in the forms
-    /// that an application object takes out of its arguments.
+    /// Reads the arguments, without the program's name. The toolkit's options for every platform
+    /// pass in the forms that an application object takes out of its arguments.
     [[nodiscard]] static CommandLine parse(const QStringList &arguments);
 
     friend bool operator==(const CommandLine &, const CommandLine &) = default;

@@ -15,7 +15,7 @@ QuorvelApp::QuorvelApp()
     if (const auto &error = m_environment.setupError())
         qWarning("quorvel: %s", qUtf8Printable(*error));
     connect(&m_statusItem, &StatusItem::activated, this, &QuorvelApp::togglePanel);
-    connect(&m_statusItem, &StatusItem::openRequested, this, &QuorvelApp::openPanel);
+    connect(&m_statusItem, &StatusItem::openRequested, this, [this] { openPanel(); });
     connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
     // Once the icon is up: by the first click the desktop has told whether it is dark.
     connect(&m_statusItem, &StatusItem::isShownChanged, this, [this] { appearance(); });
@@ -23,8 +23,11 @@ QuorvelApp::QuorvelApp()
 
 QuorvelApp::~QuorvelApp() = default;
 
-void QuorvelApp::openPanel()
+void QuorvelApp::openPanel(const Activation &activation)
 {
+    // The toolkit takes the token from here when it next asks a Wayland desktop for focus.
+    if (!activation.token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
     withScenes([this](Scenes &scenes) { scenes.openMenuBarPanel(m_statusItem.geometry()); });
 }
 

@@ -2,6 +2,7 @@
 
 #include "Core/DI/AppEnvironment.h"
 #include "Features/MenuBar/MenuBarLabel.h"
+#include "Platform/SingleInstance/SingleInstance.h"
 #include "Platform/StatusItem/TrayStatusItem.h"
 #include "Quorvel/ScenesLoader.h"
 
@@ -21,8 +22,8 @@ public:
     QuorvelApp();
     ~QuorvelApp() override;
 
-    /// Shows the panel: a later start of the program, or a menu, asked for it.
-    void openPanel();
+    /// Shows the panel: the desktop, a later start of the program, or a menu asked for it.
+    void openPanel(const Activation &activation = {});
 
 private:
     void togglePanel();

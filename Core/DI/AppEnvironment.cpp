@@ -11,10 +11,8 @@ AppEnvironment::AppEnvironment(const FileManager &fileManager)
 {
     try {
         setUp(fileManager);
-        emit checkInRepositoryChanged();
     } catch (const std::exception &error) {
         m_setupError = QString::fromUtf8(error.what());
-        emit setupErrorChanged();
     }
 }
 

@@ -6,11 +6,11 @@
 namespace quorvel {
 
 SwiftDataCheckInRepository::SwiftDataCheckInRepository(std::unique_ptr<ModelContainer> container,
-                                                       CheckInPhotoStore photoStore,
+                                                       const CheckInPhotoStore &photoStore,
                                                        const Clock &clock)
     : m_container(std::move(container))
     , m_context(m_container->mainContext())
-    , m_photoStore(std::move(photoStore))
+    , m_photoStore(photoStore)
     , m_clock(clock)
 {}
 

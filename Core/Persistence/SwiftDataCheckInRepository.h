@@ -12,7 +12,8 @@ class SwiftDataCheckInRepository final : public CheckInRepository
 {
 public:
     SwiftDataCheckInRepository(std::unique_ptr<ModelContainer> container,
-                               CheckInPhotoStore photoStore, const Clock &clock = Clock::system());
+                               const CheckInPhotoStore &photoStore,
+                               const Clock &clock = Clock::system());
 
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> allCheckIns() override;
     [[nodiscard]] std::shared_ptr<Cafe> findOrCreateCafe(const PlaceCandidate &from) override;

@@ -8,8 +8,8 @@ namespace quorvel {
 
 class StatusItem;
 
-/// The program's face in the status area: a cup whose orange dot pulses for ever, whatever the
-/// program does.
+/// The program's face in the status area: a cup whose orange dot pulses as long as a host shows it,
+/// whatever the program does.
 class MenuBarLabel final : public QObject
 {
     Q_OBJECT

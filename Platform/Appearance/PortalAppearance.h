@@ -11,7 +11,8 @@ class QDBusMessage;
 namespace quorvel {
 
 /// The appearance as the desktop portal tells it, followed live. Until the portal answers, and on
-/// a desktop without one, it is dark where the palette's windows are. Never waits for the portal.
+/// a desktop without one, it is dark where the palette's windows are at that moment; a palette that
+/// changes later is not announced. Never waits for the portal.
 class PortalAppearance final : public Appearance
 {
     Q_OBJECT

@@ -20,7 +20,7 @@ struct DayInterval
 };
 
 /// The user's civil days: cuts absolute time at local midnights.
-class Calendar
+class Calendar final
 {
 public:
     explicit Calendar(const QTimeZone &zone);

@@ -24,10 +24,11 @@ void saveEntries(const QString &folder)
 {
     const int descriptor =
         open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) {
-        // A folder in which its user may make entries but not list them: nothing to wait on.
+    // A folder in which its user may make entries but not list them: nothing to wait on.
+    if (descriptor < 0 && errno == EACCES)
         return;
-    }
+    if (descriptor < 0)
+        throw FileError(FileError::Operation::SaveFolder, folder, errno);
     const auto closing = qScopeGuard([descriptor] { close(descriptor); });
     // Some network and union file systems know no such request, and say so with EINVAL.
     if (fsync(descriptor) != 0 && errno != EINVAL)

@@ -15,7 +15,7 @@ class QtHttpClient final : public QObject, public HttpClient
 
 public:
     static constexpr int redirectLimit = 5;
-    static constexpr qint64 defaultBodyLimitBytes = 8 * 1024 * 1024;
+    static constexpr qint64 defaultBodyLimitBytes = qint64(8) * 1024 * 1024;
 
     explicit QtHttpClient(qint64 bodyLimitBytes = defaultBodyLimitBytes, QObject *parent = nullptr);
     ~QtHttpClient() override;

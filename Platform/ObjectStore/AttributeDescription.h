@@ -29,13 +29,15 @@ struct AttributeDescription
 
 namespace detail {
 
+enum class Nullable : bool { No, Yes };
+
 template <Composite Record>
-std::vector<ColumnDescription> compositeColumns(bool optional)
+std::vector<ColumnDescription> compositeColumns(Nullable nullable)
 {
     std::vector<ColumnDescription> columns;
     const auto add = [&]<class Value>(const CodingKey<Record, Value> &key) {
         QByteArray sqlType = ColumnCoding<Value>::sqlType;
-        if (optional)
+        if (nullable == Nullable::Yes)
             sqlType.replace(" NOT NULL", "");
         columns.push_back({key.name, sqlType});
     };
@@ -105,7 +107,7 @@ template <auto Member>
 [[nodiscard]] AttributeDescription compositeAttribute()
 {
     using Record = typename MemberAccess::Traits<Member>::Value;
-    return {.columns = detail::compositeColumns<Record>(false),
+    return {.columns = detail::compositeColumns<Record>(detail::Nullable::No),
             .read =
                 [](PersistentObject &object, const RowReader &row, int column) {
                     MemberAccess::memberOf<Member>(object) = decodeComposite<Record>(row, column);
@@ -122,7 +124,7 @@ template <auto Member>
 [[nodiscard]] AttributeDescription optionalCompositeAttribute()
 {
     using Record = typename MemberAccess::Traits<Member>::Value::value_type;
-    return {.columns = detail::compositeColumns<Record>(true),
+    return {.columns = detail::compositeColumns<Record>(detail::Nullable::Yes),
             .read =
                 [](PersistentObject &object, const RowReader &row, int column) {
                     auto &value = MemberAccess::memberOf<Member>(object);

@@ -47,7 +47,7 @@ struct FetchRequest
 /// Which objects to fetch, in what order, and how many at most. Without a sort they come in the
 /// store's own order, the order in which they were first saved.
 template <class Entity>
-class FetchDescriptor
+class FetchDescriptor final
 {
 public:
     template <class Result>

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-ModelContainer::ModelContainer(Schema schema, const StoreConfiguration &configuration)
+ModelContainer::ModelContainer(const Schema &schema, const StoreConfiguration &configuration)
     : m_connection(std::make_unique<StoreConnection>(schema, configuration))
     , m_mainContext(*m_connection, schema)
 {}

@@ -19,12 +19,12 @@ struct StoreConfiguration
 ///
 /// A file is one SQLite database, private to its user (0600). A save is one transaction that has
 /// reached the disk when it returns. Two processes may open the same file.
-class ModelContainer
+class ModelContainer final
 {
 public:
     /// Opens the store, making it if there is none. Throws StoreError and leaves the file untouched
     /// when it is not a store of this very schema version.
-    ModelContainer(Schema schema, const StoreConfiguration &configuration);
+    ModelContainer(const Schema &schema, const StoreConfiguration &configuration);
     ~ModelContainer();
 
     [[nodiscard]] ModelContext &mainContext() { return m_mainContext; }

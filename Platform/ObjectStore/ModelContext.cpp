@@ -4,6 +4,7 @@
 #include "Platform/ObjectStore/StoreConnection.h"
 #include "Platform/ObjectStore/StoreError.h"
 
+#include <QScopeGuard>
 #include <QVarLengthArray>
 #include <SQLiteCpp/Column.h>
 
@@ -50,12 +51,6 @@ bool isBefore(const PersistentObject &a, const PersistentObject &b, const FetchR
     return false;
 }
 
-template <class Container>
-void eraseObject(Container &objects, const PersistentObject &object)
-{
-    std::erase_if(objects, [&](const auto &candidate) { return candidate.get() == &object; });
-}
-
 } // namespace
 
 ModelContext::ModelContext(StoreConnection &connection, const Schema &schema)
@@ -98,11 +93,13 @@ void ModelContext::remove(const std::shared_ptr<PersistentObject> &object)
     if (object->context() != this || object->m_deletionPending)
         return;
     object->m_deletionPending = true;
+    auto forget = qScopeGuard([&] { object->m_deletionPending = false; });
     releaseReferences(*object);
+    forget.dismiss();
     if (object->isStored()) {
         m_deleted.push_back(object);
     } else {
-        eraseObject(m_inserted, *object);
+        std::erase(m_inserted, object);
         detach(*object);
     }
 }

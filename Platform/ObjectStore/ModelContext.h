@@ -28,7 +28,7 @@ struct EntityTable
 /// writes and deletions, and commits them together.
 ///
 /// Fetches see what is not saved yet. Every operation may throw StoreError.
-class ModelContext
+class ModelContext final
 {
 public:
     ModelContext(StoreConnection &connection, const Schema &schema);

@@ -50,7 +50,8 @@ public:
     /// Stored, with writes that no save has taken yet.
     [[nodiscard]] bool hasUnsavedChanges() const { return m_changed; }
 
-    /// Emits `changed()` after every write, whether or not the object was ever inserted.
+    /// Emits `changed()` after every write that changes a value, whether or not the object was ever
+    /// inserted.
     [[nodiscard]] ChangeNotifier &notifier();
 
 protected:

@@ -12,7 +12,7 @@ namespace quorvel {
 
 /// The current row of a query. Every getter throws StoreError (Decoding) when the column is null or
 /// holds another type: a stored value is never guessed.
-class RowReader
+class RowReader final
 {
 public:
     explicit RowReader(const SQLite::Statement &statement)
@@ -35,7 +35,7 @@ private:
 };
 
 /// The parameters of a statement, counted from 1 as SQL does.
-class ParameterWriter
+class ParameterWriter final
 {
 public:
     explicit ParameterWriter(SQLite::Statement &statement)

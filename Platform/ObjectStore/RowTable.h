@@ -14,7 +14,7 @@ class PersistentObject;
 /// Finds the object of a row for the context, and keeps none alive. The rows of a table lie close
 /// together, so they stand in blocks: that takes half of a hash's memory, and reading a table in
 /// its order stays in one place.
-class RowTable
+class RowTable final
 {
 public:
     using Object = std::shared_ptr<PersistentObject>;

@@ -66,10 +66,16 @@ void makePrivateFile(const QString &path)
             StoreError::Code::CannotOpen,
             u"The store “%1” could not be opened: %2."_s.arg(path, systemMessage(error)));
     }
-    struct stat status = {};
-    if (::fstat(file, &status) == 0 && (status.st_mode & 0777) != privateFileMode)
-        ::fchmod(file, privateFileMode);
     ::close(file);
+}
+
+/// A store that others could read was restored or copied by hand; it is not theirs to read.
+void closeToOthers(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status = {};
+    if (::stat(name.constData(), &status) == 0 && (status.st_mode & 0777) != privateFileMode)
+        ::chmod(name.constData(), privateFileMode);
 }
 
 SQLite::Database open(const QString &name, const StoreConfiguration &configuration)
@@ -102,6 +108,8 @@ StoreConnection::StoreConnection(const Schema &schema, const StoreConfiguration 
     try {
         // Order: nothing is written to a file before it has been recognised.
         recognise(schema);
+        if (configuration.path)
+            closeToOthers(*configuration.path);
         useWriteAheadLog();
         m_database.exec("PRAGMA synchronous = FULL");
         m_database.exec("PRAGMA foreign_keys = ON");
@@ -110,7 +118,8 @@ StoreConnection::StoreConnection(const Schema &schema, const StoreConfiguration 
         checkTables(schema);
     } catch (const SQLite::Exception &exception) {
         const StoreError error = storeErrorFor(exception);
-        if (error.code() == StoreError::Code::Corrupt || error.code() == StoreError::Code::Failed)
+        // A statement that does not fit is a table or column that is missing.
+        if (error.code() == StoreError::Code::Corrupt || exception.getErrorCode() == SQLITE_ERROR)
             throw damaged(m_name, exception);
         throw StoreError(error.code(), u"The store “%1” could not be opened: %2"_s.arg(
                                            m_name, error.errorDescription()));
@@ -210,6 +219,8 @@ StoreError storeErrorFor(const SQLite::Exception &exception)
     switch (exception.getErrorCode()) {
     case SQLITE_FULL:
         return {StoreError::Code::Full, u"The disk is full."_s};
+    case SQLITE_IOERR:
+        return {StoreError::Code::Failed, u"The disk could not be read or written."_s};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return {StoreError::Code::Busy, u"The store is in use by another program."_s};

@@ -16,7 +16,7 @@ namespace quorvel {
 ///
 /// The journal is a write-ahead log and every commit is synchronous, so that neither a killed
 /// process nor a power cut loses a save that returned.
-class StoreConnection
+class StoreConnection final
 {
 public:
     /// Throws StoreError.
@@ -44,7 +44,7 @@ private:
 };
 
 /// A prepared statement in use: free for the next one however its scope ends.
-class StatementUse
+class StatementUse final
 {
 public:
     explicit StatementUse(SQLite::Statement &statement)

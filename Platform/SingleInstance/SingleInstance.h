@@ -10,7 +10,7 @@ struct Activation
 {
     /// Of the Wayland kind.
     QString token = {};
-    /// Of the X11 kind.
+    /// Of the X11 kind, where a window needs none to come forward.
     QString startupId = {};
 
     friend bool operator==(const Activation &, const Activation &) = default;

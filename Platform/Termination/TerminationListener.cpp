@@ -24,13 +24,17 @@ void noteSignal(int)
     errno = savedError;
 }
 
+/// A signal that whoever started us told us to ignore, as `nohup` does, stays ignored.
 void handleAll(void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
-    for (const int signal : terminationSignals)
-        ::sigaction(signal, &action, nullptr);
+    for (const int signal : terminationSignals) {
+        struct sigaction current = {};
+        if (::sigaction(signal, nullptr, &current) == 0 && current.sa_handler != SIG_IGN)
+            ::sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace

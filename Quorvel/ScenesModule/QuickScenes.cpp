@@ -4,6 +4,7 @@
 #include "Core/DesignSystem/ViewFactory.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Platform/Appearance/Appearance.h"
+#include "Platform/Errors/LocalizedError.h"
 
 #include <QHash>
 #include <QQuickWindow>
@@ -64,12 +65,23 @@ bool QuickScenes::openWindow(const QString &identifier)
     return true;
 }
 
+/// The request comes out of the QML engine, which no exception may pass.
+void QuickScenes::openRequestedWindow(const QString &identifier)
+{
+    try {
+        if (!openWindow(identifier))
+            qCritical("quorvel: there is no window “%s”", qUtf8Printable(identifier));
+    } catch (const LocalizedError &error) {
+        qCritical("quorvel: %s", error.what());
+    }
+}
+
 MenuBarPanel &QuickScenes::menuBarPanel()
 {
     if (!m_menuBarPanel) {
         m_menuBarPanel = std::make_unique<MenuBarPanel>(m_engine, m_context.launchAtLogin);
         connect(m_menuBarPanel.get(), &MenuBarPanel::windowRequested, this,
-                &QuickScenes::openWindow);
+                &QuickScenes::openRequestedWindow);
         connect(m_menuBarPanel.get(), &MenuBarPanel::quitRequested, this, m_context.quit);
     }
     return *m_menuBarPanel;

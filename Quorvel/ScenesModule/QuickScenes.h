@@ -33,6 +33,7 @@ public:
     [[nodiscard]] QQuickWindow *window(const QString &identifier);
 
 private:
+    void openRequestedWindow(const QString &identifier);
     void followAppearance();
 
     SceneContext m_context;

@@ -143,7 +143,6 @@ private slots:
     void aStoreInMemoryAsksForNoFolder()
     {
         const FakeFileManager fileManager({u"/nowhere"_s});
-        const auto container = AppModelContainer::make(InMemory::Yes, fileManager);
         SwiftDataCheckInRepository repository(AppModelContainer::make(InMemory::Yes, fileManager),
                                               CheckInPhotoStore(fileManager));
         repository.save(visit(repository, u"fleeting"_s));
@@ -253,7 +252,9 @@ private slots:
         {
             const AppEnvironment environment(user.fileManager);
             QVERIFY(!environment.checkInRepository());
-            QVERIFY(environment.setupError());
+            QCOMPARE(environment.setupError(),
+                     std::optional(u"The store “%1” could not be opened: The disk could not be "
+                                   u"read or written."_s.arg(user.store)));
         }
         QVERIFY(QFile::remove(ballast));
         const AppEnvironment environment(user.fileManager);

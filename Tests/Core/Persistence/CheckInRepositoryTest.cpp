@@ -340,6 +340,7 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(StoreError, visits.repository->save(visit));
         QVERIFY(visit->isPending());
         QCOMPARE(visits.count("CheckIn"), 0);
+        QVERIFY(visits.repository->hasCheckedInToday(u"n/1"_s));
         other.exec("ROLLBACK");
         visits.repository->save(visit);
         QCOMPARE(visits.count("CheckIn WHERE note = 'precious'"), 1);

@@ -169,8 +169,10 @@ private slots:
     {
         const Place place;
         place.inspect().exec("CREATE TABLE Contacts(name)");
+        QVERIFY(::chmod(QFile::encodeName(place.path).constData(), 0644) == 0);
         const auto error = place.refusal();
         QVERIFY(error);
+        QCOMPARE(modeOf(place.path), 0644);
         QCOMPARE(error->code(), StoreError::Code::NotAStore);
         QCOMPARE(error->errorDescription(),
                  u"“%1” is not a store of this program."_s.arg(place.path));
@@ -245,6 +247,18 @@ private slots:
         QCOMPARE(error->code(), StoreError::Code::CannotOpen);
         QCOMPARE(error->errorDescription(),
                  u"The store “%1” could not be opened: Is a directory."_s.arg(place.path));
+    }
+
+    void aLogThatCannotBeMadeIsNotTakenForDamage()
+    {
+        const Place place;
+        place.addBook();
+        QVERIFY(QDir().mkdir(place.path + u"-wal"_s));
+        const auto error = place.refusal();
+        QVERIFY(error);
+        QVERIFY(error->code() != StoreError::Code::Corrupt);
+        QVERIFY(error->errorDescription().startsWith(
+            u"The store “%1” could not be opened: "_s.arg(place.path)));
     }
 
     void aMissingFolderIsRefused()

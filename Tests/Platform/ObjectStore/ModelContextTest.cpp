@@ -391,6 +391,19 @@ private slots:
         QCOMPARE(library.count("Author"), 1);
     }
 
+    void aDeletionThatCannotBePreparedMayBeTriedAgain()
+    {
+        Library library;
+        const auto book = library.add(u"B"_s);
+        library.inspect().exec("ALTER TABLE Bookmark RENAME TO Hidden");
+        QVERIFY(failure([&] { library.context.remove(book); }));
+        QCOMPARE(library.context.fetch<Book>(), std::vector{book});
+        library.inspect().exec("ALTER TABLE Hidden RENAME TO Bookmark");
+        library.context.remove(book);
+        library.context.save();
+        QCOMPARE(library.count("Book"), 0);
+    }
+
     void theFileItselfCascadesAndNullifies()
     {
         Library library;

@@ -33,6 +33,21 @@ private slots:
         QCOMPARE(requests.count(), 1);
     }
 
+    void aSignalThatIsIgnoredStaysIgnored()
+    {
+        std::signal(SIGHUP, SIG_IGN);
+        {
+            const TerminationListener listener;
+            QSignalSpy requests(&listener, &TerminationListener::terminationRequested);
+            ::raise(SIGHUP);
+            ::raise(SIGTERM);
+            QVERIFY(requests.wait());
+            QCOMPARE(requests.count(), 1);
+        }
+        ::raise(SIGHUP);
+        std::signal(SIGHUP, SIG_DFL);
+    }
+
     void withoutAListenerTheProcessEndsAtOnce()
     {
         const pid_t child = ::fork();
