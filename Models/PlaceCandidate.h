@@ -11,15 +11,15 @@ namespace quorvel {
 /// A nearby place that a search offers; never stored.
 struct PlaceCandidate
 {
-    QString id; ///< its identity within one search result
-    QString name;
+    QString id = {}; ///< its identity within one search result
+    QString name = {};
     double latitude = 0;       ///< degrees
     double longitude = 0;      ///< degrees
     double distanceMeters = 0; ///< from the user's location at search time
-    QString category;
-    std::optional<QString> address;
+    QString category = {};
+    std::optional<QString> address = {};
     /// The provider's stable identifier, by which the place's `Cafe` is found again.
-    std::optional<QString> mapItemIdentifier;
+    std::optional<QString> mapItemIdentifier = {};
 
     [[nodiscard]] Coordinate coordinate() const { return {latitude, longitude}; }
 

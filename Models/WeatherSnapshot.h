@@ -11,7 +11,7 @@ struct WeatherSnapshot
     double apparentTemperatureC = 0;
     qint64 weatherCode = 0; ///< WMO code table 4677, as Open-Meteo reduces it
     bool isDay = false;
-    Instant capturedAt;
+    Instant capturedAt = {};
 
     static constexpr auto codingKeys()
     {

@@ -12,10 +12,10 @@ struct HttpRequest
 {
     enum class Method { Get, Post };
 
-    QUrl url;
+    QUrl url = {};
     Method method = Method::Get;
     /// Of a POST: a form, percent-encoded.
-    QByteArray body;
+    QByteArray body = {};
     /// From sending to the last byte of the answer, redirects included.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
 

@@ -35,7 +35,7 @@ QString joined(const QList<std::optional<QString>> &parts, const QString &separa
 
 std::optional<QString> address(const QJsonObject &tags)
 {
-    if (const auto full = text(tags, "addr:full"_L1))
+    if (auto full = text(tags, "addr:full"_L1))
         return full;
     const auto suburb = text(tags, "addr:suburb"_L1);
     const QString street =
@@ -102,7 +102,7 @@ std::vector<PointOfInterest> pointsOfInterest(const QByteArray &body)
         throw PointsOfInterestError(Case::Unreadable);
 
     std::vector<PointOfInterest> points;
-    for (const QJsonValue &value : elements.toArray()) {
+    for (const auto &value : elements.toArray()) {
         const QJsonObject element = value.toObject();
         if (const auto position = coordinate(element))
             points.push_back(pointOfInterest(element, *position));

@@ -44,14 +44,14 @@ xcb_atom_t internAtom(xcb_connection_t *connection, const QByteArray &name)
     const auto cookie =
         xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
     const auto reply = owned(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
 xcb_window_t selectionOwner(xcb_connection_t *connection, xcb_atom_t selection)
 {
     const auto cookie = xcb_get_selection_owner(connection, selection);
     const auto reply = owned(xcb_get_selection_owner_reply(connection, cookie, nullptr));
-    return reply ? reply->owner : XCB_WINDOW_NONE;
+    return reply ? reply->owner : xcb_window_t(XCB_WINDOW_NONE);
 }
 
 /// Asks for the news of the window's end. False when it has ended already.

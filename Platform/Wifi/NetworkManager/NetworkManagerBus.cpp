@@ -54,7 +54,7 @@ NetworkManagerBus::NetworkManagerBus(QDBusConnection connection)
 }
 
 void NetworkManagerBus::call(QObject *context, const NetworkManagerCall &call,
-                             std::chrono::milliseconds limit, Handler handler) const
+                             std::chrono::milliseconds limit, const Handler &handler) const
 {
     // A call on a bus that is not there would never be answered, not even with an error.
     if (!m_connection.isConnected()) {

@@ -62,7 +62,7 @@ public:
 
     /// The handler is called once and later, unless the context is destroyed before.
     void call(QObject *context, const NetworkManagerCall &call, std::chrono::milliseconds limit,
-              Handler handler) const;
+              const Handler &handler) const;
 
     /// For calls whose reply nobody needs.
     void send(const NetworkManagerCall &call) const;
