@@ -254,6 +254,7 @@ private slots:
         QCOMPARE(error->errorDescription(), u"The network service is not running"_s);
         m_mock.start();
         m_mock.addNetwork(m_mock.addRadio(), "Cafe", 50);
+        QTRY_VERIFY(m_client->hasInterface());
         QCOMPARE(scanOf(*m_client).take(), (Scanned{heard("Cafe", -70)}));
     }
 
