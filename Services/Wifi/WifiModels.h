@@ -12,7 +12,7 @@ namespace quorvel {
 /// The strength of a network as people read it.
 struct WifiSignal
 {
-    explicit WifiSignal(qint64 rssiDBm);
+    explicit WifiSignal(qint64 strength);
 
     qint64 rssiDBm;
     int bars;      ///< how many of four are lit, at least one
