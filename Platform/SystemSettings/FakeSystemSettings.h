@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Platform/SystemSettings/SystemSettings.h"
+
+#include <QList>
+#include <QUrl>
+
+namespace quorvel {
+
+/// Keeps the addresses that it was asked for, and answers as a test says.
+class FakeSystemSettings final : public SystemSettings
+{
+public:
+    [[nodiscard]] bool open(const QUrl &address) override
+    {
+        opened.append(address);
+        return canOpen;
+    }
+
+    bool canOpen = true;
+    QList<QUrl> opened;
+};
+
+} // namespace quorvel
