@@ -11,11 +11,13 @@ namespace quorvel {
 
 QuorvelApp::QuorvelApp()
     : m_label(m_statusItem)
+    , m_traylessOpening(m_statusItem)
 {
     if (const auto &error = m_environment.setupError())
         qWarning("quorvel: %s", qUtf8Printable(*error));
     connect(&m_statusItem, &StatusItem::activated, this, &QuorvelApp::togglePanel);
     connect(&m_statusItem, &StatusItem::openRequested, this, [this] { openPanel(); });
+    connect(&m_traylessOpening, &TraylessOpening::openRequested, this, [this] { openPanel(); });
     connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
     // Once the icon is up: by the first click the desktop has told whether it is dark.
     connect(&m_statusItem, &StatusItem::isShownChanged, this, [this] { appearance(); });

@@ -2,6 +2,7 @@
 
 #include "Core/DI/AppEnvironment.h"
 #include "Features/MenuBar/MenuBarLabel.h"
+#include "Features/MenuBar/TraylessOpening.h"
 #include "Platform/SingleInstance/SingleInstance.h"
 #include "Platform/StatusItem/TrayStatusItem.h"
 #include "Quorvel/ScenesLoader.h"
@@ -36,6 +37,7 @@ private:
     TrayStatusItem m_statusItem;
     AppEnvironment m_environment;
     MenuBarLabel m_label;
+    TraylessOpening m_traylessOpening;
     ScenesLoader m_loader;
     std::unique_ptr<Appearance> m_appearance;
     std::unique_ptr<Scenes> m_scenes;
