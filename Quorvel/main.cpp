@@ -2,6 +2,7 @@
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 #include "Platform/Termination/TerminationListener.h"
 #include "Quorvel/CommandLine.h"
+#include "Quorvel/Endpoints.h"
 #include "Quorvel/QuorvelApp.h"
 
 #include <QApplication>
@@ -30,6 +31,18 @@ int refuse(const char *sentence)
 {
     std::fprintf(stderr, "quorvel: %s\n", sentence);
     return EXIT_FAILURE;
+}
+
+/// Why the program may not go on the web as it is told to; absent when it may. Said at the start,
+/// not at the first click, for whoever set the variable is watching then.
+std::optional<EndpointError> endpointMistake()
+{
+    try {
+        static_cast<void>(Endpoints::read(QProcessEnvironment::systemEnvironment()));
+        return std::nullopt;
+    } catch (const EndpointError &mistake) {
+        return mistake;
+    }
 }
 
 /// Qt ends the process with a core dump where there is no display; a sentence is kinder.
@@ -79,6 +92,8 @@ int main(int argc, char **argv)
         return *commandLine.exitStatus;
     if (!quorvel::hasDisplay())
         return quorvel::refuse("there is no display to show it on.");
+    if (const auto mistake = quorvel::endpointMistake())
+        return quorvel::refuse(mistake->what());
 
     QApplication::setApplicationName(QStringLiteral("quorvel"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quorvel"));

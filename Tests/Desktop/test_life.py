@@ -1,9 +1,10 @@
 """Starting the program again, starting it where it cannot write, and ending it."""
 
 import os
+import shutil
 import unittest
 
-from desktop_case import PANEL, DesktopCase
+from desktop_case import PANEL, PROGRAM, DesktopCase
 
 
 def without_override():
@@ -35,6 +36,39 @@ class StoreTest(DesktopCase):
         self.start_program(prefix=without_override())
         self.desktop.wait_for_icon()
         self.assertEqual(list(self.desktop.data_home.iterdir()), [])
+
+
+class RefusalTest(DesktopCase):
+    """What cannot work is said in a sentence, at the start where that is possible."""
+
+    def refusal(self, **environment):
+        process = self.desktop.start("refused", [PROGRAM], environment)
+        self.assertEqual(process.status_within(seconds=10), 1, process.output())
+        return process.output()
+
+    def test_no_display_is_said(self):
+        nothing = {"DISPLAY": "", "WAYLAND_DISPLAY": "", "QT_QPA_PLATFORM": ""}
+        self.assertEqual(
+            self.refusal(**nothing), "quorvel: there is no display to show it on.\n"
+        )
+
+    def test_an_address_that_would_be_read_by_others_is_refused(self):
+        said = self.refusal(QUORVEL_WEATHER_ENDPOINT="http://weather.example.org")
+        self.assertIn("QUORVEL_WEATHER_ENDPOINT", said)
+        self.assertIn("http://weather.example.org", said)
+
+    def test_a_program_without_its_scenes_says_so_and_keeps_its_icon(self):
+        alone = shutil.copy(PROGRAM, self.desktop.folder)
+        self.desktop.start_tray("trayer")
+        program = self.desktop.start_program(alone)
+        self.desktop.click_icon()
+        self.desktop.wait_until(
+            lambda: "quorvel: Quorvel is not installed completely" in program.output(),
+            "the program says what is missing",
+        )
+        self.assertTrue(program.is_running())
+        self.desktop.wait_for_icon()
+        self.assert_ends_well(program)
 
 
 class EndTest(DesktopCase):
