@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Core/Support/AppError.h"
+
+#include <variant>
+
+namespace quorvel {
+
+/// How far a screen's load has come, for view models to publish and views to choose by. Two states
+/// can be compared when their results can.
+template <class T>
+class ViewState final
+{
+public:
+    /// Nothing was asked for yet.
+    [[nodiscard]] static ViewState idle() { return ViewState(std::in_place_index<idleIndex>); }
+    /// Under way, with nothing to show until it ends.
+    [[nodiscard]] static ViewState loading()
+    {
+        return ViewState(std::in_place_index<loadingIndex>);
+    }
+    [[nodiscard]] static ViewState loaded(T value)
+    {
+        return ViewState(std::in_place_index<loadedIndex>, std::move(value));
+    }
+    [[nodiscard]] static ViewState error(AppError error)
+    {
+        return ViewState(std::in_place_index<errorIndex>, std::move(error));
+    }
+
+    [[nodiscard]] bool isIdle() const { return m_case.index() == idleIndex; }
+    [[nodiscard]] bool isLoading() const { return m_case.index() == loadingIndex; }
+    [[nodiscard]] bool isLoaded() const { return m_case.index() == loadedIndex; }
+    [[nodiscard]] bool isError() const { return m_case.index() == errorIndex; }
+
+    /// Null unless loaded; as long-lived as the state.
+    [[nodiscard]] const T *loadedValue() const { return std::get_if<loadedIndex>(&m_case); }
+    /// Null unless in error; as long-lived as the state.
+    [[nodiscard]] const AppError *errorValue() const { return std::get_if<errorIndex>(&m_case); }
+
+    friend bool operator==(const ViewState &left, const ViewState &right)
+    {
+        return left.m_case == right.m_case;
+    }
+
+private:
+    static constexpr std::size_t idleIndex = 0;
+    static constexpr std::size_t loadingIndex = 1;
+    static constexpr std::size_t loadedIndex = 2;
+    static constexpr std::size_t errorIndex = 3;
+
+    template <std::size_t index, class... Content>
+    explicit ViewState(std::in_place_index_t<index> place, Content... content)
+        : m_case(place, std::move(content)...)
+    {}
+
+    std::variant<std::monostate, std::monostate, T, AppError> m_case;
+};
+
+} // namespace quorvel
