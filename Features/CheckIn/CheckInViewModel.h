@@ -1,0 +1,83 @@
+#pragma once
+
+#include "Core/Keychain/KeychainStore.h"
+#include "Core/Persistence/CheckInRepository.h"
+#include "Core/Support/ViewState.h"
+#include "Features/MenuBar/LocatedSnapshot.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// The form of the check-in screen, and what becomes of it when the user saves: a stored visit, and
+/// word of it to whoever observes `checkInDidSave`. Signals tell of real changes only.
+class CheckInViewModel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Saved
+    {
+        friend bool operator==(const Saved &, const Saved &) = default;
+    };
+    using SaveState = ViewState<Saved>;
+
+    static constexpr WorkRatings initialRatings{
+        .wifiSpeed = 3, .outlets = 3, .noise = 3, .quietForCalls = 3};
+
+    /// All of these outlive the view model.
+    CheckInViewModel(CheckInRepository &checkInRepository, KeychainStore &keychainStore,
+                     const Clock &clock = Clock::system(),
+                     NotificationCenter &notificationCenter = NotificationCenter::standard(),
+                     QObject *parent = nullptr);
+
+    /// To be called whenever another café is on screen, or none.
+    void refreshCheckedInTodayStatus(const std::optional<PlaceCandidate> &candidate);
+
+    /// Saves the visit. Refused in silence, as the screen says why, without a café, after today's
+    /// visit there, and while another save is under way.
+    void submit(LocatedSnapshot snapshot);
+
+    void setNote(const QString &note);
+    void setRatings(const WorkRatings &ratings);
+    void setWifiPasswordDraft(const QString &draft);
+
+    [[nodiscard]] const QString &note() const { return m_note; }
+    [[nodiscard]] const WorkRatings &ratings() const { return m_ratings; }
+    [[nodiscard]] const QString &wifiPasswordDraft() const { return m_wifiPasswordDraft; }
+    [[nodiscard]] const SaveState &saveState() const { return m_saveState; }
+    [[nodiscard]] bool hasCheckedInToday() const { return m_hasCheckedInToday; }
+
+signals:
+    void noteChanged();
+    void ratingsChanged();
+    void wifiPasswordDraftChanged();
+    void saveStateChanged();
+    void hasCheckedInTodayChanged();
+
+private:
+    /// Throws LocalizedError.
+    void save(const LocatedSnapshot &snapshot);
+    void fillVisit(const LocatedSnapshot &snapshot, const std::shared_ptr<Cafe> &cafe);
+    void clearForm();
+    void setSaveState(const SaveState &state);
+    void setHasCheckedInToday(bool hasCheckedIn);
+
+    CheckInRepository &m_checkInRepository;
+    KeychainStore &m_keychainStore;
+    const Clock &m_clock;
+    NotificationCenter &m_notificationCenter;
+
+    QString m_note;
+    WorkRatings m_ratings = initialRatings;
+    QString m_wifiPasswordDraft;
+    SaveState m_saveState = SaveState::idle();
+    bool m_hasCheckedInToday = false;
+    /// The visit until it is stored. A save that failed leaves it with the store, which takes it
+    /// along at the next one: so the next one is about this visit again, and stores no second.
+    std::shared_ptr<CheckIn> m_visit;
+};
+
+} // namespace quorvel
