@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace quorvel {
+
+/// One network in the Wi-Fi block, as its row shows it.
+struct WifiRow
+{
+    Q_GADGET
+    Q_PROPERTY(QString ssid MEMBER ssid)
+    Q_PROPERTY(bool isOpen MEMBER isOpen)
+    Q_PROPERTY(bool isConnected MEMBER isConnected)
+    Q_PROPERTY(bool isSaved MEMBER isSaved)
+    Q_PROPERTY(QString detailText MEMBER detailText)
+    Q_PROPERTY(int bars MEMBER bars)
+    Q_PROPERTY(bool requiresConnect MEMBER requiresConnect)
+
+public:
+    QString ssid = {};
+    bool isOpen = false;
+    bool isConnected = false;
+    bool isSaved = false;        ///< our keychain has its password
+    QString detailText = {};     ///< "Good · -65 dBm"
+    int bars = 0;                ///< of four
+    bool requiresConnect = true; ///< a password proves right only by joining
+
+    [[nodiscard]] const QString &id() const { return ssid; }
+
+    friend bool operator==(const WifiRow &, const WifiRow &) = default;
+};
+
+} // namespace quorvel
