@@ -8,6 +8,7 @@ Rectangle {
     id: root
 
     required property Item control
+    property real controlRadius: 6
     readonly property real gap: 3
 
     anchors.fill: root.control
@@ -15,6 +16,6 @@ Rectangle {
     border.color: Theme.color.accent
     border.width: 2
     color: "transparent"
-    radius: 6 + root.gap
+    radius: root.controlRadius + root.gap
     visible: root.control.activeFocus
 }

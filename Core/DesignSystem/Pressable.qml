@@ -4,31 +4,38 @@ import QtQuick
 import Quorvel.DesignSystem
 
 // What can be pressed: with the pointer, with space or return, or by an assistive tool. Looks like
-// nothing by itself.
+// nothing by itself. While `busy` it keeps its place and the focus, and cannot be pressed again.
 Item {
     id: root
 
     required property string label
-    readonly property bool pressed: area.containsPress
-    readonly property bool hovered: area.containsMouse
+    property bool busy
+    property real cornerRadius: 6
+    readonly property bool pressed: area.containsPress && !root.busy
+    readonly property bool hovered: area.containsMouse && !root.busy
 
     signal clicked
 
-    function press(event: KeyEvent) {
-        if (!event.isAutoRepeat)
+    function press() {
+        if (root.enabled && !root.busy)
             root.clicked();
+    }
+
+    function pressKey(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            root.press();
     }
 
     Accessible.role: Accessible.Button
     Accessible.name: root.label
-    Accessible.focusable: true
+    Accessible.focusable: root.enabled
     Accessible.pressed: root.pressed
-    activeFocusOnTab: true
+    activeFocusOnTab: root.enabled
 
-    Accessible.onPressAction: root.clicked()
-    Keys.onEnterPressed: event => root.press(event)
-    Keys.onReturnPressed: event => root.press(event)
-    Keys.onSpacePressed: event => root.press(event)
+    Accessible.onPressAction: root.press()
+    Keys.onEnterPressed: event => root.pressKey(event)
+    Keys.onReturnPressed: event => root.pressKey(event)
+    Keys.onSpacePressed: event => root.pressKey(event)
 
     MouseArea {
         id: area
@@ -36,10 +43,11 @@ Item {
         anchors.fill: parent
         hoverEnabled: true
 
-        onClicked: root.clicked()
+        onClicked: root.press()
     }
 
     FocusRing {
         control: root
+        controlRadius: root.cornerRadius
     }
 }

@@ -15,6 +15,8 @@ Symbol::Symbol(QQuickItem *parent)
 
 void Symbol::paint(QPainter *painter)
 {
+    if (m_name.isEmpty())
+        return;
     painter->setRenderHint(QPainter::Antialiasing);
     painter->save();
     painter->scale(width() / SymbolDrawing::gridSize, height() / SymbolDrawing::gridSize);

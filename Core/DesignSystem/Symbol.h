@@ -7,6 +7,7 @@
 namespace quorvel {
 
 /// A symbol by its name, in one colour, as large as asked: the icon beside a text or in a button.
+/// An empty name is no symbol.
 /// It says nothing to assistive tools; what it stands for is said by the control around it.
 class Symbol : public QQuickPaintedItem
 {

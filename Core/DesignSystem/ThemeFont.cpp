@@ -8,6 +8,13 @@ namespace quorvel {
 namespace {
 
 constexpr double eyebrowTracking = 0.7;
+constexpr double ratingLabelTracking = 0.4;
+
+QFont tracked(QFont font, double points)
+{
+    font.setLetterSpacing(QFont::AbsoluteSpacing, points);
+    return font;
+}
 
 QFont rounded(QFont font)
 {
@@ -31,9 +38,12 @@ QFont ThemeFont::tempLarge() const
 
 QFont ThemeFont::trackedEyebrow() const
 {
-    QFont font = m_eyebrow;
-    font.setLetterSpacing(QFont::AbsoluteSpacing, eyebrowTracking);
-    return font;
+    return tracked(m_eyebrow, eyebrowTracking);
+}
+
+QFont ThemeFont::ratingLabel() const
+{
+    return tracked(system(9, QFont::DemiBold), ratingLabelTracking);
 }
 
 QFont ThemeFont::system(int size, QFont::Weight weight)

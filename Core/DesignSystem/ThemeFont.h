@@ -21,6 +21,12 @@ class ThemeFont final : public QObject
     Q_PROPERTY(QFont trackedEyebrow READ trackedEyebrow CONSTANT)
     Q_PROPERTY(QFont captionMedium READ captionMedium CONSTANT)
     Q_PROPERTY(QFont title READ title CONSTANT)
+    Q_PROPERTY(QFont tag READ tag CONSTANT)
+    Q_PROPERTY(QFont ratingLabel READ ratingLabel CONSTANT)
+    Q_PROPERTY(QFont bodyMedium READ bodyMedium CONSTANT)
+    Q_PROPERTY(QFont captionSemibold READ captionSemibold CONSTANT)
+    Q_PROPERTY(QFont chipTemperature READ chipTemperature CONSTANT)
+    Q_PROPERTY(QFont cardTitle READ cardTitle CONSTANT)
 
 public:
     explicit ThemeFont(QObject *theme)
@@ -41,6 +47,18 @@ public:
     [[nodiscard]] QFont captionMedium() const { return m_captionMedium; }
     /// The program's name in the header of its panel.
     [[nodiscard]] QFont title() const { return m_title; }
+    /// The word in a Tag.
+    [[nodiscard]] QFont tag() const { return m_tag; }
+    /// The short word above RatingDots, with its tracking.
+    [[nodiscard]] QFont ratingLabel() const;
+    /// `body`, heavier: what leads a row.
+    [[nodiscard]] QFont bodyMedium() const { return m_bodyMedium; }
+    /// `caption`, heavier: the last line of a shared card.
+    [[nodiscard]] QFont captionSemibold() const { return m_captionSemibold; }
+    /// The temperature over the picture of a shared card.
+    [[nodiscard]] QFont chipTemperature() const { return m_chipTemperature; }
+    /// The café's name on a shared card.
+    [[nodiscard]] QFont cardTitle() const { return m_cardTitle; }
 
 private:
     /// Size in points of the design, each a logical pixel.
@@ -53,6 +71,11 @@ private:
     QFont m_eyebrow = system(10, QFont::DemiBold);
     QFont m_captionMedium = system(11, QFont::Medium);
     QFont m_title = system(13, QFont::DemiBold);
+    QFont m_tag = system(8, QFont::DemiBold);
+    QFont m_bodyMedium = system(13, QFont::Medium);
+    QFont m_captionSemibold = system(11, QFont::DemiBold);
+    QFont m_chipTemperature = system(14, QFont::DemiBold);
+    QFont m_cardTitle = system(19, QFont::Bold);
 };
 
 } // namespace quorvel

@@ -17,7 +17,7 @@ Pressable {
     Accessible.checked: root.checked
     implicitHeight: 28
 
-    Accessible.onToggleAction: root.clicked()
+    Accessible.onToggleAction: root.press()
     onClicked: root.toggled(!root.checked)
 
     Rectangle {

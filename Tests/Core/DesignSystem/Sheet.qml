@@ -83,6 +83,9 @@ Rectangle {
             width: 308
         }
 
+        ControlsSheet {
+        }
+
         Repeater {
             model: ["cup.and.saucer.fill", "clock"]
 

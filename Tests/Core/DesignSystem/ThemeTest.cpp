@@ -58,6 +58,9 @@ const Style styles[] = {
     {"cafeName", 17, QFont::DemiBold}, {"tempLarge", 28, QFont::Medium},
     {"body", 13, QFont::Normal},       {"caption", 11, QFont::Normal},
     {"button", 13, QFont::DemiBold},   {"eyebrow", 10, QFont::DemiBold},
+    {"tag", 8, QFont::DemiBold},       {"ratingLabel", 9, QFont::DemiBold},
+    {"bodyMedium", 13, QFont::Medium}, {"captionSemibold", 11, QFont::DemiBold},
+    {"cardTitle", 19, QFont::Bold},    {"chipTemperature", 14, QFont::DemiBold},
 };
 
 QColor token(const char *name)
@@ -164,6 +167,8 @@ private slots:
         // A font keeps its spacing in 64ths of a pixel.
         QVERIFY(qAbs(style("trackedEyebrow").letterSpacing() - 0.7) < 1 / 64.0);
         QCOMPARE(style("eyebrow").letterSpacing(), 0.0);
+        QCOMPARE(style("ratingLabel").letterSpacingType(), QFont::AbsoluteSpacing);
+        QVERIFY(qAbs(style("ratingLabel").letterSpacing() - 0.4) < 1 / 64.0);
     }
 
     void newStyleIsAnnouncedOnce()

@@ -1,0 +1,23 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// What a field for text is drawn on.
+Rectangle {
+    id: root
+
+    required property FocusScope field
+
+    anchors.fill: parent
+    border.color: Theme.color.borderStrong
+    border.width: 1
+    color: Theme.color.field
+    radius: 8
+
+    FocusRing {
+        control: root
+        controlRadius: root.radius
+        visible: root.field.activeFocus
+    }
+}

@@ -1,0 +1,41 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// The one button of a view that does what the view is for.
+Pressable {
+    id: root
+
+    property string symbol
+    // Darker than the accent, on which white letters are too pale to read.
+    property color fill: Qt.darker(Theme.color.accentDeep, 1.2)
+
+    cornerRadius: 8
+    implicitHeight: 36
+    implicitWidth: content.implicitWidth + 32
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.enabled ? root.fill : Theme.color.border
+        radius: root.cornerRadius
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.pressed ? Theme.color.borderStrong : Theme.color.hover
+        radius: root.cornerRadius
+        visible: root.pressed || root.hovered
+    }
+
+    SymbolLabel {
+        id: content
+
+        anchors.centerIn: parent
+        busy: root.busy
+        color: root.enabled ? "white" : Theme.color.textTertiary
+        font: Theme.font.button
+        label: root.label
+        symbol: root.symbol
+    }
+}

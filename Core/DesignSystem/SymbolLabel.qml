@@ -1,0 +1,41 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// What stands in a button: a symbol, or the sign of being busy in its place, and the text.
+Row {
+    id: root
+
+    required property string label
+    required property string symbol
+    required property color color
+    required property font font
+    property bool busy
+    property real symbolSize: 14
+
+    spacing: 6
+
+    ProgressIndicator {
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.color
+        size: root.symbolSize
+        visible: root.busy
+    }
+
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.color
+        name: root.symbol
+        size: root.symbolSize
+        visible: root.symbol !== "" && !root.busy
+    }
+
+    PlainText {
+        Accessible.ignored: true
+        anchors.verticalCenter: parent.verticalCenter
+        color: root.color
+        font: root.font
+        text: root.label
+    }
+}
