@@ -1,0 +1,88 @@
+#include "Features/CheckIn/LocatedTexts.h"
+
+#include <cmath>
+
+namespace quorvel::LocatedTexts {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString integer(double number)
+{
+    // By way of an integer, so that nothing just below zero reads as "-0".
+    return std::isfinite(number) ? QString::number(std::llround(number)) : u"–"_s;
+}
+
+} // namespace
+
+QString title(const LocatedSnapshot &snapshot)
+{
+    return snapshot.selectedCafe ? snapshot.selectedCafe->name : u"Couldn't detect café"_s;
+}
+
+QString subtitle(const LocatedSnapshot &snapshot)
+{
+    if (!snapshot.selectedCafe)
+        return u"Check your connection, then retry."_s;
+    return u" · "_s + integer(snapshot.selectedCafe->distanceMeters) + u" m away"_s;
+}
+
+QString temperature(const LocatedSnapshot &snapshot)
+{
+    if (!snapshot.weather)
+        return u"Weather unavailable"_s;
+    return integer(snapshot.weather->temperatureC) + u'°';
+}
+
+QString feels(const LocatedSnapshot &snapshot)
+{
+    if (!snapshot.weather)
+        return {};
+    return u"Feels "_s + integer(snapshot.weather->apparentTemperatureC) + u'°';
+}
+
+const QList<Rating> &ratings()
+{
+    static const QList<Rating> rows{
+        {u"WiFi speed"_s, u"Fast enough for calls"_s, &WorkRatings::wifiSpeed},
+        {u"Power outlets"_s, {}, &WorkRatings::outlets},
+        {u"Noise level"_s, u"Lower = quieter"_s, &WorkRatings::noise},
+        {u"Quiet for calls"_s, {}, &WorkRatings::quietForCalls}};
+    return rows;
+}
+
+QString distance(const PlaceCandidate &candidate)
+{
+    return integer(candidate.distanceMeters) + u'm';
+}
+
+QString saveError(const CheckInViewModel::SaveState &state)
+{
+    const auto *error = state.errorValue();
+    return error ? saveErrorFrom(error->errorDescription()) : QString();
+}
+
+QString saveErrorFrom(const QString &description)
+{
+    return description.isEmpty() ? u"Lưu thất bại."_s : description;
+}
+
+QString note(const LocatedSnapshot &snapshot, bool hasCheckedInToday)
+{
+    if (!snapshot.selectedCafe)
+        return u"Connect to load your café first."_s;
+    return hasCheckedInToday ? u"Already checked in today at this café."_s : QString();
+}
+
+CheckInButton button(const LocatedSnapshot &snapshot, const CheckInViewModel::SaveState &state,
+                     bool hasCheckedInToday)
+{
+    if (state.isLoaded())
+        return {.title = u"Checked in!"_s, .symbol = u"checkmark.circle.fill"_s};
+    return {.title = u"Check In"_s,
+            .symbol = u"location.fill"_s,
+            .isEnabled = snapshot.selectedCafe && !hasCheckedInToday && !state.isLoading()};
+}
+
+} // namespace quorvel::LocatedTexts

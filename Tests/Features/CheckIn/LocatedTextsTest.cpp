@@ -1,0 +1,157 @@
+#include "Features/CheckIn/LocatedTexts.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvel::tests {
+
+namespace {
+
+using SaveState = CheckInViewModel::SaveState;
+using LocatedTexts::CheckInButton;
+
+LocatedSnapshot at(double distanceMeters)
+{
+    return {.selectedCafe =
+                PlaceCandidate{.name = u"Blue <b>Door</b>"_s, .distanceMeters = distanceMeters}};
+}
+
+LocatedSnapshot in(double temperature, double apparent)
+{
+    return {.weather =
+                WeatherSnapshot{.temperatureC = temperature, .apparentTemperatureC = apparent}};
+}
+
+const LocatedSnapshot nowhere;
+const SaveState loaded = SaveState::loaded(CheckInViewModel::Saved());
+const SaveState failed = SaveState::error(AppError::network(u"Disk full."_s));
+
+} // namespace
+
+class LocatedTextsTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aCafeIsNamedWithItsDistance()
+    {
+        QCOMPARE(LocatedTexts::title(at(42)), u"Blue <b>Door</b>"_s);
+        QCOMPARE(LocatedTexts::subtitle(at(42)), u" · 42 m away"_s);
+    }
+
+    void withoutACafeItSaysWhatToDo()
+    {
+        QCOMPARE(LocatedTexts::title(nowhere), u"Couldn't detect café"_s);
+        QCOMPARE(LocatedTexts::subtitle(nowhere), u"Check your connection, then retry."_s);
+    }
+
+    void distancesAreRoundedToTheNearest_data()
+    {
+        QTest::addColumn<double>("meters");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("0") << 0.0 << u"0m"_s;
+        QTest::newRow("below a half") << 42.49 << u"42m"_s;
+        QTest::newRow("a half") << 42.5 << u"43m"_s;
+        QTest::newRow("99.9") << 99.9 << u"100m"_s;
+        QTest::newRow("no number") << qQNaN() << u"–m"_s;
+    }
+
+    void distancesAreRoundedToTheNearest()
+    {
+        QFETCH(const double, meters);
+        QFETCH(const QString, text);
+        QCOMPARE(LocatedTexts::distance(*at(meters).selectedCafe), text);
+        QCOMPARE(LocatedTexts::subtitle(at(meters)), u" · "_s + text.chopped(1) + u" m away"_s);
+    }
+
+    void temperaturesAreRoundedToTheNearest_data()
+    {
+        QTest::addColumn<double>("celsius");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("23.4") << 23.4 << u"23°"_s;
+        QTest::newRow("23.5") << 23.5 << u"24°"_s;
+        QTest::newRow("0") << 0.0 << u"0°"_s;
+        QTest::newRow("just below zero") << -0.4 << u"0°"_s;
+        QTest::newRow("a half below zero") << -0.5 << u"-1°"_s;
+        QTest::newRow("frost") << -12.6 << u"-13°"_s;
+    }
+
+    void temperaturesAreRoundedToTheNearest()
+    {
+        QFETCH(const double, celsius);
+        QFETCH(const QString, text);
+        QCOMPARE(LocatedTexts::temperature(in(celsius, 50)), text);
+        QCOMPARE(LocatedTexts::feels(in(50, celsius)), u"Feels "_s + text);
+    }
+
+    void withoutWeatherItSaysSo()
+    {
+        QCOMPARE(LocatedTexts::temperature(nowhere), u"Weather unavailable"_s);
+        QCOMPARE(LocatedTexts::feels(nowhere), QString());
+    }
+
+    void theRatingsAreFour_data()
+    {
+        QTest::addColumn<int>("row");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("hint");
+        QTest::newRow("wifi") << 0 << u"WiFi speed"_s << u"Fast enough for calls"_s;
+        QTest::newRow("outlets") << 1 << u"Power outlets"_s << QString();
+        QTest::newRow("noise") << 2 << u"Noise level"_s << u"Lower = quieter"_s;
+        QTest::newRow("quiet") << 3 << u"Quiet for calls"_s << QString();
+    }
+
+    void theRatingsAreFour()
+    {
+        QFETCH(const int, row);
+        QFETCH(const QString, title);
+        QFETCH(const QString, hint);
+        QCOMPARE(LocatedTexts::ratings().size(), 4);
+        const auto &rating = LocatedTexts::ratings()[row];
+        QCOMPARE(rating.title, title);
+        QCOMPARE(rating.hint, hint);
+        const WorkRatings scores{.wifiSpeed = 0, .outlets = 1, .noise = 2, .quietForCalls = 3};
+        QCOMPARE(scores.*rating.score, row);
+    }
+
+    void aSaveThatFailedSaysWhy()
+    {
+        QCOMPARE(LocatedTexts::saveError(failed), u"Network error: Disk full."_s);
+        QCOMPARE(LocatedTexts::saveErrorFrom(QString()), u"Lưu thất bại."_s);
+        for (const SaveState &state : {SaveState::idle(), SaveState::loading(), loaded})
+            QCOMPARE(LocatedTexts::saveError(state), QString());
+    }
+
+    void theNoteSaysWhatIsInTheWay()
+    {
+        QCOMPARE(LocatedTexts::note(at(1), false), QString());
+        QCOMPARE(LocatedTexts::note(at(1), true), u"Already checked in today at this café."_s);
+        QCOMPARE(LocatedTexts::note(nowhere, false), u"Connect to load your café first."_s);
+        QCOMPARE(LocatedTexts::note(nowhere, true), u"Connect to load your café first."_s);
+    }
+
+    void theButtonFollowsTheSave()
+    {
+        for (const SaveState &state : {SaveState::idle(), failed}) {
+            QVERIFY(LocatedTexts::button(at(1), state, false) == checkIn(true));
+            QVERIFY(LocatedTexts::button(at(1), state, true) == checkIn(false));
+            QVERIFY(LocatedTexts::button(nowhere, state, false) == checkIn(false));
+        }
+        QVERIFY(LocatedTexts::button(at(1), SaveState::loading(), false) == checkIn(false));
+        const CheckInButton done{
+            .title = u"Checked in!"_s, .symbol = u"checkmark.circle.fill"_s, .isEnabled = false};
+        QVERIFY(LocatedTexts::button(at(1), loaded, true) == done);
+    }
+
+private:
+    [[nodiscard]] static CheckInButton checkIn(bool isEnabled)
+    {
+        return {.title = u"Check In"_s, .symbol = u"location.fill"_s, .isEnabled = isEnabled};
+    }
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::LocatedTextsTest)
+#include "LocatedTextsTest.moc"
