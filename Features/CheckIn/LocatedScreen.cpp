@@ -1,0 +1,122 @@
+#include "Features/CheckIn/LocatedScreen.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr int lowestScore = 1;
+constexpr int highestScore = 5;
+
+} // namespace
+
+LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
+                             WifiScanSection::Inputs wifi, QObject *parent)
+    : QObject(parent)
+    , m_menuBar(menuBar)
+    , m_checkIn(checkIn)
+    , m_wifi(std::move(wifi))
+{
+    connect(&menuBar, &MenuBarViewModel::stateChanged, this, &LocatedScreen::followLoop);
+    connect(&checkIn, &CheckInViewModel::noteChanged, this, &LocatedScreen::noteChanged);
+    connect(&checkIn, &CheckInViewModel::ratingsChanged, this, &LocatedScreen::updateRatings);
+    connect(&checkIn, &CheckInViewModel::saveStateChanged, this, &LocatedScreen::checkInChanged);
+    connect(&checkIn, &CheckInViewModel::hasCheckedInTodayChanged, this,
+            &LocatedScreen::checkInChanged);
+    updateRatings();
+    followLoop();
+}
+
+void LocatedScreen::appear()
+{
+    m_isShown = true;
+    m_checkIn.refreshCheckedInTodayStatus(m_snapshot.selectedCafe);
+    m_wifi.appear();
+}
+
+void LocatedScreen::disappear()
+{
+    m_isShown = false;
+    m_wifi.disappear();
+}
+
+void LocatedScreen::selectCafe(int row)
+{
+    if (row >= 0 && std::size_t(row) < m_snapshot.nearbyCandidates.size())
+        m_menuBar.send(MenuBarInput::selectCafe(m_snapshot.nearbyCandidates[std::size_t(row)]));
+}
+
+void LocatedScreen::retry()
+{
+    m_menuBar.send(MenuBarInput::retry());
+}
+
+void LocatedScreen::checkIn()
+{
+    m_checkIn.submit(m_snapshot);
+}
+
+void LocatedScreen::setRating(int row, int score)
+{
+    if (row < 0 || row >= LocatedTexts::ratings().size())
+        return;
+    if (score < lowestScore || score > highestScore)
+        return;
+    auto ratings = m_checkIn.ratings();
+    ratings.*LocatedTexts::ratings()[row].score = score;
+    m_checkIn.setRatings(ratings);
+}
+
+int LocatedScreen::weatherCode() const
+{
+    return m_snapshot.weather ? int(m_snapshot.weather->weatherCode) : 0;
+}
+
+QString LocatedScreen::errorText() const
+{
+    return LocatedTexts::saveError(m_checkIn.saveState());
+}
+
+QString LocatedScreen::hintText() const
+{
+    return LocatedTexts::note(m_snapshot, m_checkIn.hasCheckedInToday());
+}
+
+void LocatedScreen::followLoop()
+{
+    const auto *snapshot = m_menuBar.state().loadedValue();
+    if (snapshot && *snapshot != m_snapshot)
+        show(*snapshot);
+}
+
+void LocatedScreen::show(const LocatedSnapshot &snapshot)
+{
+    m_snapshot = snapshot;
+    QList<CafeRow> rows;
+    for (const PlaceCandidate &candidate : snapshot.nearbyCandidates)
+        rows.append({.candidateId = candidate.id,
+                     .name = candidate.name,
+                     .distanceText = LocatedTexts::distance(candidate)});
+    m_candidates.setRecords(rows);
+    m_wifi.setCurrentNetwork(snapshot.ssid, snapshot.signal);
+    if (m_isShown)
+        m_checkIn.refreshCheckedInTodayStatus(snapshot.selectedCafe);
+    emit snapshotChanged();
+    emit checkInChanged();
+}
+
+void LocatedScreen::updateRatings()
+{
+    QList<RatingRow> rows;
+    for (const auto &rating : LocatedTexts::ratings())
+        rows.append({.title = rating.title,
+                     .hint = rating.hint,
+                     .score = int(m_checkIn.ratings().*rating.score)});
+    m_ratings.setRecords(rows);
+}
+
+LocatedTexts::CheckInButton LocatedScreen::button() const
+{
+    return LocatedTexts::button(m_snapshot, m_checkIn.saveState(), m_checkIn.hasCheckedInToday());
+}
+
+} // namespace quorvel

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "Core/Support/RecordListModel.h"
+#include "Features/CheckIn/CafeRow.h"
+#include "Features/CheckIn/CheckInViewModel.h"
+#include "Features/CheckIn/LocatedTexts.h"
+#include "Features/CheckIn/RatingRow.h"
+#include "Features/CheckIn/WifiScreen.h"
+#include "Features/MenuBar/MenuBarViewModel.h"
+
+namespace quorvel {
+
+/// The check-in screen as its view binds it: the place that the daily loop found, and the form for
+/// it. While the loop shows no place, the last one stays.
+class LocatedScreen final : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the panel")
+    Q_PROPERTY(bool hasCafe READ hasCafe NOTIFY snapshotChanged)
+    Q_PROPERTY(QString title READ title NOTIFY snapshotChanged)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY snapshotChanged)
+    Q_PROPERTY(QAbstractItemModel *candidates READ candidates CONSTANT)
+    Q_PROPERTY(bool canChange READ canChange NOTIFY snapshotChanged)
+    Q_PROPERTY(bool hasWeather READ hasWeather NOTIFY snapshotChanged)
+    Q_PROPERTY(int weatherCode READ weatherCode NOTIFY snapshotChanged)
+    Q_PROPERTY(bool isDay READ isDay NOTIFY snapshotChanged)
+    Q_PROPERTY(QString temperature READ temperature NOTIFY snapshotChanged)
+    Q_PROPERTY(QString feels READ feels NOTIFY snapshotChanged)
+    Q_PROPERTY(QAbstractItemModel *ratings READ ratings CONSTANT)
+    Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged)
+    Q_PROPERTY(WifiScreen *wifi READ wifi CONSTANT)
+    Q_PROPERTY(QString errorText READ errorText NOTIFY checkInChanged)
+    Q_PROPERTY(QString hintText READ hintText NOTIFY checkInChanged)
+    Q_PROPERTY(QString buttonTitle READ buttonTitle NOTIFY checkInChanged)
+    Q_PROPERTY(QString buttonSymbol READ buttonSymbol NOTIFY checkInChanged)
+    Q_PROPERTY(bool isButtonEnabled READ isButtonEnabled NOTIFY checkInChanged)
+
+public:
+    /// The view models, and what the Wi-Fi block works with, outlive the screen.
+    LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
+                  WifiScanSection::Inputs wifi, QObject *parent = nullptr);
+
+    /// To be called whenever the screen is shown, and hidden; the Wi-Fi block follows.
+    Q_INVOKABLE void appear();
+    Q_INVOKABLE void disappear();
+    /// By the picker's row. One that is gone meanwhile selects nothing.
+    Q_INVOKABLE void selectCafe(int row);
+    Q_INVOKABLE void retry();
+    Q_INVOKABLE void checkIn();
+    /// Rows 0 to 3, scores 1 to 5; others change nothing.
+    Q_INVOKABLE void setRating(int row, int score);
+    void setNote(const QString &note) { m_checkIn.setNote(note); }
+
+    [[nodiscard]] bool hasCafe() const { return m_snapshot.selectedCafe.has_value(); }
+    [[nodiscard]] QString title() const { return LocatedTexts::title(m_snapshot); }
+    [[nodiscard]] QString subtitle() const { return LocatedTexts::subtitle(m_snapshot); }
+    [[nodiscard]] QAbstractItemModel *candidates() { return &m_candidates; }
+    /// Whether there is another café to choose.
+    [[nodiscard]] bool canChange() const { return m_snapshot.nearbyCandidates.size() > 1; }
+    [[nodiscard]] bool hasWeather() const { return m_snapshot.weather.has_value(); }
+    [[nodiscard]] int weatherCode() const;
+    [[nodiscard]] bool isDay() const { return m_snapshot.weather && m_snapshot.weather->isDay; }
+    [[nodiscard]] QString temperature() const { return LocatedTexts::temperature(m_snapshot); }
+    [[nodiscard]] QString feels() const { return LocatedTexts::feels(m_snapshot); }
+    [[nodiscard]] QAbstractItemModel *ratings() { return &m_ratings; }
+    [[nodiscard]] QString note() const { return m_checkIn.note(); }
+    [[nodiscard]] WifiScreen *wifi() { return &m_wifi; }
+    /// Why the last save failed; empty unless it did.
+    [[nodiscard]] QString errorText() const;
+    /// What keeps the user from checking in; empty when nothing does.
+    [[nodiscard]] QString hintText() const;
+    [[nodiscard]] QString buttonTitle() const { return button().title; }
+    [[nodiscard]] QString buttonSymbol() const { return button().symbol; }
+    [[nodiscard]] bool isButtonEnabled() const { return button().isEnabled; }
+
+signals:
+    void snapshotChanged();
+    void noteChanged();
+    void checkInChanged();
+
+private:
+    void followLoop();
+    void show(const LocatedSnapshot &snapshot);
+    void updateRatings();
+    [[nodiscard]] LocatedTexts::CheckInButton button() const;
+
+    MenuBarViewModel &m_menuBar;
+    CheckInViewModel &m_checkIn;
+    WifiScreen m_wifi;
+    LocatedSnapshot m_snapshot;
+    RecordListModel<CafeRow> m_candidates;
+    RecordListModel<RatingRow> m_ratings;
+    bool m_isShown = false;
+};
+
+} // namespace quorvel
