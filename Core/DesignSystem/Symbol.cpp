@@ -2,8 +2,6 @@
 
 #include "Core/DesignSystem/SymbolDrawing.h"
 
-#include <QPainter>
-
 namespace quorvel {
 
 Symbol::Symbol(QQuickItem *parent)
@@ -15,16 +13,8 @@ Symbol::Symbol(QQuickItem *parent)
 
 void Symbol::paint(QPainter *painter)
 {
-    if (m_name.isEmpty())
-        return;
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->save();
-    painter->scale(width() / SymbolDrawing::gridSize, height() / SymbolDrawing::gridSize);
-    SymbolDrawing::draw(*painter, m_name);
-    painter->restore();
-    // Tinted as a whole, so that a translucent colour does not show where strokes overlap.
-    painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter->fillRect(boundingRect(), m_color);
+    if (!m_name.isEmpty())
+        SymbolDrawing::drawTinted(*painter, m_name, m_color, {width(), height()});
 }
 
 void Symbol::setName(const QString &name)

@@ -1,12 +1,10 @@
 #include "Core/DesignSystem/SymbolDrawing.h"
 
-#include <QHash>
+#include "Core/DesignSystem/SymbolFamily.h"
+
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
 
 namespace quorvel::SymbolDrawing {
 namespace {
@@ -15,47 +13,15 @@ constexpr double lineWidth = 1.75;
 /// In points: a thinner line would be a pale one on a coarse screen.
 constexpr double thinnestLine = 1.2;
 
-/// The mug seen from the side, without its handle.
-QPainterPath mug()
+const SymbolFamily &drawings()
 {
-    QPainterPath path({4, 4.5});
-    path.lineTo(17, 4.5);
-    path.lineTo(17, 10);
-    path.cubicTo(17, 13.75, 14.5, 16, 10.5, 16);
-    path.cubicTo(6.5, 16, 4, 13.75, 4, 10);
-    path.closeSubpath();
-    return path;
-}
-
-QPainterPath handle()
-{
-    QPainterPath path({17, 6.25});
-    path.lineTo(18.25, 6.25);
-    path.cubicTo(22.25, 6.25, 22.25, 12.25, 18.25, 12.25);
-    path.lineTo(16.5, 12.25);
-    return path;
-}
-
-void drawCupAndSaucerFilled(QPainter &painter)
-{
-    painter.fillPath(mug(), Qt::black);
-    painter.drawPath(mug());
-    painter.drawPath(handle());
-    painter.drawLine(QPointF(3, 20.25), QPointF(18, 20.25));
-}
-
-void drawClock(QPainter &painter)
-{
-    painter.drawEllipse(QPointF(12, 12), 9.75, 9.75);
-    painter.drawPolyline(QPolygonF({{12, 6.25}, {12, 12}, {15.5, 14}}));
-}
-
-const QHash<QString, void (*)(QPainter &)> &drawings()
-{
-    static const QHash<QString, void (*)(QPainter &)> all{
-        {u"clock"_s, drawClock},
-        {u"cup.and.saucer.fill"_s, drawCupAndSaucerFilled},
-    };
+    static const SymbolFamily all = [] {
+        SymbolFamily united;
+        for (const SymbolFamily &family : {weatherFamily(), placeFamily(), markFamily(),
+                                           networkFamily(), actionFamily(), paperFamily()})
+            united.insert(family);
+        return united;
+    }();
     return all;
 }
 
@@ -78,6 +44,18 @@ void draw(QPainter &painter, const QString &name)
     painter.setPen(QPen(Qt::black, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     drawing(painter);
+}
+
+void drawTinted(QPainter &painter, const QString &name, const QColor &color, const QSizeF &size)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size.width() / gridSize, size.height() / gridSize);
+    draw(painter, name);
+    painter.restore();
+    // As a whole, so that a translucent colour does not show where strokes overlap.
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRectF({}, size), color);
 }
 
 } // namespace quorvel::SymbolDrawing

@@ -86,34 +86,16 @@ Rectangle {
         ControlsSheet {
         }
 
-        Repeater {
-            model: ["cup.and.saucer.fill", "clock"]
-
-            Row {
-                id: sizes
-
-                required property string modelData
-
-                spacing: 12
-
-                Repeater {
-                    model: [11, 13, 16, 18, 24, 32, 64]
-
-                    Symbol {
-                        required property int modelData
-
-                        color: Theme.color.accent
-                        name: sizes.modelData
-                        size: modelData
-                    }
-                }
-
-                Symbol {
-                    color: Theme.color.textSecondary
-                    name: sizes.modelData
-                    size: 24
-                }
-            }
+        SymbolsSheet {
+            names: ["sun.max", "moon", "moon.stars.fill", "cloud", "cloud.sun", "cloud.moon",
+                "cloud.fog", "cloud.drizzle", "cloud.rain", "cloud.snow", "cloud.bolt.rain",
+                "snowflake", "cup.and.saucer", "cup.and.saucer.fill", "location.fill",
+                "location.slash", "mappin.and.ellipse", "thermometer", "star", "star.fill",
+                "checkmark", "checkmark.circle.fill", "circle", "largecircle.fill.circle", "xmark",
+                "plus", "exclamationmark.triangle", "clock", "wifi", "wifi.slash", "lock",
+                "lock.fill", "eye", "eye.slash", "power", "arrow.clockwise", "magnifyingglass",
+                "chevron.left", "chevron.right", "arrow.down.to.line", "square.and.arrow.up",
+                "trash", "doc.on.doc", "photo", "note.text", "calendar"]
         }
     }
 }

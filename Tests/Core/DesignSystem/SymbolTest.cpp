@@ -37,6 +37,16 @@ QRect inked(const QImage &image)
     return bounds;
 }
 
+/// How many pixels' worth is covered.
+double ink(const QImage &image)
+{
+    double covered = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            covered += qAlpha(image.pixel(x, y)) / 255.0;
+    return covered;
+}
+
 } // namespace
 
 class SymbolTest final : public QObject
@@ -46,8 +56,17 @@ class SymbolTest final : public QObject
 private slots:
     void namesOfTheScreensAreKnown()
     {
-        for (const auto &name : {u"clock"_s, u"cup.and.saucer.fill"_s})
-            QVERIFY2(SymbolDrawing::names().contains(name), qPrintable(name));
+        const auto names =
+            u"arrow.clockwise arrow.down.to.line calendar checkmark checkmark.circle.fill "
+            "chevron.left chevron.right circle clock cloud cloud.bolt.rain cloud.drizzle cloud.fog "
+            "cloud.moon cloud.rain cloud.snow cloud.sun cup.and.saucer cup.and.saucer.fill "
+            "doc.on.doc exclamationmark.triangle eye eye.slash largecircle.fill.circle "
+            "location.fill location.slash lock lock.fill magnifyingglass mappin.and.ellipse moon "
+            "moon.stars.fill note.text photo plus power snowflake square.and.arrow.up star "
+            "star.fill sun.max thermometer trash wifi wifi.slash xmark"_s.split(u' ');
+        QStringList known = SymbolDrawing::names();
+        known.sort();
+        QCOMPARE(known, names);
     }
 
     void everySymbolFillsItsGridAndStaysInside_data() { addSymbolsAndSizes(); }
@@ -66,8 +85,44 @@ private slots:
         SymbolDrawing::draw(painter, name);
         const QRect bounds = inked(canvas);
         QVERIFY(cell.contains(bounds));
-        QVERIFY(bounds.width() >= size * 7 / 10);
-        QVERIFY(bounds.height() >= size * 6 / 10);
+        QVERIFY(std::max(bounds.width(), bounds.height()) >= size * 6 / 10);
+        QVERIFY(std::min(bounds.width(), bounds.height()) >= size * 3 / 10);
+    }
+
+    void filledSymbolIsAsLargeAsItsOutlineAndCoversMore_data()
+    {
+        QTest::addColumn<QString>("outline");
+        QTest::addColumn<QString>("filled");
+        for (const auto &[outline, filled] :
+             {std::pair{u"star"_s, u"star.fill"_s}, std::pair{u"lock"_s, u"lock.fill"_s},
+              std::pair{u"cup.and.saucer"_s, u"cup.and.saucer.fill"_s},
+              std::pair{u"circle"_s, u"checkmark.circle.fill"_s},
+              std::pair{u"circle"_s, u"largecircle.fill.circle"_s}})
+            QTest::addRow("%s", qUtf8Printable(filled)) << outline << filled;
+    }
+
+    void filledSymbolIsAsLargeAsItsOutlineAndCoversMore()
+    {
+        QFETCH(QString, outline);
+        QFETCH(QString, filled);
+        for (const int size : {11, 16, 32}) {
+            const QImage open = painted(outline, Qt::black, size);
+            const QImage full = painted(filled, Qt::black, size);
+            QCOMPARE(inked(full), inked(open));
+            QVERIFY(ink(full) > ink(open) * 1.2);
+        }
+    }
+
+    void everyPairOfSymbolsDiffers()
+    {
+        QHash<QByteArray, QString> seen;
+        for (const QString &name : SymbolDrawing::names()) {
+            const QImage image = painted(name, Qt::black, 24);
+            const QByteArray pixels(reinterpret_cast<const char *>(image.constBits()),
+                                    image.sizeInBytes());
+            QVERIFY2(!seen.contains(pixels), qPrintable(name + u" = "_s + seen.value(pixels)));
+            seen.insert(pixels, name);
+        }
     }
 
     void everySymbolIsOfOneColor_data() { addSymbolsAndSizes(); }
@@ -77,17 +132,16 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, size);
         const QImage image = painted(name, QColor(224, 138, 60), size);
-        int solid = 0;
+        int strongest = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 const QColor pixel = image.pixelColor(x, y);
-                if (pixel.alpha() == 255) {
-                    ++solid;
+                strongest = std::max(strongest, pixel.alpha());
+                if (pixel.alpha() == 255)
                     QCOMPARE(pixel, QColor(224, 138, 60));
-                }
             }
         }
-        QVERIFY2(solid > 0, "no pixel is covered fully: the symbol would look washed out");
+        QVERIFY2(strongest >= 150, "the symbol would look washed out");
     }
 
     void translucentColorShowsNoOverlaps()
@@ -107,6 +161,12 @@ private slots:
         QCOMPARE(symbol.implicitWidth(), 24.0);
         QCOMPARE(symbol.implicitHeight(), 24.0);
         QCOMPARE(changed.size(), 1);
+    }
+
+    void emptyNameIsNoSymbol()
+    {
+        QTest::failOnWarning(QRegularExpression(u".*"_s));
+        QVERIFY(inked(painted({}, Qt::black, 24)).isEmpty());
     }
 
     void unknownNameDrawsNothingAndWarns()
