@@ -86,6 +86,9 @@ Rectangle {
         ControlsSheet {
         }
 
+        GlyphsSheet {
+        }
+
         SymbolsSheet {
             names: ["sun.max", "moon", "moon.stars.fill", "cloud", "cloud.sun", "cloud.moon",
                 "cloud.fog", "cloud.drizzle", "cloud.rain", "cloud.snow", "cloud.bolt.rain",

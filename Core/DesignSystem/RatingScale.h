@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <qqmlintegration.h>
+
+namespace quorvel {
+
+/// The scores that can be given, from 1 to 5, and how a change stays among them. Serves the rating
+/// controls.
+class RatingScale : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(int lowest READ lowest CONSTANT)
+    Q_PROPERTY(int highest READ highest CONSTANT)
+
+public:
+    [[nodiscard]] static int lowest() { return 1; }
+    [[nodiscard]] static int highest() { return 5; }
+
+    [[nodiscard]] Q_INVOKABLE static int raised(int score);
+    [[nodiscard]] Q_INVOKABLE static int lowered(int score);
+    [[nodiscard]] Q_INVOKABLE static int clamped(int score);
+    /// Whether the star or dot at `place`, counted from 1, is one of the score's.
+    [[nodiscard]] Q_INVOKABLE static bool isLit(int place, int score);
+    /// "3 of 5"
+    [[nodiscard]] Q_INVOKABLE static QString description(int score);
+};
+
+} // namespace quorvel
