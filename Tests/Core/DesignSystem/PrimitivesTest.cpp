@@ -139,7 +139,8 @@ private slots:
     void everyPressableIsPressedInEveryWay_data()
     {
         QTest::addColumn<QByteArray>("name");
-        for (const auto *name : {"ghostButton", "symbolButton", "rowButton", "offToggle"})
+        for (const auto *name : {"ghostButton", "symbolButton", "rowButton", "offToggle",
+                                 "primaryButton", "secondaryButton"})
             QTest::newRow(name) << QByteArray(name);
     }
 
@@ -190,6 +191,8 @@ private slots:
              {std::tuple{"ghostButton", u"Scan again"_s, QAccessible::Button},
               std::tuple{"symbolButton", u"Check-ins"_s, QAccessible::Button},
               std::tuple{"rowButton", u"A row"_s, QAccessible::Button},
+              std::tuple{"primaryButton", u"Check In"_s, QAccessible::Button},
+              std::tuple{"secondaryButton", u"Copy"_s, QAccessible::Button},
               std::tuple{"onToggle", u"On"_s, QAccessible::CheckBox}}) {
             auto *interface = accessible(item(name));
             QCOMPARE(interface->text(QAccessible::Name), label);

@@ -173,6 +173,14 @@ private slots:
         QVERIFY(m_stars->hasActiveFocus());
     }
 
+    void starsShowTheirFocus()
+    {
+        const QPointF outside(m_stars->width() / 2, -2);
+        QCOMPARE(QuickTest::pixel(m_stars, outside), Theme::shared().color()->background());
+        m_stars->forceActiveFocus();
+        QCOMPARE(QuickTest::pixel(m_stars, outside), Theme::shared().color()->accent());
+    }
+
     void starsAreOneSlider()
     {
         auto *interface = slider(m_stars);
