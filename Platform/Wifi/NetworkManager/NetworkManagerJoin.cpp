@@ -86,14 +86,9 @@ NetworkManagerJoin::~NetworkManagerJoin()
 
 void NetworkManagerJoin::begin()
 {
-    if (!m_model.isRead())
-        return fail(m_model.readError());
+    if (const auto obstacle = m_model.obstacle())
+        return fail(*obstacle);
     m_radio = m_model.radio();
-    if (m_radio.isEmpty())
-        return fail(WifiError(Code::NoInterface));
-    if (!m_model.isRadioOn())
-        return fail(WifiError(Code::RadioOff));
-
     QList<AccessPoint> points = AccessPoint::heardBy(m_radio, m_model);
     points.removeIf([this](const auto &point) { return point.ssid != m_request.name.bytes; });
     const auto strongest =

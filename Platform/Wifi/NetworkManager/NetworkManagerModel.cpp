@@ -53,6 +53,15 @@ void NetworkManagerModel::whenRead(QObject *context, std::function<void()> actio
         read();
 }
 
+std::optional<WifiError> NetworkManagerModel::obstacle() const
+{
+    if (!m_isRead && m_readError.code() != WifiError::Code::ServiceGone)
+        return m_readError;
+    if (radio().isEmpty())
+        return WifiError(WifiError::Code::NoInterface);
+    return isRadioOn() ? std::nullopt : std::optional(WifiError(WifiError::Code::RadioOff));
+}
+
 QString NetworkManagerModel::radio() const
 {
     QString best;
@@ -61,13 +70,6 @@ QString NetworkManagerModel::radio() const
             (best.isEmpty() || rank(object.key()) > rank(best)))
             best = object.key();
     return best;
-}
-
-bool NetworkManagerModel::isRadioOn() const
-{
-    const QVariantMap manager = values(Names::managerPath, Names::manager);
-    return manager.value(u"WirelessEnabled"_s, true).toBool() &&
-           manager.value(u"WirelessHardwareEnabled"_s, true).toBool();
 }
 
 bool NetworkManagerModel::contains(const QString &path) const
@@ -210,6 +212,13 @@ void NetworkManagerModel::ownerChanged(const QString &oldOwner, const QString &n
 bool NetworkManagerModel::isFromService(const QDBusMessage &message) const
 {
     return m_isRead && message.service() == m_owner;
+}
+
+bool NetworkManagerModel::isRadioOn() const
+{
+    const QVariantMap manager = values(Names::managerPath, Names::manager);
+    return manager.value(u"WirelessEnabled"_s, true).toBool() &&
+           manager.value(u"WirelessHardwareEnabled"_s, true).toBool();
 }
 
 int NetworkManagerModel::rank(const QString &device) const

@@ -5,6 +5,10 @@
 #include <QDBusServiceWatcher>
 #include <QTimer>
 
+#include <functional>
+#include <memory>
+#include <optional>
+
 namespace quorvel {
 
 /// What the network service last said about the machine's radios: read once as a whole, then kept
@@ -26,16 +30,14 @@ public:
 
     /// Calls back once the service has answered, or failed to: at once where it has before.
     void whenRead(QObject *context, std::function<void()> action);
-    [[nodiscard]] bool isRead() const { return m_isRead; }
-    /// Why it is not.
-    [[nodiscard]] const WifiError &readError() const { return m_readError; }
+
+    /// What keeps the radio from being used; nothing where it is ready. A machine without the
+    /// service has no interface.
+    [[nodiscard]] std::optional<WifiError> obstacle() const;
 
     /// The path of the radio that counts: the one that carries the traffic, else one that is
     /// joined, else one that is ready. Empty where there is none.
     [[nodiscard]] QString radio() const;
-
-    /// False where the user or a switch on the machine has turned off all radios.
-    [[nodiscard]] bool isRadioOn() const;
 
     [[nodiscard]] bool contains(const QString &path) const;
     [[nodiscard]] QVariantMap values(const QString &path, const QString &interface) const;
@@ -68,6 +70,8 @@ private:
     void add(const QString &path, const NetworkManagerGroups &interfaces);
     void ownerChanged(const QString &oldOwner, const QString &newOwner);
     [[nodiscard]] bool isFromService(const QDBusMessage &message) const;
+    /// False where the user or a switch on the machine has turned off all radios.
+    [[nodiscard]] bool isRadioOn() const;
     [[nodiscard]] int rank(const QString &device) const;
 
     NetworkManagerBus m_bus;
@@ -77,6 +81,7 @@ private:
     /// The unique name of the service that the objects are of.
     QString m_owner;
     bool m_isRead = false;
+    /// Why it is not.
     WifiError m_readError{WifiError::Code::ServiceGone};
     /// The question that is open now; to drop it is to ignore its answer.
     std::unique_ptr<QObject> m_question;

@@ -24,14 +24,9 @@ NetworkManagerScan::NetworkManagerScan(NetworkManagerBus bus, NetworkManagerMode
 
 void NetworkManagerScan::begin()
 {
-    if (!m_model.isRead())
-        return fail(m_model.readError());
+    if (const auto obstacle = m_model.obstacle())
+        return fail(*obstacle);
     m_radio = m_model.radio();
-    if (m_radio.isEmpty())
-        return fail(WifiError(WifiError::Code::NoInterface));
-    if (!m_model.isRadioOn())
-        return fail(WifiError(WifiError::Code::RadioOff));
-
     connect(&m_model, &NetworkManagerModel::serviceGone, this,
             [this] { fail(WifiError(WifiError::Code::ServiceGone)); });
     connect(&m_model, &NetworkManagerModel::objectRemoved, this, [this](const QString &path) {
