@@ -23,11 +23,12 @@ QString capitalized(const QString &word)
     return result;
 }
 
-/// What a snake_case key is called in our camelCase; a key of one word is called what it is.
+/// What a snake_case key is called in our camelCase. A key of one word is called what it is, and so
+/// is one that an underscore encloses: no member of ours is.
 QString memberName(const QString &key)
 {
     const QStringList words = key.split(u'_', Qt::SkipEmptyParts);
-    if (words.size() < 2)
+    if (words.size() < 2 || key.startsWith(u'_') || key.endsWith(u'_'))
         return key;
     QString name = words.first().toLower();
     for (const QString &word : words.sliced(1))

@@ -72,6 +72,21 @@ private slots:
         QCOMPARE(OpenMeteoDTO::decode(body).current.temperature2M, 18.5);
     }
 
+    void aKeyThatAnUnderscoreEnclosesNamesNoMember_data()
+    {
+        QTest::addColumn<QByteArray>("key");
+        QTest::newRow("in front") << QByteArray("_temperature_2m");
+        QTest::newRow("behind") << QByteArray("temperature_2m_");
+        QTest::newRow("around our own") << QByteArray("_temperature2M_");
+    }
+
+    void aKeyThatAnUnderscoreEnclosesNamesNoMember()
+    {
+        QFETCH(const QByteArray, key);
+        QCOMPARE(errorOf(forecast(QByteArray(complete).replace("temperature_2m", key))),
+                 u"The forecast lacks “temperature2M”."_s);
+    }
+
     void everyMemberIsRequired_data()
     {
         QTest::addColumn<QByteArray>("key");
