@@ -2,72 +2,113 @@
 
 #include "Platform/Errors/Outcome.h"
 
-#include <QCoreApplication>
+#include <QObject>
 
+#include <algorithm>
 #include <deque>
+#include <list>
+#include <optional>
+#include <variant>
+#include <vector>
 
 namespace quorvel {
 
-/// What a fake answers to one of its operations: each answer once, in the order in which a test
-/// gives them. A call that no answer is left for ends the test.
-template <class Value>
+/// What a fake answers to one of its operations that takes a Completion: from a test's script, an
+/// entry a call, in the order in which the test writes them. A call that no entry is left for ends
+/// the test.
+template <class Value, class Request = std::monostate>
 class FakeAnswers final
 {
 public:
-    /// The operation is named in the last words of a test that it ends.
-    explicit FakeAnswers(const char *operation)
+    /// The operation is named in the last words of a test that it ends. `atEnd` is what calls end
+    /// in that are open when the fake is destroyed; without it they are dropped unanswered.
+    explicit FakeAnswers(const char *operation, std::optional<Outcome<Value>> atEnd = std::nullopt)
         : m_operation(operation)
+        , m_atEnd(std::move(atEnd))
     {}
+    Q_DISABLE_COPY_MOVE(FakeAnswers)
 
-    void willSucceed(Value value)
+    ~FakeAnswers()
     {
-        m_answers.push_back(Outcome<Value>::success(std::move(value)));
+        const auto open = std::exchange(m_open, {});
+        for (const Open &call : open)
+            if (m_atEnd)
+                call.completion(*m_atEnd);
     }
+
+    void willSucceed(Value value) { m_script.push_back(Outcome<Value>::success(std::move(value))); }
     template <class Error>
     void willFail(Error error)
     {
-        m_answers.push_back(Outcome<Value>::failure(std::move(error)));
+        m_script.push_back(Outcome<Value>::failure(std::move(error)));
     }
 
-    /// The next call stays open until it is released.
-    void willHold() { ++m_holds; }
-    /// The call that has been open for longest is given the next answer.
+    /// A call stays open until it is released.
+    void willHold() { m_script.push_back(std::nullopt); }
+    /// The call that has been held for longest ends so.
+    void release(Outcome<Value> outcome)
+    {
+        const auto call = std::find_if(m_open.begin(), m_open.end(),
+                                       [](const Open &open) { return !open.answer; });
+        if (call == m_open.end())
+            qFatal("%s: no call is held open", m_operation);
+        call->answer.emplace(std::move(outcome));
+        deliverLater();
+    }
+    /// It takes the next answer of the script.
     void release()
     {
-        if (m_held.empty())
-            qFatal("%s: no call is held open", m_operation);
-        auto completion = std::move(m_held.front());
-        m_held.pop_front();
-        answer(std::move(completion));
+        const auto answer = std::find_if(m_script.begin(), m_script.end(),
+                                         [](const auto &entry) { return entry.has_value(); });
+        if (answer == m_script.end())
+            qFatal("%s: released without a scripted answer", m_operation);
+        Outcome<Value> outcome = std::move(**answer);
+        m_script.erase(answer);
+        release(std::move(outcome));
     }
 
     /// For the fake: has a call answered, later.
-    void call(Completion<Value> completion)
+    void call(Completion<Value> completion, Request request = {})
     {
-        if (m_holds == 0) {
-            answer(std::move(completion));
-            return;
-        }
-        --m_holds;
-        m_held.push_back(std::move(completion));
+        requests.push_back(std::move(request));
+        if (m_script.empty())
+            qFatal("%s: called without a scripted answer", m_operation);
+        m_open.push_back({std::move(completion), std::move(m_script.front())});
+        m_script.pop_front();
+        if (m_open.back().answer)
+            deliverLater();
     }
 
+    /// What was asked for, in order.
+    std::vector<Request> requests;
+
 private:
-    void answer(Completion<Value> completion)
+    struct Open
     {
-        if (m_answers.empty())
-            qFatal("%s: called without a scripted answer", m_operation);
-        const auto deliver = [completion = std::move(completion), outcome = m_answers.front()] {
-            completion(outcome);
-        };
-        m_answers.pop_front();
-        QMetaObject::invokeMethod(qApp, deliver, Qt::QueuedConnection);
+        Completion<Value> completion;
+        std::optional<Outcome<Value>> answer;
+    };
+
+    void deliverLater()
+    {
+        const auto deliver = [this] { deliverFirst(); };
+        QMetaObject::invokeMethod(&m_context, deliver, Qt::QueuedConnection);
+    }
+
+    void deliverFirst()
+    {
+        const auto call = std::find_if(m_open.begin(), m_open.end(),
+                                       [](const Open &open) { return open.answer.has_value(); });
+        const Open open = std::move(*call);
+        m_open.erase(call);
+        open.completion(*open.answer);
     }
 
     const char *m_operation;
-    std::deque<Outcome<Value>> m_answers;
-    std::deque<Completion<Value>> m_held;
-    int m_holds = 0;
+    std::optional<Outcome<Value>> m_atEnd;
+    std::deque<std::optional<Outcome<Value>>> m_script;
+    std::list<Open> m_open;
+    QObject m_context;
 };
 
 } // namespace quorvel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Errors/FakeCalls.h"
+#include "Platform/Errors/FakeAnswers.h"
 #include "Platform/Http/HttpClient.h"
 #include "Platform/Http/HttpError.h"
 
@@ -12,10 +12,10 @@ class FakeHttpClient final : public HttpClient
 public:
     void send(const HttpRequest &request, Completion<HttpResponse> completion) override
     {
-        calls.begin(request, std::move(completion));
+        calls.call(std::move(completion), request);
     }
 
-    FakeCalls<HttpRequest, HttpResponse> calls{
+    FakeAnswers<HttpResponse, HttpRequest> calls{
         "FakeHttpClient::send",
         Outcome<HttpResponse>::failure(HttpError(HttpError::Case::Cancelled))};
 };

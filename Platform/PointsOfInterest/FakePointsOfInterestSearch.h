@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Errors/FakeCalls.h"
+#include "Platform/Errors/FakeAnswers.h"
 #include "Platform/PointsOfInterest/PointsOfInterestError.h"
 #include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
 
@@ -14,10 +14,10 @@ public:
 
     void search(const PointsOfInterestRequest &request, Completion<Places> completion) override
     {
-        calls.begin(request, std::move(completion));
+        calls.call(std::move(completion), request);
     }
 
-    FakeCalls<PointsOfInterestRequest, Places> calls{
+    FakeAnswers<Places, PointsOfInterestRequest> calls{
         "FakePointsOfInterestSearch::search",
         Outcome<Places>::failure(PointsOfInterestError(PointsOfInterestError::Case::Cancelled))};
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Errors/FakeCalls.h"
+#include "Platform/Errors/FakeAnswers.h"
 #include "Services/Places/PlacesService.h"
 
 namespace quorvel {
@@ -21,13 +21,12 @@ public:
     [[nodiscard]] Task<Candidates> nearbyCafes(Coordinate around, double radiusMeters) override
     {
         Pending<Candidates> pending;
-        calls.begin({.around = around, .radiusMeters = radiusMeters}, pending.completion());
+        calls.call(pending.completion(), {.around = around, .radiusMeters = radiusMeters});
         const auto candidates = co_await pending;
         co_return candidates;
     }
 
-    FakeCalls<Request, Candidates> calls{"FakePlacesService::nearbyCafes",
-                                         Outcome<Candidates>::failure(Abandoned())};
+    FakeAnswers<Candidates, Request> calls{"FakePlacesService::nearbyCafes"};
 };
 
 } // namespace quorvel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Errors/FakeCalls.h"
+#include "Platform/Errors/FakeAnswers.h"
 #include "Services/Weather/WeatherService.h"
 
 namespace quorvel {
@@ -12,13 +12,12 @@ public:
     [[nodiscard]] Task<WeatherSnapshot> currentWeather(Coordinate at) override
     {
         Pending<WeatherSnapshot> pending;
-        calls.begin(at, pending.completion());
+        calls.call(pending.completion(), at);
         const auto weather = co_await pending;
         co_return weather;
     }
 
-    FakeCalls<Coordinate, WeatherSnapshot> calls{"FakeWeatherService::currentWeather",
-                                                 Outcome<WeatherSnapshot>::failure(Abandoned())};
+    FakeAnswers<WeatherSnapshot, Coordinate> calls{"FakeWeatherService::currentWeather"};
 };
 
 } // namespace quorvel
