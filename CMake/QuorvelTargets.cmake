@@ -64,11 +64,27 @@ function(quorvel_test name)
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
 
+# Always the system's Python: the one first on PATH may lack the modules that Debian installs.
+set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
+
+# Has a test start a real daemon in the tests' own world.
+function(quorvel_beside_daemon name)
+  target_compile_definitions(${name} PRIVATE
+    QUORVEL_PYTHON="${QUORVEL_PYTHON}" QUORVEL_WORLD="${PROJECT_SOURCE_DIR}/Tests/World")
+  set_property(TEST ${name} APPEND PROPERTY
+    ENVIRONMENT PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support)
+endfunction()
+
+# Has a test start the district's network service on its private bus.
+function(quorvel_beside_network_service name)
+  target_compile_definitions(${name} PRIVATE
+    NETWORK_MANAGER_PYTHON="${QUORVEL_PYTHON}"
+    NETWORK_MANAGER_TEMPLATE="${PROJECT_SOURCE_DIR}/Tests/World/networkmanager_mock.py")
+endfunction()
+
 # quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds]
 #                     [ENVIRONMENT ...])
 # Finds the modules of Tests/Support and Tests/World.
-# Always the system's Python: the one first on PATH may lack the modules that Debian installs.
-set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
 function(quorvel_python_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "SCRIPT;TIMEOUT" "ARGUMENTS;LABELS;ENVIRONMENT")
   if(NOT arg_TIMEOUT)

@@ -1,0 +1,57 @@
+#include "Tests/Contract/FileManagerContract.h"
+
+#include "Platform/Files/FileError.h"
+
+#include <QTest>
+
+namespace quorvel::tests {
+
+using namespace Qt::StringLiterals;
+
+QString FileManagerContract::root() const
+{
+    return m_folder->path() + u"/data/share"_s;
+}
+
+void FileManagerContract::init()
+{
+    m_folder.emplace();
+    m_manager = make();
+}
+
+void FileManagerContract::theFirstUrlIsTheUrl()
+{
+    const QStringList urls = m_manager->urls(UserDirectory::ApplicationSupport);
+    QCOMPARE(urls, QStringList{root()});
+    QCOMPARE(m_manager->url(UserDirectory::ApplicationSupport, CreateIfMissing::No), urls.first());
+    QCOMPARE(m_manager->url(UserDirectory::ApplicationSupport, CreateIfMissing::Yes), urls.first());
+}
+
+void FileManagerContract::aFolderMayBeMadeTwice()
+{
+    m_manager->createPrivateDirectory(root() + u"/Quorvel"_s);
+    m_manager->createPrivateDirectory(root() + u"/Quorvel"_s);
+}
+
+void FileManagerContract::aFileInTheFoldersPlaceIsAnError()
+{
+    const QString path = root() + u"/Quorvel"_s;
+    putFile(path);
+    try {
+        m_manager->createPrivateDirectory(path);
+    } catch (const FileError &error) {
+        QCOMPARE(error, FileError(FileError::Operation::CreateFolder, path, EEXIST));
+        return;
+    }
+    QFAIL("a folder was made where a file stands");
+}
+
+void FileManagerContract::aFileInTheRootsPlaceIsAnErrorOnlyWhenItHasToBeMade()
+{
+    putFile(root());
+    QCOMPARE(m_manager->url(UserDirectory::ApplicationSupport, CreateIfMissing::No), root());
+    QVERIFY_THROWS_EXCEPTION(
+        FileError, (void)m_manager->url(UserDirectory::ApplicationSupport, CreateIfMissing::Yes));
+}
+
+} // namespace quorvel::tests

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Platform/Http/HttpClient.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace quorvel::tests {
+
+/// What every way to the web promises.
+class HttpClientContract : public QObject
+{
+    Q_OBJECT
+
+protected:
+    [[nodiscard]] virtual std::unique_ptr<HttpClient> make() = 0;
+    [[nodiscard]] virtual QUrl url() const = 0;
+
+    /// What becomes of the next request.
+    virtual void willAnswer(const HttpResponse &response) = 0;
+    virtual void willBreak() = 0;
+    virtual void willHold() = 0;
+    /// Once it is held.
+    [[nodiscard]] virtual bool isHeld() const = 0;
+    virtual void release(const HttpResponse &response) = 0;
+    /// The time of the held request is over.
+    virtual void expire() {}
+
+private slots:
+    void init() { m_client = make(); }
+    void cleanup() { m_client.reset(); }
+
+    void everyStatusIsAnAnswer_data();
+    void everyStatusIsAnAnswer();
+    void aConnectionThatBreaksFails();
+    void aServerThatNeverAnswersTimesOut();
+    void callsRunSideBySide();
+    void openCallsEndAsCancelledWithTheClient();
+    void whoWaitsMayDestroyTheClient();
+
+private:
+    std::unique_ptr<HttpClient> m_client;
+};
+
+} // namespace quorvel::tests

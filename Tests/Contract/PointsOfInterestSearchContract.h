@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Platform/PointsOfInterest/PointsOfInterestError.h"
+#include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace quorvel::tests {
+
+/// What every map promises.
+class PointsOfInterestSearchContract : public QObject
+{
+    Q_OBJECT
+
+protected:
+    using Places = std::vector<PointOfInterest>;
+
+    [[nodiscard]] virtual std::unique_ptr<PointsOfInterestSearch> make() = 0;
+
+    /// What becomes of the next search.
+    virtual void willFind(const Places &places) = 0;
+    virtual void willFail(PointsOfInterestError::Case kind) = 0;
+    virtual void willHold() = 0;
+    /// Once it is held.
+    [[nodiscard]] virtual bool isHeld() const = 0;
+
+private slots:
+    void init() { m_map = make(); }
+    void cleanup() { m_map.reset(); }
+
+    void everyPlaceIsFoundWithAllThatIsKnownOfIt();
+    void anEmptyDistrictIsNoFailure();
+    void everyFailureHasItsSentence_data();
+    void everyFailureHasItsSentence();
+    void aMapIsSearchedAgainAndAgain();
+    void openSearchesEndAsCancelledWithTheMap();
+    void whoWaitsMayDestroyTheMap();
+
+private:
+    std::unique_ptr<PointsOfInterestSearch> m_map;
+};
+
+} // namespace quorvel::tests

@@ -1,0 +1,28 @@
+#include "Platform/Files/XdgFileManager.h"
+#include "Tests/Contract/FileManagerContract.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTest>
+
+namespace quorvel::tests {
+
+class XdgFileManagerContractTest final : public FileManagerContract
+{
+    Q_OBJECT
+
+    std::unique_ptr<FileManager> make() override
+    {
+        return std::make_unique<XdgFileManager>(XdgBaseDirectories{.dataHome = root()});
+    }
+    void putFile(const QString &path) override
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    }
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::XdgFileManagerContractTest)
+#include "XdgFileManagerContractTest.moc"
