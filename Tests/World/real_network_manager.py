@@ -16,25 +16,15 @@ import tempfile
 import time
 import uuid
 
+from private_bus import start_bus
+from processes import POLL_SECONDS, ProcessGroup
+
 SKIPPED = 77
 START_SECONDS = 20
 INSIDE = "QUORVEL_INSIDE_OWN_NETWORK"
 OWN_FOLDERS = ("/etc/NetworkManager", "/var/lib/NetworkManager", "/run",
                "/usr/lib/NetworkManager/conf.d")
 
-BUS = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
- "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
-<busconfig>
-  <type>system</type>
-  <listen>unix:path={path}</listen>
-  <auth>EXTERNAL</auth>
-  <policy context="default">
-    <allow send_destination="*" eavesdrop="true"/>
-    <allow eavesdrop="true"/>
-    <allow own="*"/>
-  </policy>
-</busconfig>
-"""
 # Without the daemon that would be asked for permissions, root has them all.
 SETTINGS = "[main]\nplugins=keyfile\nauth-polkit=root-only\nno-auto-default=*\n"
 # Profiles of one network, and when each was last used; the daemon believes only its own files.
@@ -107,27 +97,19 @@ def is_serving(address):
 
 
 def run_beside(command, folder):
-    socket = folder / "bus"
-    address = f"unix:path={socket}"
-    (folder / "bus.conf").write_text(BUS.format(path=socket))
-    os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = address
-    with open(folder / "log", "w") as log:
-        bus = subprocess.Popen(["dbus-daemon", f"--config-file={folder}/bus.conf", "--nofork"],
-                               stderr=log)
-        while not socket.exists() and bus.poll() is None:
-            time.sleep(0.02)
-        daemon = subprocess.Popen(["NetworkManager", "--no-daemon"], stdout=log, stderr=log)
-        try:
-            deadline = time.monotonic() + START_SECONDS
-            while not is_serving(address):
-                if time.monotonic() > deadline or daemon.poll() is not None:
-                    sys.exit("NetworkManager does not come up:\n" + (folder / "log").read_text())
-                time.sleep(0.05)
-            return subprocess.run(command).returncode
-        finally:
-            for process in (daemon, bus):
-                process.kill()
-                process.wait()
+    processes = ProcessGroup(folder)
+    try:
+        address = start_bus(processes, "bus", folder, os.environ)
+        os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = address
+        daemon = processes.start("daemon", ["NetworkManager", "--no-daemon"], os.environ)
+        deadline = time.monotonic() + START_SECONDS
+        while not is_serving(address):
+            if time.monotonic() > deadline or not daemon.is_running():
+                sys.exit(f"NetworkManager does not come up:\n{processes.logs()}")
+            time.sleep(POLL_SECONDS)
+        return subprocess.run(command).returncode
+    finally:
+        processes.end_all()
 
 
 def main():
