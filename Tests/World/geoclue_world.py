@@ -13,8 +13,8 @@ import time
 import dbus
 
 from geolocation_endpoint import HOME, GeolocationEndpoint
+from private_bus import start_bus
 from processes import ProcessGroup
-from system_bus import start_system_bus
 
 HERE = pathlib.Path(__file__).parent
 DAEMON = "/usr/libexec/geoclue"
@@ -89,7 +89,7 @@ class GeoClueWorld:
     def __enter__(self):
         try:
             if self.address is None:
-                self.address = start_system_bus(self._processes, self.folder)
+                self.address = start_bus(self._processes, "bus", self.folder, os.environ)
             self._bus = dbus.bus.BusConnection(self.address)
             self.start_agent(EXACT_LEVEL)
             self.start_daemon()
