@@ -39,7 +39,9 @@ void StatusHostWatcher::update()
     }
     if (m_chosen == StatusHost::None)
         m_chosen = StatusHostGate::decide(m_facts);
-    emit changed();
+    const auto state = std::pair(m_facts, m_chosen);
+    if (std::exchange(m_told, state) != state)
+        emit changed();
 }
 
 void StatusHostWatcher::watchGrace()

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <utility>
+
 namespace quorvel {
 
 class NotifierWatcherClient;
@@ -39,6 +41,8 @@ private:
 
     StatusHostFacts m_facts;
     StatusHost m_chosen = StatusHost::None;
+    /// The two at the last `changed`.
+    std::pair<StatusHostFacts, StatusHost> m_told;
     NotifierWatcherClient *m_notifierWatcher;
     XEmbedManagerWatcher *m_xEmbedManager;
     QTimer m_grace;

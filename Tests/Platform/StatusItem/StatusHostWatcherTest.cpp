@@ -48,6 +48,15 @@ private slots:
         QVERIFY(!hosts.isHostThere());
     }
 
+    void onlyWhatHasChangedIsTold()
+    {
+        const StatusHostWatcher hosts;
+        const QSignalSpy changes(&hosts, &StatusHostWatcher::changed);
+        QTRY_COMPARE(hosts.facts().watcher, NotifierWatcher::Absent);
+        QCoreApplication::processEvents();
+        QCOMPARE(changes.count(), 1);
+    }
+
     void registeredHostIsChosen()
     {
         FakeNotifierWatcher watcher(Answer::WithHost);
