@@ -37,6 +37,15 @@ std::optional<QUrl> readEndpoint(const QProcessEnvironment &environment, const Q
     return url;
 }
 
+/// What was typed, but for a password: whoever wrote one into the address does not want to read it
+/// in a log. Where it cannot be told apart, it stands before the last “@”.
+QString withoutUser(const QString &address)
+{
+    const QUrl url(address);
+    return url.isValid() ? url.adjusted(QUrl::RemoveUserInfo).toString()
+                         : address.section(u'@', -1);
+}
+
 } // namespace
 
 EndpointError::EndpointError(const QString &variable, const QString &address)
@@ -46,10 +55,8 @@ EndpointError::EndpointError(const QString &variable, const QString &address)
 
 QString EndpointError::errorDescription() const
 {
-    // Whoever wrote a password into the address does not want to read it in a log.
-    const QString shown = QUrl(m_address).adjusted(QUrl::RemoveUserInfo).toString();
     return u"%1 is “%2”: only https is accepted, or http on this machine, without a user."_s.arg(
-        m_variable, shown);
+        m_variable, withoutUser(m_address));
 }
 
 Endpoints Endpoints::read(const QProcessEnvironment &environment)
