@@ -86,9 +86,12 @@ class Tree:
     @functools.cached_property
     def paths(self):
         """Every file and folder that exists, by its path from the root."""
-        files = {source.path for source in self.sources}
-        folders = {str(parent) for path in files for parent in pathlib.PurePath(path).parents}
-        return files | folders
+        return {source.path for source in self.sources} | self.folders
+
+    @functools.cached_property
+    def folders(self):
+        return {str(parent) for source in self.sources
+                for parent in pathlib.PurePath(source.path).parents}
 
     @functools.cached_property
     def live_backends(self):

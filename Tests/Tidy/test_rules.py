@@ -210,6 +210,19 @@ SAMPLES = {
             {"README.md": "`Core/Cup/` holds the cup\n"},
         ],
     ),
+    "the_map_is_complete": (
+        [
+            {"ARCHITECTURE.md": "the rooms\n", "Core/Cup/Cup.h": ""},
+            {"ARCHITECTURE.md": "`Platform/Cupboard/`\n", "Platform/Cup/Cup.h": ""},
+            {"ARCHITECTURE.md": "Services/Cup/\n", "Services/Cup/Cup.h": ""},
+        ],
+        [
+            {"ARCHITECTURE.md": "`Core/Cup/`\n", "Core/Cup/Cup.h": "", "Core/CMakeLists.txt": ""},
+            {"ARCHITECTURE.md": "`Features/Cup/Cup.h`\n", "Features/Cup/Cup.h": ""},
+            {"ARCHITECTURE.md": "`Core/Cup/`\n", "Core/Cup/Small/Cup.h": ""},
+            {"ARCHITECTURE.md": "the rooms\n", "Tests/Cup/Cup.h": "", "Docs/Cup/cup.md": ""},
+        ],
+    ),
 }
 
 

@@ -9,6 +9,7 @@ PROSE = (".md", ".svg", ".json", ".xml", ".desktop")
 VAGUE_FOLDERS = {"utils", "util", "helpers", "helper", "misc", "common", "manager", "managers"}
 MAP = "ARCHITECTURE.md"
 MAP_LINES = 150
+MAPPED_LAYERS = ("Platform", "Core", "Services", "Features")
 
 # Put together from pieces, so that this file passes its own rule.
 MARKS = r"\b(" + "TO" + r"DO|FIX" + r"ME|XX" + r"X|HA" + r"CK)\b"
@@ -69,6 +70,18 @@ def the_map_is_true(tree):
             yield Finding(MAP, MAP_LINES, f"{lines} lines, at most {MAP_LINES}")
 
 
+def the_map_is_complete(tree):
+    """ARCHITECTURE.md names every folder that stands directly in a layer."""
+    for source in tree.sources:
+        if source.path != MAP:
+            continue
+        named = re.findall(r"`([\w.-]+/[\w.-]+)[\w./+-]*`", source.text)
+        for folder in sorted(tree.folders):
+            layer, _, name = folder.partition("/")
+            if layer in MAPPED_LAYERS and name and "/" not in name and folder not in named:
+                yield Finding(MAP, 1, f"does not name {folder}/")
+
+
 RULES = [
     lines_fit,
     files_end_in_one_newline,
@@ -76,4 +89,5 @@ RULES = [
     the_tree_speaks_for_itself,
     folders_have_names_of_their_own,
     the_map_is_true,
+    the_map_is_complete,
 ]
