@@ -1,4 +1,4 @@
-"""The processes of one virtual desktop: started together, ended together, whatever happens."""
+"""The processes of one test: started together, ended together, whatever happens."""
 
 import os
 import pathlib
