@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The line being typed in a TextInputField.
+// The line being typed in a TextInputField. That it is for a password, assistive tools are told by
+// its echo mode. Deliberate: saying so once more would take its name away from them.
 TextInput {
     id: root
 
@@ -15,7 +16,6 @@ TextInput {
     Accessible.name: root.label
     Accessible.editable: true
     Accessible.focusable: root.enabled
-    Accessible.passwordEdit: root.masked
     activeFocusOnTab: root.enabled
     clip: true
     color: Theme.color.textPrimary

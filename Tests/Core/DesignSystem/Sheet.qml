@@ -83,6 +83,17 @@ Rectangle {
             width: 308
         }
 
+        ScrollArea {
+            Accessible.name: "A long text"
+            height: 40
+            objectName: "scrollArea"
+            width: 308
+
+            PlainText {
+                text: "One\nTwo\nThree\nFour\nFive"
+            }
+        }
+
         ControlsSheet {
         }
 
