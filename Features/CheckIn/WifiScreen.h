@@ -16,7 +16,7 @@ class WifiScreen final : public QObject
     QML_UNCREATABLE("Made with the check-in screen")
     Q_PROPERTY(State state READ state NOTIFY changed)
     Q_PROPERTY(QString headerText READ headerText NOTIFY changed)
-    Q_PROPERTY(QAbstractItemModel *rows READ rows CONSTANT)
+    Q_PROPERTY(QObject *rows READ rows CONSTANT)
     Q_PROPERTY(bool showsHint READ showsHint NOTIFY changed)
     Q_PROPERTY(bool isOtherOpen READ isOtherOpen NOTIFY changed)
     Q_PROPERTY(QString networkName READ networkName WRITE setNetworkName NOTIFY changed)

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// Where the user sits, and how to say that it is another place.
+Item {
+    id: root
+
+    required property bool hasCafe
+    required property string title
+    // How far away it is, or what to do where there is none.
+    required property string subtitle
+    required property bool canChange
+
+    signal changeRequested
+    signal retryRequested
+
+    implicitHeight: Math.max(texts.implicitHeight, action.implicitHeight)
+    objectName: "CafeHeader"
+
+    Column {
+        id: texts
+
+        anchors.left: parent.left
+        anchors.right: action.visible ? action.left : parent.right
+        anchors.rightMargin: action.visible ? 12 : 0
+        spacing: 4
+
+        Row {
+            spacing: 4
+            visible: root.hasCafe
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.color.accent
+                name: "location.fill"
+                size: 11
+            }
+
+            Eyebrow {
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.color.accentDeep
+                title: "You're here"
+            }
+
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                color: Theme.color.textSecondary
+                font: Theme.font.caption
+                text: root.subtitle
+            }
+        }
+
+        PlainText {
+            Accessible.role: Accessible.Heading
+            elide: Text.ElideRight
+            font: Theme.font.cafeName
+            maximumLineCount: 2
+            text: root.title
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+
+        Hint {
+            text: root.subtitle
+            visible: !root.hasCafe
+            width: parent.width
+        }
+    }
+
+    GhostButton {
+        id: action
+
+        anchors.right: parent.right
+        anchors.top: parent.top
+        label: root.hasCafe ? "Change" : "Retry"
+        visible: !root.hasCafe || root.canChange
+
+        onClicked: root.hasCafe ? root.changeRequested() : root.retryRequested()
+    }
+}
