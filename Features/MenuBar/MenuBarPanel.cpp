@@ -25,15 +25,17 @@ QList<ScreenArea> screenAreas()
 
 } // namespace
 
-MenuBarPanel::MenuBarPanel(QQmlEngine &engine, LaunchAtLoginSwitch launchAtLogin,
-                           PanelToggleGuard guard)
-    : m_launchAtLogin(std::move(launchAtLogin))
+MenuBarPanel::MenuBarPanel(QQmlEngine &engine, const MenuBarRoles &roles,
+                           LaunchAtLoginSwitch launchAtLogin, PanelToggleGuard guard)
+    : m_scene(roles)
+    , m_launchAtLogin(std::move(launchAtLogin))
     , m_guard(std::move(guard))
     , m_window(std::make_unique<QQuickView>(&engine, nullptr))
 {
     setUpWindow();
     auto view = ViewFactory::make(engine, u"MenuBar"_s, u"MenuBarRootView"_s,
-                                  {{u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}});
+                                  {{u"scene"_s, QVariant::fromValue(&m_scene)},
+                                   {u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}});
     m_view = qobject_cast<QQuickItem *>(view.release());
     m_view->setParent(m_window->contentItem());
     m_view->setParentItem(m_window->contentItem());
@@ -58,6 +60,7 @@ void MenuBarPanel::open(const QRect &anchor)
     if (!m_window->isVisible()) {
         m_anchor = anchor;
         m_launchAtLogin.refresh();
+        m_scene.appear();
         focusNoControl();
         place();
         m_window->show();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Features/MenuBar/LaunchAtLoginToggle.h"
+#include "Features/MenuBar/MenuBarScene.h"
 #include "Features/MenuBar/PanelToggleGuard.h"
 
 #include <QObject>
@@ -22,7 +23,7 @@ class MenuBarPanel final : public QObject
 
 public:
     /// Throws ViewError.
-    MenuBarPanel(QQmlEngine &engine, LaunchAtLoginSwitch launchAtLogin,
+    MenuBarPanel(QQmlEngine &engine, const MenuBarRoles &roles, LaunchAtLoginSwitch launchAtLogin,
                  PanelToggleGuard guard = PanelToggleGuard());
     ~MenuBarPanel() override;
 
@@ -46,6 +47,8 @@ private:
     void place();
     void closeOnFocusLoss();
 
+    // Order: what the view is bound to outlives it.
+    MenuBarScene m_scene;
     LaunchAtLoginToggle m_launchAtLogin;
     PanelToggleGuard m_guard;
     QRect m_anchor;

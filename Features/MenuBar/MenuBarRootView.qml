@@ -8,7 +8,12 @@ import Quorvel.MenuBar
 FocusScope {
     id: root
 
+    required property MenuBarScene scene
     required property LaunchAtLoginToggle launchAtLogin
+    // What the screen has room for.
+    property real maximumHeight: 2000
+    readonly property real contentHeight: 540
+    readonly property real frameHeight: header.height + footer.height + 2
 
     signal windowRequested(string identifier)
     signal quitRequested
@@ -17,7 +22,7 @@ FocusScope {
     Accessible.role: Accessible.Pane
     Accessible.name: "Quorvel"
     focus: true
-    implicitHeight: column.implicitHeight
+    implicitHeight: Math.min(root.frameHeight + root.contentHeight, root.maximumHeight)
     implicitWidth: 340
     objectName: "MenuBarRootView"
 
@@ -37,6 +42,8 @@ FocusScope {
         width: parent.width
 
         PanelHeader {
+            id: header
+
             width: parent.width
 
             onHistoryRequested: root.windowRequested("history")
@@ -45,10 +52,10 @@ FocusScope {
         ThemeDivider {
         }
 
-        Item {
-            id: content
-
-            implicitHeight: 110
+        // As high in every state: nothing moves under the pointer when one gives way to another.
+        PanelContent {
+            height: root.height - root.frameHeight
+            scene: root.scene
             width: parent.width
         }
 
@@ -56,6 +63,8 @@ FocusScope {
         }
 
         PanelFooter {
+            id: footer
+
             launchAtLogin: root.launchAtLogin
             width: parent.width
 

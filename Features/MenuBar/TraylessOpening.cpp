@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-TraylessOpening::TraylessOpening(const StatusItem &item, std::chrono::milliseconds waitFor,
+TraylessOpening::TraylessOpening(const StatusItem &item, std::chrono::milliseconds delay,
                                  QObject *parent)
     : QObject(parent)
 {
@@ -13,7 +13,7 @@ TraylessOpening::TraylessOpening(const StatusItem &item, std::chrono::millisecon
     // An icon that was seen once will be looked for again, even if its host restarts.
     connect(&item, &StatusItem::isShownChanged, &m_patience, &QTimer::stop);
     if (!item.isShown())
-        m_patience.start(waitFor);
+        m_patience.start(delay);
 }
 
 } // namespace quorvel

@@ -20,7 +20,7 @@ public:
     static constexpr std::chrono::seconds patience{5};
 
     /// The item outlives this.
-    explicit TraylessOpening(const StatusItem &item, std::chrono::milliseconds waitFor = patience,
+    explicit TraylessOpening(const StatusItem &item, std::chrono::milliseconds delay = patience,
                              QObject *parent = nullptr);
 
 signals:

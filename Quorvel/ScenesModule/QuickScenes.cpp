@@ -1,8 +1,10 @@
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
+#include "Core/DI/AppEnvironment.h"
 #include "Core/DesignSystem/Theme.h"
 #include "Core/DesignSystem/ViewFactory.h"
 #include "Features/MenuBar/MenuBarPanel.h"
+#include "Features/MenuBar/MenuBarServices.h"
 #include "Platform/Appearance/Appearance.h"
 #include "Platform/Errors/LocalizedError.h"
 
@@ -31,8 +33,9 @@ const QHash<QString, WindowView> &windowViews()
 
 } // namespace
 
-QuickScenes::QuickScenes(SceneContext context)
+QuickScenes::QuickScenes(SceneContext context, MenuBarFacilities facilities)
     : m_context(std::move(context))
+    , m_facilities(std::move(facilities))
 {
     // Order: before the first window. Flat shapes and text need no graphics processor, and a
     // context on one would more than double the memory of the whole program.
@@ -79,7 +82,10 @@ void QuickScenes::openRequestedWindow(const QString &identifier)
 MenuBarPanel &QuickScenes::menuBarPanel()
 {
     if (!m_menuBarPanel) {
-        m_menuBarPanel = std::make_unique<MenuBarPanel>(m_engine, m_context.launchAtLogin);
+        m_menuBarServices = std::make_unique<MenuBarServices>(m_facilities);
+        m_menuBarPanel = std::make_unique<MenuBarPanel>(
+            m_engine, m_menuBarServices->roles(m_context.environment->checkInRepository()),
+            m_context.launchAtLogin);
         connect(m_menuBarPanel.get(), &MenuBarPanel::windowRequested, this,
                 &QuickScenes::openRequestedWindow);
         connect(m_menuBarPanel.get(), &MenuBarPanel::quitRequested, this, m_context.quit);

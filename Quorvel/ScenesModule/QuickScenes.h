@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Features/MenuBar/MenuBarFacilities.h"
 #include "Features/Scenes/Scenes.h"
 
 #include <QObject>
@@ -13,6 +14,7 @@ class QQuickWindow;
 namespace quorvel {
 
 class MenuBarPanel;
+class MenuBarServices;
 
 /// The three scenes in Qt Quick: the panel and the two windows, on one engine.
 class QuickScenes final : public QObject, public Scenes
@@ -20,7 +22,8 @@ class QuickScenes final : public QObject, public Scenes
     Q_OBJECT
 
 public:
-    explicit QuickScenes(SceneContext context);
+    /// Everything that the facilities point to outlives this.
+    QuickScenes(SceneContext context, MenuBarFacilities facilities);
     ~QuickScenes() override;
 
     void toggleMenuBarPanel(const QRect &anchor) override;
@@ -37,7 +40,9 @@ private:
     void followAppearance();
 
     SceneContext m_context;
+    MenuBarFacilities m_facilities;
     QQmlEngine m_engine;
+    std::unique_ptr<MenuBarServices> m_menuBarServices;
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;
     std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };

@@ -3,6 +3,8 @@
 // Without a sheet it is the panel.
 #include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
+#include "Features/MenuBar/MenuBarServices.h"
+#include "Tests/Support/QuietFacilities.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -48,7 +50,10 @@ int main(int argc, char **argv)
     if (options.isSet(u"dark"_s))
         Theme::shared().setStyle(AppearanceStyle::Dark);
     QQmlEngine engine;
-    MenuBarPanel panel(engine, {.isEnabled = [] { return true; }, .setEnabled = [](bool) {}});
+    tests::QuietFacilities facilities;
+    MenuBarServices services(facilities.menuBar());
+    MenuBarPanel panel(engine, services.roles(nullptr),
+                       {.isEnabled = [] { return true; }, .setEnabled = [](bool) {}});
     QQuickView sheet(&engine, nullptr);
     if (files.size() > 1) {
         sheet.setSource(QUrl::fromLocalFile(files[1]));

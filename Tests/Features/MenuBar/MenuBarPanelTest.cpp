@@ -1,8 +1,10 @@
 #include "Features/MenuBar/MenuBarPanel.h"
 
 #include "Core/DesignSystem/Theme.h"
+#include "Features/MenuBar/MenuBarServices.h"
 #include "Platform/Errors/LocalizedError.h"
 #include "Tests/Support/QuickTest.h"
+#include "Tests/Support/QuietFacilities.h"
 
 #include <QAccessible>
 #include <QQmlEngine>
@@ -55,7 +57,8 @@ private slots:
         QuickTest::failOnWarnings();
         m_loginItem = {};
         m_now = 1h;
-        m_panel = std::make_unique<MenuBarPanel>(m_engine, m_loginItem.asSwitch(),
+        m_panel = std::make_unique<MenuBarPanel>(m_engine, m_services.roles(nullptr),
+                                                 m_loginItem.asSwitch(),
                                                  PanelToggleGuard([this] { return m_now; }));
     }
 
@@ -289,7 +292,7 @@ private slots:
     {
         int count = 0;
         for (QQuickItem *item : QuickTest::itemsUnder(view())) {
-            if (item->activeFocusOnTab()) {
+            if (item->activeFocusOnTab() && item->isVisible()) {
                 ++count;
                 auto *interface = QAccessible::queryAccessibleInterface(item);
                 QVERIFY(!interface->text(QAccessible::Name).isEmpty());
@@ -331,6 +334,8 @@ private:
     QWindow m_other;
     FakeLoginItem m_loginItem;
     std::chrono::milliseconds m_now{};
+    tests::QuietFacilities m_facilities;
+    MenuBarServices m_services{m_facilities.menuBar()};
     std::unique_ptr<MenuBarPanel> m_panel;
 };
 

@@ -1,3 +1,4 @@
+#include "Core/DI/AppEnvironment.h"
 #include "Features/Scenes/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
 
@@ -20,9 +21,12 @@ private slots:
         QPluginLoader loader(QStringLiteral(SCENES_MODULE));
         auto *plugin = qobject_cast<ScenesPlugin *>(loader.instance());
         QVERIFY2(plugin, qPrintable(loader.errorString()));
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
+        AppEnvironment environment;
         FakeAppearance appearance;
         const auto scenes = plugin->makeScenes(
-            {.appearance = &appearance,
+            {.environment = &environment,
+             .appearance = &appearance,
              .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
              .quit = [] {}});
         scenes->openMenuBarPanel({});

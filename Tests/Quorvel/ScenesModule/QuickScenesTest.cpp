@@ -1,9 +1,11 @@
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
+#include "Core/DI/AppEnvironment.h"
 #include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Platform/Appearance/FakeAppearance.h"
 #include "Tests/Support/QuickTest.h"
+#include "Tests/Support/QuietFacilities.h"
 
 #include <QQuickView>
 
@@ -20,10 +22,13 @@ private slots:
         QuickTest::failOnWarnings();
         m_quits = 0;
         m_appearance = std::make_unique<FakeAppearance>();
-        m_scenes = std::make_unique<QuickScenes>(SceneContext{
-            .appearance = m_appearance.get(),
-            .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
-            .quit = [this] { ++m_quits; }});
+        m_scenes = std::make_unique<QuickScenes>(
+            SceneContext{
+                .environment = &m_environment,
+                .appearance = m_appearance.get(),
+                .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
+                .quit = [this] { ++m_quits; }},
+            m_facilities.menuBar());
     }
 
     void cleanup()
@@ -138,12 +143,15 @@ private slots:
     {
         m_scenes.reset();
         m_appearance->setStyle(AppearanceStyle::Dark);
-        const QuickScenes scenes({.appearance = m_appearance.get()});
+        const QuickScenes scenes({.environment = &m_environment, .appearance = m_appearance.get()},
+                                 m_facilities.menuBar());
         QCOMPARE(Theme::shared().color()->background(), QColor(0x1A1410));
     }
 
 private:
     int m_quits = 0;
+    AppEnvironment m_environment;
+    tests::QuietFacilities m_facilities;
     std::unique_ptr<FakeAppearance> m_appearance;
     std::unique_ptr<QuickScenes> m_scenes;
 };

@@ -1,0 +1,66 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// Why there is nothing to show, and what the user can do about it.
+Item {
+    id: root
+
+    required property string message
+    required property bool canOpenSettings
+    // What to do where the settings cannot be opened from here; empty otherwise.
+    required property string notice
+
+    signal settingsRequested
+    signal retryRequested
+
+    implicitHeight: column.implicitHeight + 2 * 24
+    objectName: "DeniedView"
+
+    Column {
+        id: column
+
+        anchors.centerIn: parent
+        spacing: 12
+        width: parent.width - 2 * 24
+
+        PlainText {
+            color: Theme.color.error
+            horizontalAlignment: Text.AlignHCenter
+            text: root.message
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+
+        Column {
+            anchors.horizontalCenter: parent.horizontalCenter
+            padding: 16
+            spacing: 8
+
+            PrimaryButton {
+                label: "Open System Settings"
+                symbol: ""
+                visible: root.canOpenSettings
+                width: 220
+
+                onClicked: root.settingsRequested()
+            }
+
+            SecondaryButton {
+                label: "Retry"
+                symbol: "arrow.clockwise"
+                width: 220
+
+                onClicked: root.retryRequested()
+            }
+        }
+
+        Hint {
+            horizontalAlignment: Text.AlignHCenter
+            text: root.notice
+            visible: text.length > 0
+            width: parent.width
+        }
+    }
+}

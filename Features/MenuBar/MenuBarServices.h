@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Core/Keychain/SecItemKeychainStore.h"
+#include "Features/MenuBar/MenuBarFacilities.h"
+#include "Features/MenuBar/MenuBarRoles.h"
+#include "Services/Location/CoreLocationService.h"
+#include "Services/Places/MapKitPlacesService.h"
+#include "Services/Weather/OpenMeteoWeatherService.h"
+#include "Services/Wifi/CoreWLANWifiService.h"
+#include "Services/Wifi/SystemWifiPasswordReader.h"
+
+namespace quorvel {
+
+/// The services of the panel, made for it alone, over the facilities that the program picked.
+class MenuBarServices final
+{
+public:
+    explicit MenuBarServices(const MenuBarFacilities &facilities);
+
+    /// Living as long as this, and as the repository.
+    [[nodiscard]] MenuBarRoles roles(CheckInRepository *checkInRepository);
+
+private:
+    MenuBarFacilities m_facilities;
+    CoreLocationService m_location;
+    MapKitPlacesService m_places;
+    OpenMeteoWeatherService m_weather;
+    CoreWLANWifiService m_wifi;
+    SecurityCLIWifiPasswordReader m_systemPasswords;
+    SecItemKeychainStore m_keychain;
+};
+
+} // namespace quorvel
