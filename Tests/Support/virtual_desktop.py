@@ -24,6 +24,7 @@ SETTLED_SECONDS = 0.3
 RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
 COMMAND_SECONDS = 10
+TYPING_MILLISECONDS = 25
 
 
 def process_id(bus, name):
@@ -148,8 +149,21 @@ class VirtualDesktop:
         x, y = dot.left + dot.width, dot.top + dot.height
         self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
 
-    def press_key(self, key):
-        self._ask("xdotool", "key", key)
+    def click(self, x, y):
+        self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
+
+    def turn_wheel(self, x, y, notches):
+        """Over that point; downwards when `notches` is positive."""
+        button = "5" if notches > 0 else "4"
+        repeated = ["click", "--repeat", str(abs(notches)), "--delay", "20", button]
+        self._ask("xdotool", "mousemove", str(x), str(y), *repeated)
+
+    def press_key(self, *keys):
+        self._ask("xdotool", "key", *keys)
+
+    def type_text(self, text):
+        """As on a keyboard that has every letter; slowly enough for the server to learn them."""
+        self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
 
     def let_double_click_time_pass(self):
         """Waits so long that the next click counts as a new one."""

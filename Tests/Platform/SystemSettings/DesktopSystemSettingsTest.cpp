@@ -60,8 +60,6 @@ private slots:
     {
         install(u"gnome-control-center"_s);
         QVERIFY(!DesktopSystemSettings(m_environment).open(QUrl(u"https://example.org"_s)));
-        QTest::qWait(50);
-        QCOMPARE(written(), QString());
     }
 
 private:

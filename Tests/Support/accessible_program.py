@@ -1,0 +1,130 @@
+"""The program as an assistive tool sees it: a tree of named controls that can be found and used."""
+
+import dbus
+import dbus.bus
+
+REGISTRY = "org.a11y.atspi.Registry"
+ROOT = "/org/a11y/atspi/accessible/root"
+ACCESSIBLE = "org.a11y.atspi.Accessible"
+COMPONENT = "org.a11y.atspi.Component"
+ACTION = "org.a11y.atspi.Action"
+SCREEN_COORDINATES = dbus.UInt32(0)
+CALL_SECONDS = 5
+
+# Bits of the state set, by their numbers in the protocol.
+STATES = {"checked": 4, "enabled": 8, "focused": 12, "sensitive": 24, "visible": 30}
+
+
+class Control:
+    """One object of the tree. Everything is asked of the program each time: nothing goes stale."""
+
+    def __init__(self, bus, name, path):
+        self._bus = bus
+        self._name = name
+        self._path = path
+
+    @property
+    def name(self):
+        return str(self._get("Name"))
+
+    @property
+    def description(self):
+        return str(self._get("Description"))
+
+    @property
+    def role(self):
+        return str(self._call(ACCESSIBLE, "GetRoleName"))
+
+    @property
+    def states(self):
+        low, high = self._call(ACCESSIBLE, "GetState")
+        bits = int(low) | int(high) << 32
+        return {state for state, bit in STATES.items() if bits >> bit & 1}
+
+    def children(self):
+        found = self._call(ACCESSIBLE, "GetChildren")
+        return [Control(self._bus, str(name), str(path)) for name, path in found]
+
+    def box(self):
+        """Left, top, width and height on the screen."""
+        extents = self._call(COMPONENT, "GetExtents", "u", SCREEN_COORDINATES)
+        return tuple(int(value) for value in extents)
+
+    def press(self):
+        """What a screen reader does instead of a click."""
+        if not self._call(ACTION, "DoAction", "i", dbus.Int32(0)):
+            raise AssertionError(f"{self.name} has no action")
+
+    def act(self, action):
+        """Performs the action of that name, such as "Increase"."""
+        names = [str(row[0]) for row in self._call(ACTION, "GetActions")]
+        self._call(ACTION, "DoAction", "i", dbus.Int32(names.index(action)))
+
+    def all(self):
+        """The control and everything in it that shows, if only after scrolling."""
+        yield self
+        for child in self.children():
+            if child.has_size():
+                yield from child.all()
+
+    def has_size(self):
+        """The states do not tell what is hidden from what is scrolled away; its size does."""
+        _, _, width, height = self.box()
+        return width > 0 and height > 0
+
+    def _get(self, value):
+        return self._bus.call_blocking(
+            self._name, self._path, dbus.PROPERTIES_IFACE, "Get", "ss", (ACCESSIBLE, value),
+            timeout=CALL_SECONDS,
+        )
+
+    def _call(self, interface, method, signature="", *arguments):
+        return self._bus.call_blocking(
+            self._name, self._path, interface, method, signature, arguments, timeout=CALL_SECONDS
+        )
+
+
+class AccessibleProgram:
+    """The controls of the program with that process identifier, on a desktop's session bus."""
+
+    def __init__(self, session_address, pid):
+        session = dbus.bus.BusConnection(session_address)
+        address = session.call_blocking(
+            "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (),
+            timeout=CALL_SECONDS,
+        )
+        session.close()
+        self._bus = dbus.bus.BusConnection(str(address))
+        self._pid = pid
+
+    def close(self):
+        self._bus.close()
+
+    def find(self, name, role=None):
+        """The first visible control of that name, and role; none when there is none."""
+        for control in self.controls():
+            if control.name == name and role in (None, control.role):
+                return control
+        return None
+
+    def texts(self):
+        """What a person reads, from the top."""
+        return [name for control in self.controls() if (name := control.name)]
+
+    def controls(self):
+        """Every visible control. A tree that changes while it is read is read as far as it
+        goes: whoever waits for something asks again."""
+        try:
+            for application in Control(self._bus, REGISTRY, ROOT).children():
+                if self._belongs(application):
+                    for window in application.children():
+                        if "visible" in window.states:
+                            yield from window.all()
+        except dbus.DBusException:
+            return
+
+    def _belongs(self, application):
+        return self._pid == self._bus.call_blocking(
+            "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
+            "s", (application._name,), timeout=CALL_SECONDS,
+        )

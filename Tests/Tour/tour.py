@@ -1,0 +1,193 @@
+"""A visit from the first click to the stored check-in, with the program as it is shipped.
+
+usage: tour.py PROGRAM FOLDER
+On a virtual desktop in the district of cafés somebody clicks, types and reads. The folder gets a
+numbered picture of each step and a transcript. Ends with status 0 only if all was as expected.
+"""
+
+import pathlib
+import sqlite3
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+for neighbour in ("Support", "World"):
+    sys.path.append(str(HERE.parent / neighbour))
+
+from person import Person  # noqa: E402
+from processes import NotSeen  # noqa: E402
+from virtual_desktop import VirtualDesktop  # noqa: E402
+from world import World  # noqa: E402
+
+PANEL = "Quorvel"
+WAITING = "Đang định vị quán cafe…"
+NEAREST = "Cà phê Gió Sông"
+CHOSEN = "Sân Trong – Cà phê & Sách"
+NETWORK = "Cà phê Gió Sông 5G"
+PASSWORD = "ca phe sua da 35k"
+NOTE = "Yên tĩnh, ổ cắm đầy đủ – sẽ quay lại."
+KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
+REFUSAL = "Already checked in today at this café."
+SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
+FIX_SECONDS = 1.5
+COMMAND_SECONDS = 10
+
+
+class Tour:
+    """The steps in their order; each has a title, and leaves a picture behind."""
+
+    def __init__(self, desktop, world, program, folder):
+        self._desktop = desktop
+        self._world = world
+        self._program = program
+        self._folder = folder
+        self._number = 0
+        self._person = None
+
+    def take(self):
+        self._step("The icon is in the tray", self._start)
+        self._step("A click opens the panel, which looks for the café", self._open)
+        self._step("The café, its weather and the Wi-Fi are there", self._read)
+        self._step("There are other cafés nearby", self._list_cafes)
+        self._step("Another café is chosen", self._choose)
+        self._step("The visit is scored with pointer and keys", self._rate)
+        self._step("A note is typed", self._write)
+        self._step("The password of the Wi-Fi is kept", self._keep_password)
+        self._step("The visit is checked in", self._check_in)
+        self._step("Escape closes the panel", self._close)
+        self._step("Opened again, it knows of today's visit", self._open_again)
+        self._step("A second check-in is refused", self._refused)
+        self._step("Store and keychain hold what was typed, once", self._look_behind)
+        self._person.close()
+
+    def _step(self, title, action):
+        self._number += 1
+        print(f"{self._number:2}. {title}", flush=True)
+        action()
+        picture = self._desktop.settled_picture()
+        picture.write_png(self._folder / f"{self._number:02}.png")
+        with open(self._folder / "transcript.txt", "a", encoding="utf-8") as transcript:
+            transcript.write(f"{self._number}. {title}\n")
+            if self._person:
+                transcript.writelines(f"   {text}\n" for text in self._person.texts())
+
+    # The steps
+
+    def _start(self):
+        self._desktop.start_tray("xfce4-panel")
+        self._world.location.slow(FIX_SECONDS)
+        self._process = self._desktop.start_program(
+            self._program, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"
+        )
+        self._desktop.wait_for_icon()
+
+    def _open(self):
+        self._desktop.click_icon()
+        self._desktop.wait_for_focused_window(PANEL)
+        self._person = Person(self._desktop, self._process)
+        self._person.wait_for(WAITING)
+
+    def _read(self):
+        for text in (NEAREST, "31°", "Feels 36°", "Overcast"):
+            self._person.wait_for(text)
+        self._person.wait_until_gone(WAITING)
+        self._person.wait_for(NETWORK)
+
+    def _list_cafes(self):
+        self._person.click("Change")
+        self._person.wait_for("Choose a café")
+        self._person.wait_for(CHOSEN)
+
+    def _choose(self):
+        self._person.click(CHOSEN)
+        self._person.wait_until_gone("Choose a café")
+        self._person.wait_for(CHOSEN)
+
+    def _rate(self):
+        last_star, second_star = 0.9, 0.3
+        self._person.click("WiFi speed", across=last_star)
+        self._person.wait_for_description("WiFi speed", "5 of 5")
+        self._person.click("Noise level", across=second_star)
+        self._person.wait_for_description("Noise level", "2 of 5")
+        self._person.focus("Quiet for calls")
+        self._person.press("Right")
+        self._person.wait_for_description("Quiet for calls", "4 of 5")
+
+    def _write(self):
+        self._person.click("Note", role="text")
+        self._person.type(NOTE)
+
+    def _keep_password(self):
+        self._person.click("WiFi password")
+        self._person.type(PASSWORD)
+        self._person.click("Save")
+        self._person.wait_for("Copy")
+
+    def _check_in(self):
+        self._person.click("Check In")
+        self._person.wait_for("Checked in!")
+        self._person.wait_for(REFUSAL)
+
+    def _close(self):
+        self._person.press("Escape")
+        self._desktop.wait_for_no_window(PANEL)
+
+    def _open_again(self):
+        self._desktop.let_double_click_time_pass()
+        self._desktop.click_icon()
+        self._desktop.wait_for_focused_window(PANEL)
+        self._person.wait_for(REFUSAL)
+        self._person.wait_for(CHOSEN)
+
+    def _refused(self):
+        self._person.click("Check In")
+        self._expect("visits", len(self._visits()), 1)
+
+    def _look_behind(self):
+        (visit,) = self._visits()
+        expected = {"name": CHOSEN, "lastKnownSSID": NETWORK, "note": NOTE, "wifiSpeed": 5,
+                    "outlets": 3, "noise": 2, "quietForCalls": 4}
+        self._expect("the visit", {key: visit[key] for key in expected}, expected)
+        self._expect("the password", self._kept_password(), PASSWORD)
+        self._process.terminate()
+        self._expect("the program's status", self._process.status_within(seconds=5), 0)
+
+    # What is checked behind the program's back
+
+    def _visits(self):
+        store = self._desktop.data_home / "Quorvel" / "Quorvel.store"
+        connection = sqlite3.connect(f"file:{store}?mode=ro", uri=True)
+        connection.row_factory = sqlite3.Row
+        visits = connection.execute(
+            'SELECT * FROM CheckIn JOIN Cafe ON CheckIn.cafe = Cafe.pk ORDER BY date'
+        ).fetchall()
+        connection.close()
+        return visits
+
+    def _kept_password(self):
+        command = ["secret-tool", "lookup", "service", KEYCHAIN_SERVICE, "account", NETWORK]
+        return subprocess.run(
+            command, env=self._world.environment, capture_output=True, text=True,
+            timeout=COMMAND_SECONDS, check=True,
+        ).stdout
+
+    def _expect(self, what, found, expected):
+        if found != expected:
+            raise NotSeen(f"{what}: {found!r}, not {expected!r}")
+
+
+def main():
+    program, folder = (pathlib.Path(word).resolve() for word in sys.argv[1:])
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / "transcript.txt").unlink(missing_ok=True)
+    try:
+        with VirtualDesktop(services=SERVICES, pictures=folder) as desktop:
+            with World(desktop) as world:
+                Tour(desktop, world, program, folder).take()
+    except NotSeen as problem:
+        sys.exit(f"tour: {problem}")
+    print(f"The pictures and the transcript are in {folder}")
+
+
+if __name__ == "__main__":
+    main()
