@@ -63,8 +63,8 @@ class Tour:
     def _step(self, title, action):
         self._number += 1
         print(f"{self._number:2}. {title}", flush=True)
-        action()
-        picture = self._desktop.settled_picture()
+        # What passes by cannot be waited for to stand still: its step returns the picture itself.
+        picture = action() or self._desktop.settled_picture()
         picture.write_png(self._folder / f"{self._number:02}.png")
         with open(self._folder / "transcript.txt", "a", encoding="utf-8") as transcript:
             transcript.write(f"{self._number}. {title}\n")
@@ -86,6 +86,7 @@ class Tour:
         self._desktop.wait_for_focused_window(PANEL)
         self._person = Person(self._desktop, self._process)
         self._person.wait_for(WAITING)
+        return self._desktop.picture()
 
     def _read(self):
         for text in (NEAREST, "31°", "Feels 36°", "Overcast"):
