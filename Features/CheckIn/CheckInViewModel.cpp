@@ -18,7 +18,8 @@ void CheckInViewModel::refreshCheckedInTodayStatus(const std::optional<PlaceCand
     bool hasCheckedIn = false;
     try {
         hasCheckedIn =
-            candidate && m_checkInRepository.hasCheckedInToday(candidate->mapItemIdentifier);
+            candidate && m_checkInRepository.hasCheckedInToday(candidate->mapItemIdentifier) &&
+            !isUnstored(*candidate);
     } catch (const LocalizedError &) {
         // Silent: a store that cannot tell does not keep the user from trying.
     }
@@ -90,6 +91,12 @@ void CheckInViewModel::fillVisit(const LocatedSnapshot &snapshot, const std::sha
     m_visit->setNote(m_note);
     m_visit->setWeather(snapshot.weather);
     m_visit->setCafe(cafe);
+}
+
+bool CheckInViewModel::isUnstored(const PlaceCandidate &candidate) const
+{
+    return m_visit && m_visit->cafe() &&
+           m_visit->cafe()->mapItemIdentifier() == candidate.mapItemIdentifier;
 }
 
 void CheckInViewModel::clearForm()

@@ -61,6 +61,9 @@ private:
     /// Throws LocalizedError.
     void save(const LocatedSnapshot &snapshot);
     void fillVisit(const LocatedSnapshot &snapshot, const std::shared_ptr<Cafe> &cafe);
+    /// Whether today's visit there is the one that could not be stored, which the store counts all
+    /// the same: the user has to be let try again.
+    [[nodiscard]] bool isUnstored(const PlaceCandidate &candidate) const;
     void clearForm();
     void setSaveState(const SaveState &state);
     void setHasCheckedInToday(bool hasCheckedIn);

@@ -335,6 +335,20 @@ private slots:
         QVERIFY(!m_form->hasCheckedInToday());
     }
 
+    void aVisitThatCouldNotBeStoredCanBeSavedAgain()
+    {
+        m_world->repository.failing = {u"save"_s};
+        m_form->submit(snapshot());
+        m_world->repository.checkedInToday = {u"blue"_s};
+        m_form->refreshCheckedInTodayStatus(cafe(u"blue"_s));
+        QVERIFY(!m_form->hasCheckedInToday());
+        m_world->repository.failing = {};
+        m_form->submit(snapshot());
+        QCOMPARE(m_world->repository.visits.size(), 1U);
+        m_form->refreshCheckedInTodayStatus(cafe(u"blue"_s));
+        QVERIFY(m_form->hasCheckedInToday());
+    }
+
     void anotherCafeEndsTheLastSave()
     {
         m_form->submit(snapshot());
