@@ -17,9 +17,9 @@ void CheckInViewModel::refreshCheckedInTodayStatus(const std::optional<PlaceCand
     setSaveState(SaveState::idle());
     bool hasCheckedIn = false;
     try {
-        hasCheckedIn =
-            candidate && m_checkInRepository.hasCheckedInToday(candidate->mapItemIdentifier) &&
-            !isUnstored(*candidate);
+        hasCheckedIn = candidate &&
+                       m_checkInRepository.hasCheckedInToday(candidate->mapItemIdentifier) &&
+                       !isUnstored(*candidate);
     } catch (const LocalizedError &) {
         // Silent: a store that cannot tell does not keep the user from trying.
     }

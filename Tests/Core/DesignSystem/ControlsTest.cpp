@@ -1,8 +1,6 @@
 #include "Core/DesignSystem/Theme.h"
-#include "Tests/Support/QuickTest.h"
+#include "Tests/Core/DesignSystem/OpenSheet.h"
 
-#include <QAccessible>
-#include <QQuickView>
 #include <QSignalSpy>
 
 #include <cmath>
@@ -11,11 +9,6 @@ using namespace quorvel;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QAccessibleInterface *accessible(QObject *object)
-{
-    return QAccessible::queryAccessibleInterface(object);
-}
 
 double luminance(const QColor &color)
 {
@@ -41,16 +34,10 @@ class ControlsTest final : public QObject
     Q_OBJECT
 
 private slots:
-    static void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-
     void init()
     {
-        QuickTest::failOnWarnings();
-        m_view = std::make_unique<QQuickView>();
-        m_view->setSource(QUrl(u"qrc:/Sheet.qml"_s));
-        QVERIFY(m_view->rootObject());
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        m_view = openSheet();
+        QVERIFY(m_view);
     }
 
     void cleanup()

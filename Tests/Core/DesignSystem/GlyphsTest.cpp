@@ -1,12 +1,10 @@
 #include "Core/DesignSystem/SignalBarsView.h"
 #include "Core/DesignSystem/Theme.h"
 #include "Core/DesignSystem/WeatherGlyph.h"
-#include "Tests/Support/QuickTest.h"
+#include "Tests/Core/DesignSystem/OpenSheet.h"
 
-#include <QAccessible>
 #include <QImage>
 #include <QPainter>
-#include <QQuickView>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -44,16 +42,10 @@ class GlyphsTest final : public QObject
     Q_OBJECT
 
 private slots:
-    static void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-
     void init()
     {
-        QuickTest::failOnWarnings();
-        m_view = std::make_unique<QQuickView>();
-        m_view->setSource(QUrl(u"qrc:/Sheet.qml"_s));
-        QVERIFY(m_view->rootObject());
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        m_view = openSheet();
+        QVERIFY(m_view);
     }
 
     void cleanup()

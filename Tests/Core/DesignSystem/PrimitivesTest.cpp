@@ -1,39 +1,24 @@
 #include "Core/DesignSystem/Theme.h"
-#include "Tests/Support/QuickTest.h"
+#include "Tests/Core/DesignSystem/OpenSheet.h"
 
-#include <QAccessible>
 #include <QDirIterator>
 #include <QQmlComponent>
-#include <QQuickView>
 #include <QSignalSpy>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QAccessibleInterface *accessible(QObject *object)
-{
-    return QAccessible::queryAccessibleInterface(object);
-}
-
-} // namespace
+namespace quorvel::tests {
 
 class PrimitivesTest final : public QObject
 {
     Q_OBJECT
 
 private slots:
-    static void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-
     void init()
     {
-        QuickTest::failOnWarnings();
-        m_view = std::make_unique<QQuickView>();
-        m_view->setSource(QUrl(u"qrc:/Sheet.qml"_s));
-        QVERIFY(m_view->rootObject());
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        m_view = openSheet();
+        QVERIFY(m_view);
     }
 
     void cleanup()
@@ -260,5 +245,7 @@ private:
     std::unique_ptr<QQuickView> m_view;
 };
 
-QTEST_MAIN(PrimitivesTest)
+} // namespace quorvel::tests
+
+QTEST_MAIN(quorvel::tests::PrimitivesTest)
 #include "PrimitivesTest.moc"

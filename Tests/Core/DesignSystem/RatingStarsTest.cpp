@@ -1,10 +1,8 @@
 #include "Core/DesignSystem/Theme.h"
-#include "Tests/Support/QuickTest.h"
+#include "Tests/Core/DesignSystem/OpenSheet.h"
 
-#include <QAccessible>
 #include <QAnimationDriver>
 #include <QEasingCurve>
-#include <QQuickView>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -37,16 +35,10 @@ class RatingStarsTest final : public QObject
     Q_OBJECT
 
 private slots:
-    static void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
-
     void init()
     {
-        QuickTest::failOnWarnings();
-        m_view = std::make_unique<QQuickView>();
-        m_view->setSource(QUrl(u"qrc:/Sheet.qml"_s));
-        QVERIFY(m_view->rootObject());
-        m_view->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+        m_view = openSheet();
+        QVERIFY(m_view);
         m_row = m_view->rootObject()->findChild<QQuickItem *>(u"ratingRow"_s);
         m_stars = QuickTest::find(m_row, "shown", 2);
         QVERIFY(m_stars);

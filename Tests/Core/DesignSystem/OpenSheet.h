@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Tests/Support/QuickTest.h"
+
+#include <QAccessible>
+#include <QQuickView>
+
+#include <memory>
+
+namespace quorvel::tests {
+
+/// Shows the sheet that has one of every component, for tests of these; null when it cannot be
+/// shown. From here on a warning fails the case.
+inline std::unique_ptr<QQuickView> openSheet()
+{
+    QuickTest::failOnWarnings();
+    if (QQuickWindow::sceneGraphBackend() != u"software")
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    auto view = std::make_unique<QQuickView>();
+    view->setSource(QUrl(QStringLiteral("qrc:/Sheet.qml")));
+    view->show();
+    if (!view->rootObject() || !QTest::qWaitForWindowActive(view.get()))
+        return nullptr;
+    return view;
+}
+
+/// What assistive tools are told of an item.
+inline QAccessibleInterface *accessible(QObject *object)
+{
+    return QAccessible::queryAccessibleInterface(object);
+}
+
+} // namespace quorvel::tests
