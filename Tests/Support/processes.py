@@ -21,13 +21,15 @@ class Process:
         self.name = name
         self.log = log
         with open(log, "ab") as output:
-            # The kernel ends the child even when this interpreter itself is killed.
+            # The kernel ends the child even when this interpreter itself is killed. A Ctrl-C in the
+            # terminal is for this interpreter: it ends its children in their order.
             self._child = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "KILL", *command],
                 env=environment,
                 stdin=stdin,
                 stdout=output,
                 stderr=subprocess.STDOUT,
+                start_new_session=True,
                 **options,
             )
 

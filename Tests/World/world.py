@@ -165,6 +165,8 @@ def main(arguments):
     divide = arguments.index("--")
     try:
         status = run(arguments[:divide], arguments[divide + 1:])
+    except KeyboardInterrupt:
+        return 128 + signal.SIGINT
     except (ValueError, OSError) as problem:
         print(f"world.py: {problem}", file=sys.stderr)
         return USAGE_ERROR

@@ -1,5 +1,6 @@
 """The district stands: every part is up, can be told to misbehave, and recovers."""
 
+import os
 import pathlib
 import signal
 import subprocess
@@ -339,13 +340,23 @@ class CommandTest(unittest.TestCase):
                 self.assertNotEqual(finished.stderr, "")
 
     def test_nothing_is_left_when_it_is_told_to_end(self):
+        self.assert_leaves_nothing(signal.SIGTERM, lambda world: world.terminate())
+
+    def test_nothing_is_left_when_it_is_interrupted_in_a_terminal(self):
+        # The terminal tells everybody in the foreground.
+        interrupt = signal.SIGINT
+        self.assert_leaves_nothing(interrupt, lambda world: os.killpg(world.pid, interrupt))
+
+    def assert_leaves_nothing(self, told, tell):
         world = subprocess.Popen(
-            [*WORLD, "--", "sh", "-c", "echo $HOME; sleep 60"], stdout=subprocess.PIPE, text=True
+            [*WORLD, "--", "sh", "-c", "echo $HOME; sleep 60"], text=True,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True,
         )
-        with world.stdout as lines:
-            folder = pathlib.Path(lines.readline().strip()).parent
-        world.send_signal(signal.SIGTERM)
-        self.assertEqual(world.wait(LIMIT_SECONDS), 128 + signal.SIGTERM)
+        folder = pathlib.Path(world.stdout.readline().strip()).parent
+        tell(world)
+        self.assertEqual(world.wait(LIMIT_SECONDS), 128 + told)
+        with world.stdout, world.stderr as errors:
+            self.assertNotIn("Traceback", errors.read())
         self.assertTrue(wait_until(lambda: not inhabitants(folder), seconds=2))
         self.assertFalse(folder.exists())
 
