@@ -94,6 +94,7 @@ class GeoClueWorld:
             self.start_agent(EXACT_LEVEL)
             self.start_daemon()
         except BaseException:
+            print(self.logs(), file=sys.stderr)
             self.close()
             raise
         return self
