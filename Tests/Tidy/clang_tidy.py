@@ -14,6 +14,11 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+# Following each function on its own finds what is worth it here, in half of the time.
+SHALLOW = [
+    f"--extra-arg={word}"
+    for word in ("-Xclang", "-analyzer-config", "-Xclang", "mode=shallow")
+]
 
 
 def project_commands(build):
@@ -50,7 +55,7 @@ def output_of(command):
 
 
 def fingerprint(command, headers):
-    digest = hashlib.sha256(command["command"].encode())
+    digest = hashlib.sha256(" ".join([command["command"], *SHALLOW]).encode())
     for path in [ROOT / ".clang-tidy", pathlib.Path(command["file"]), *headers]:
         digest.update(path.read_bytes() if path.exists() else b"")
     return digest.hexdigest()
@@ -59,7 +64,7 @@ def fingerprint(command, headers):
 def check(build, command, stamp):
     """Returns what clang-tidy said against the file, or nothing."""
     finished = subprocess.run(
-        ["clang-tidy", "--quiet", f"-p={build}", command["file"]],
+        ["clang-tidy", "--quiet", f"-p={build}", *SHALLOW, command["file"]],
         capture_output=True, text=True, check=False,
     )
     # A configuration that it cannot read is no failure to clang-tidy: it goes on without.
