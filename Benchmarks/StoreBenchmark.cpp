@@ -172,7 +172,7 @@ void compareLookUps(const DataFolder &folder)
 {
     auto repository = folder.repository();
     PlainStore plainStore(folder.store().toStdString());
-    const DayInterval today = Clock::system().calendar().day(Clock::system().now());
+    const DateInterval today = Clock::system().calendar().day(Clock::system().now());
     int cafe = 0;
     const auto ours = [&] {
         const QString identifier = SampleVisits::mapItemIdentifier(++cafe % cafeCount);

@@ -41,7 +41,7 @@ bool SwiftDataCheckInRepository::hasCheckedInToday(const std::optional<QString> 
     const auto cafe = fetchCafe(*mapItemIdentifier);
     if (!cafe)
         return false;
-    const DayInterval today = m_clock.calendar().day(m_clock.now());
+    const DateInterval today = m_clock.calendar().day(m_clock.now());
     return std::ranges::any_of(
         cafe->checkIns(), [&](const auto &checkIn) { return today.contains(checkIn->date()); });
 }

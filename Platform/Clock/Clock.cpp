@@ -13,7 +13,17 @@ public:
     }
     [[nodiscard]] Calendar calendar() const override
     {
-        return Calendar(QTimeZone::systemTimeZone());
+        return Calendar(QTimeZone::systemTimeZone(), locale().firstDayOfWeek());
+    }
+    // QLocale::system() takes the first weekday from the locale for numbers.
+    [[nodiscard]] QLocale locale() const override
+    {
+        for (const char *variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+            const QString name = qEnvironmentVariable(variable);
+            if (!name.isEmpty())
+                return QLocale(name);
+        }
+        return QLocale::c();
     }
 };
 

@@ -14,10 +14,15 @@ public:
     {}
 
     [[nodiscard]] Instant now() const override { return instant; }
-    [[nodiscard]] Calendar calendar() const override { return Calendar(timeZone); }
+    [[nodiscard]] Calendar calendar() const override
+    {
+        return Calendar(timeZone, userLocale.firstDayOfWeek());
+    }
+    [[nodiscard]] QLocale locale() const override { return userLocale; }
 
     Instant instant;
     QTimeZone timeZone;
+    QLocale userLocale = QLocale::c();
 };
 
 } // namespace quorvel
