@@ -5,6 +5,7 @@
 #include "Benchmarks/SampleVisits.h"
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Features/History/HistoryGrouping.h"
 #include "Platform/Files/XdgFileManager.h"
 
 #include <QDir>
@@ -168,6 +169,29 @@ void compareLoads(const DataFolder &folder)
              interleaved(loadRounds, oursAgain, reference));
 }
 
+/// The instants span the changes of the clocks of nine years.
+void compareGrouping(const DataFolder &folder)
+{
+    auto repository = folder.repository();
+    const auto visits = repository.allCheckIns();
+    const Calendar calendar{QTimeZone("Europe/Berlin")};
+    const QLocale locale(u"en_US"_s);
+    const auto ours = [&] {
+        auto given = visits;
+        std::vector<HistorySection> sections;
+        return timeOf([&] {
+            sections =
+                HistoryGrouping::group(std::move(given), visits.front()->date(), calendar, locale);
+        });
+    };
+    const auto reference = [&] {
+        PlainStore plainStore(folder.store().toStdString());
+        std::vector<PlainVisit> plainVisits;
+        return timeOf([&] { plainVisits = plainStore.allVisits(); });
+    };
+    printRow("group all visits, against reading them", interleaved(loadRounds, ours, reference));
+}
+
 void compareLookUps(const DataFolder &folder)
 {
     auto repository = folder.repository();
@@ -205,5 +229,6 @@ int main()
     measureMemory(folder);
     compareSaves(folder, plainFolder);
     compareLoads(folder);
+    compareGrouping(folder);
     compareLookUps(folder);
 }
