@@ -1,0 +1,74 @@
+#include "Features/History/HistoryTexts.h"
+
+#include <cmath>
+
+namespace quorvel::HistoryTexts {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString degrees(double celsius)
+{
+    // By way of an integer, so that nothing just below zero reads as "-0".
+    return (std::isfinite(celsius) ? QString::number(std::llround(celsius)) : u"–"_s) + u'°';
+}
+
+} // namespace
+
+QString weeklySummary(const HistoryViewModel::WeeklySummary &summary)
+{
+    return QString::number(summary.visits) + u" visits · "_s + QString::number(summary.cafes) +
+           u" cafés this week"_s;
+}
+
+QString loadError(const HistoryViewModel::State &state)
+{
+    const auto *error = state.errorValue();
+    return error ? loadErrorFrom(error->errorDescription()) : QString();
+}
+
+QString loadErrorFrom(const QString &description)
+{
+    return description.isEmpty() ? u"Không tải được lịch sử check-in."_s : description;
+}
+
+bool isEmpty(const HistoryViewModel::State &state)
+{
+    const auto *sections = state.loadedValue();
+    return sections && sections->empty();
+}
+
+QString emptyTitle()
+{
+    return u"No check-ins yet"_s;
+}
+
+QString emptyHint()
+{
+    return u"Check in at a café from the menu bar to start your history."_s;
+}
+
+QString title(const CheckIn &checkIn)
+{
+    return checkIn.cafe() ? checkIn.cafe()->name() : u"Unknown café"_s;
+}
+
+QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &locale)
+{
+    const QTime time = calendar.localTime(checkIn.date()).time();
+    const QString text = locale.toString(time, u"HH:mm");
+    const auto &weather = checkIn.weather();
+    return weather ? text + u" · "_s + degrees(weather->temperatureC) : text;
+}
+
+const QList<Rating> &ratings()
+{
+    static const QList<Rating> columns{{u"Wifi"_s, &WorkRatings::wifiSpeed},
+                                       {u"Power"_s, &WorkRatings::outlets},
+                                       {u"Quiet"_s, &WorkRatings::noise},
+                                       {u"Calls"_s, &WorkRatings::quietForCalls}};
+    return columns;
+}
+
+} // namespace quorvel::HistoryTexts

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Features/History/HistoryViewModel.h"
+
+#include <QList>
+
+/// What the history says, from the visits and the state that it shows.
+namespace quorvel::HistoryTexts {
+
+/// "3 visits · 2 cafés this week"
+[[nodiscard]] QString weeklySummary(const HistoryViewModel::WeeklySummary &summary);
+
+/// Why there is no list; empty unless the load failed.
+[[nodiscard]] QString loadError(const HistoryViewModel::State &state);
+/// The same for any description, which may be empty.
+[[nodiscard]] QString loadErrorFrom(const QString &description);
+
+/// Whether the user has no visits yet, and what to say then.
+[[nodiscard]] bool isEmpty(const HistoryViewModel::State &state);
+[[nodiscard]] QString emptyTitle();
+[[nodiscard]] QString emptyHint();
+
+/// The café's name, or that it is not known.
+[[nodiscard]] QString title(const CheckIn &checkIn);
+/// "14:05 · 22°", and without weather "14:05", as the user's wall clock shows it. Degrees are
+/// rounded to the nearest, halves away from zero.
+[[nodiscard]] QString moment(const CheckIn &checkIn, const Calendar &calendar,
+                             const QLocale &locale);
+
+/// One rating column of a row.
+struct Rating
+{
+    QString label;
+    qint64 WorkRatings::*score;
+};
+[[nodiscard]] const QList<Rating> &ratings();
+
+} // namespace quorvel::HistoryTexts
