@@ -2,7 +2,7 @@
 
 set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml)
 
-# Compiling what the engine would compile by itself makes a program start faster, and a build slower.
+# Compiling what the engine would compile by itself makes a start faster, and a build slower.
 option(QUORVEL_COMPILE_QML "Compile the views ahead of time" ON)
 set(QUORVEL_QML_OPTIONS)
 if(NOT QUORVEL_COMPILE_QML)
