@@ -26,6 +26,8 @@ void CheckInViewModel::refreshCheckedInTodayStatus(const std::optional<PlaceCand
     setHasCheckedInToday(hasCheckedIn);
 }
 
+// A copy: whoever hears that the save begins may put another snapshot in the original's place.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void CheckInViewModel::submit(LocatedSnapshot snapshot)
 {
     if (m_hasCheckedInToday || m_saveState.isLoading() || !snapshot.selectedCafe)
