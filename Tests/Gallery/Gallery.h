@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Tests/Gallery/GalleryStates.h"
+
+#include <QStringList>
+
+#include <optional>
+
+namespace quorvel::tests {
+
+/// What the gallery's window asks for: the names of the states, and one of them put up.
+class Gallery final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QStringList names READ names CONSTANT)
+
+public:
+    explicit Gallery(QQmlEngine &engine);
+
+    /// Replaces the state that is up.
+    Q_INVOKABLE void show(int index, QQuickItem *place);
+    Q_INVOKABLE void setDark(bool dark);
+
+    [[nodiscard]] QStringList names() const;
+
+private:
+    QQmlEngine &m_engine;
+    QList<GalleryState> m_states = GalleryStates::all();
+    std::optional<GalleryStage> m_stage;
+};
+
+} // namespace quorvel::tests

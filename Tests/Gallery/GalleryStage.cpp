@@ -1,0 +1,125 @@
+#include "Tests/Gallery/GalleryStage.h"
+
+#include "Core/DesignSystem/ViewFactory.h"
+#include "Tests/Support/QuickTest.h"
+
+#include <QQmlComponent>
+
+namespace quorvel::tests {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qreal panelWidth = 340;
+constexpr qreal contentHeight = 540;
+constexpr qreal formMargin = 16;
+constexpr int manyAnswers = 200;
+
+QSizeF implicitSize(const QQuickItem &item)
+{
+    return {item.implicitWidth(), item.implicitHeight()};
+}
+
+} // namespace
+
+GalleryStage::GalleryStage(QQmlEngine &engine, QQuickItem &place)
+    : m_engine(engine)
+    , m_place(place)
+    , m_launchAtLogin({.isEnabled = [] { return true; }, .setEnabled = [](bool) {}})
+{
+    m_launchAtLogin.refresh();
+}
+
+GalleryStage::~GalleryStage() = default;
+
+void GalleryStage::openPanel()
+{
+    m_scene.emplace(m_world.roles());
+    m_scene->appear();
+    LoopWorld::settle();
+}
+
+void GalleryStage::showPanel()
+{
+    put(ViewFactory::make(m_engine, u"MenuBar"_s, u"MenuBarRootView"_s,
+                          {{u"scene"_s, QVariant::fromValue(&*m_scene)},
+                           {u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}}),
+        {}, 0);
+}
+
+void GalleryStage::showContent()
+{
+    put(ViewFactory::make(m_engine, u"MenuBar"_s, u"PanelContent"_s,
+                          {{u"scene"_s, QVariant::fromValue(&*m_scene)}}),
+        {panelWidth, contentHeight}, 0);
+}
+
+void GalleryStage::showWifi()
+{
+    wifi().appear();
+    LoopWorld::settle();
+    put(ViewFactory::make(m_engine, u"CheckIn"_s, u"WifiPasswordField"_s,
+                          {{u"screen"_s, QVariant::fromValue(&wifi())}}),
+        {panelWidth - 2 * formMargin, 0}, formMargin);
+}
+
+void GalleryStage::show(const QString &module, const QString &view, const QVariantMap &properties)
+{
+    put(ViewFactory::make(m_engine, module, view, properties), {panelWidth, contentHeight}, 0);
+}
+
+void GalleryStage::showSheet()
+{
+    QQmlComponent component(&m_engine, QUrl(u"qrc:/Sheet.qml"_s));
+    put(std::unique_ptr<QObject>(component.create()), {}, 0);
+}
+
+void GalleryStage::press(const QString &label)
+{
+    QMetaObject::invokeMethod(QuickTest::find(m_view.get(), "label", label), "press");
+    LoopWorld::settle();
+}
+
+void GalleryStage::scrollToEnd()
+{
+    // Order: a frame lays out what is to be scrolled.
+    m_place.window()->grabWindow();
+    QQuickItem *area = QuickTest::find(m_view.get(), "canScroll", true);
+    if (!area)
+        qFatal("there is nothing to scroll");
+    area->setProperty("contentY", area->property("contentHeight").toReal() - area->height());
+}
+
+void GalleryStage::keepAnswering()
+{
+    for (int count = 0; count < manyAnswers; ++count) {
+        m_world.loop.willFindAll();
+        m_world.willHear({{u"Cà phê Gió Sông"_s, -55}});
+        m_world.loop.wifi.joins.willFail(AppError::network(u"refused"_s));
+        m_world.systemPasswords.passwords.willSucceed(std::nullopt);
+    }
+}
+
+QSizeF GalleryStage::size() const
+{
+    return m_view->size().grownBy({m_margin, m_margin, m_margin, m_margin});
+}
+
+void GalleryStage::put(std::unique_ptr<QObject> view, const QSizeF &size, qreal margin)
+{
+    m_view.reset(qobject_cast<QQuickItem *>(view.release()));
+    m_margin = margin;
+    m_view->setParentItem(&m_place);
+    m_view->setPosition({margin, margin});
+    // Where nothing else is said, the view is as large as it wishes to be.
+    if (!size.isEmpty())
+        m_view->setSize(size);
+    else if (size.width() > 0)
+        m_view->setWidth(size.width());
+    else
+        m_view->setSize(implicitSize(*m_view));
+    LoopWorld::settle();
+}
+
+} // namespace quorvel::tests

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Features/MenuBar/LaunchAtLoginToggle.h"
+#include "Features/MenuBar/MenuBarScene.h"
+#include "Tests/Features/MenuBar/PanelWorld.h"
+
+#include <QMarginsF>
+#include <QQuickItem>
+
+#include <memory>
+#include <optional>
+
+class QQmlEngine;
+
+namespace quorvel::tests {
+
+/// Where one view is put up in one state, with a world of its own behind it. Serves the states of
+/// the gallery: they script the world, show a view and use it.
+class GalleryStage final
+{
+public:
+    /// The view is put into `place`. Both outlive the stage.
+    GalleryStage(QQmlEngine &engine, QQuickItem &place);
+    ~GalleryStage();
+
+    /// The panel's scene, opened; whatever has been scripted happens.
+    void openPanel();
+    void showPanel();
+    /// What the panel has between its header and its footer, as large as there.
+    void showContent();
+    void showWifi();
+    void show(const QString &module, const QString &view, const QVariantMap &properties);
+    void showSheet();
+    /// The button of this label, in the view.
+    void press(const QString &label);
+    void scrollToEnd();
+    /// From now on every question is answered, so that a person may press what they like.
+    void keepAnswering();
+
+    [[nodiscard]] PanelWorld &world() { return m_world; }
+    [[nodiscard]] MenuBarScene &scene() { return *m_scene; }
+    [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
+    [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
+    [[nodiscard]] QQuickItem &view() { return *m_view; }
+    /// With what is left free around the view.
+    [[nodiscard]] QSizeF size() const;
+
+private:
+    void put(std::unique_ptr<QObject> view, const QSizeF &size, qreal margin);
+
+    QQmlEngine &m_engine;
+    QQuickItem &m_place;
+    // Order: what the view is bound to outlives it.
+    PanelWorld m_world;
+    std::optional<MenuBarScene> m_scene;
+    LaunchAtLoginToggle m_launchAtLogin;
+    std::unique_ptr<QQuickItem> m_view;
+    qreal m_margin = 0;
+};
+
+} // namespace quorvel::tests

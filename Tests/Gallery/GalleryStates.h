@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Tests/Gallery/GalleryStage.h"
+
+#include <functional>
+
+namespace quorvel::tests {
+
+/// One view in one state, as "LocatedView/checked-in".
+struct GalleryState
+{
+    QString name;
+    std::function<void(GalleryStage &)> make;
+};
+
+/// The views of the program in each state that looks different.
+namespace GalleryStates {
+
+[[nodiscard]] QList<GalleryState> all();
+
+[[nodiscard]] QList<GalleryState> ofPanel();
+[[nodiscard]] QList<GalleryState> ofLocatedView();
+[[nodiscard]] QList<GalleryState> ofPicker();
+[[nodiscard]] QList<GalleryState> ofWifi();
+
+} // namespace GalleryStates
+} // namespace quorvel::tests
