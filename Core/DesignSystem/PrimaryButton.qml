@@ -9,7 +9,7 @@ Pressable {
 
     property string symbol
     // Darker than the accent, on which white letters are too pale to read.
-    property color fill: Qt.darker(Theme.color.accentDeep, 1.2)
+    property color fill: Qt.darker(Theme.color.accentDeep, 1.3)
 
     cornerRadius: 8
     implicitHeight: 36
@@ -33,7 +33,7 @@ Pressable {
 
         anchors.centerIn: parent
         busy: root.busy
-        color: root.enabled ? "white" : Theme.color.textTertiary
+        color: root.enabled ? "white" : Theme.color.textSecondary
         font: Theme.font.button
         label: root.label
         symbol: root.symbol

@@ -8,6 +8,7 @@ Pressable {
     id: root
 
     property string symbol
+    property font font: Theme.font.captionMedium
 
     implicitHeight: content.implicitHeight + 10
     implicitWidth: content.implicitWidth + 18
@@ -27,7 +28,7 @@ Pressable {
         anchors.centerIn: parent
         busy: root.busy
         color: Theme.color.textSecondary
-        font: Theme.font.captionMedium
+        font: root.font
         label: root.label
         symbol: root.symbol
         symbolSize: 12
