@@ -32,20 +32,21 @@ Item {
             visible: root.hasCafe
 
             Symbol {
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenter: eyebrow.verticalCenter
                 color: Theme.color.accent
                 name: "location.fill"
                 size: 11
             }
 
             Eyebrow {
-                anchors.verticalCenter: parent.verticalCenter
+                id: eyebrow
+
                 color: Theme.color.accentDeep
                 title: "You're here"
             }
 
             PlainText {
-                anchors.verticalCenter: parent.verticalCenter
+                anchors.baseline: eyebrow.baseline
                 color: Theme.color.textSecondary
                 font: Theme.font.caption
                 text: root.subtitle

@@ -10,6 +10,8 @@ FocusScope {
 
     required property QtObject candidates
 
+    readonly property real margin: 16
+
     signal selected(int row)
     signal cancelled
 
@@ -20,6 +22,7 @@ FocusScope {
     PlainText {
         Accessible.role: Accessible.Heading
         anchors.left: parent.left
+        anchors.leftMargin: root.margin
         anchors.verticalCenter: cancel.verticalCenter
         font: Theme.font.title
         text: "Choose a café"
@@ -29,7 +32,9 @@ FocusScope {
         id: cancel
 
         anchors.right: parent.right
+        anchors.rightMargin: root.margin
         anchors.top: parent.top
+        anchors.topMargin: root.margin
         label: "Cancel"
 
         onClicked: root.cancelled()
@@ -42,15 +47,19 @@ FocusScope {
         Accessible.role: Accessible.List
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        anchors.leftMargin: -8
         anchors.right: parent.right
-        anchors.rightMargin: -8
         anchors.top: cancel.bottom
-        anchors.topMargin: 12
+        anchors.topMargin: 8
+        contentHeight: rows.height
 
         Column {
-            width: list.width
-            x: 8
+            id: rows
+
+            bottomPadding: 12
+            // Room for the ring around the first row.
+            topPadding: 4
+            width: list.width - 2 * root.margin
+            x: root.margin
 
             Repeater {
                 model: root.candidates
@@ -62,7 +71,7 @@ FocusScope {
 
                     distance: distanceText
                     label: name
-                    width: list.width - 16
+                    width: rows.width
 
                     onClicked: root.selected(index)
                 }

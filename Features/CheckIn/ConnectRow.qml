@@ -64,7 +64,8 @@ Column {
 
     PrimaryButton {
         busy: root.connecting
-        enabled: root.canSubmit && !root.connecting
+        // Kept while joining, so that the focus stays where it is.
+        enabled: root.canSubmit || root.connecting
         label: root.submitTitle
         symbol: ""
         width: parent.width

@@ -28,10 +28,8 @@ FocusScope {
         CafePickerView {
             candidates: root.screen.candidates
             focus: true
-            height: root.height - 2 * y
-            width: root.width - 2 * x
-            x: 16
-            y: 16
+            height: root.height
+            width: root.width
 
             onCancelled: root.showingPicker = false
             onSelected: row => {
@@ -45,7 +43,7 @@ FocusScope {
         id: form
 
         Accessible.name: "Check-in form"
-        anchors.bottom: area.top
+        anchors.bottom: edge.top
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
@@ -84,7 +82,7 @@ FocusScope {
             }
 
             Column {
-                spacing: 6
+                spacing: 8
                 width: form.width - 32
 
                 Eyebrow {
@@ -127,6 +125,8 @@ FocusScope {
     }
 
     Rectangle {
+        id: edge
+
         anchors.bottom: area.top
         anchors.left: parent.left
         anchors.right: parent.right

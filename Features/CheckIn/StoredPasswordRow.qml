@@ -17,17 +17,20 @@ Item {
     signal revealToggled
     signal copyRequested
 
-    implicitHeight: 32
+    implicitHeight: Math.max(32, text.implicitHeight + 8)
     objectName: "StoredPasswordRow"
 
     PlainText {
+        id: text
+
         Accessible.name: root.revealed ? root.password : "Password hidden"
         anchors.left: parent.left
         anchors.right: eye.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        elide: Text.ElideRight
         text: root.password
+        // What is revealed is there to be read off, to its end.
+        wrapMode: Text.WrapAnywhere
     }
 
     SymbolButton {

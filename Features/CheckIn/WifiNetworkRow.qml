@@ -37,7 +37,9 @@ Column {
             copyTitle: root.screen.copyTitle
             password: root.screen.storedText
             revealed: root.screen.isStoredRevealed
-            width: root.width
+            // Below the network's name.
+            width: root.width - x
+            x: 26
 
             onCopyRequested: root.screen.copyStored()
             onRevealToggled: root.screen.toggleStored()

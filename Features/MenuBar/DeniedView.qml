@@ -48,6 +48,9 @@ Item {
             }
 
             SecondaryButton {
+                cornerRadius: 8
+                font: Theme.font.button
+                implicitHeight: 36
                 label: "Retry"
                 symbol: "arrow.clockwise"
                 width: 220
