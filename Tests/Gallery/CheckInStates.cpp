@@ -129,7 +129,7 @@ QList<GalleryState> GalleryStates::ofLocatedView()
         {u"LocatedView/scrolled"_s, scrolled},
         {u"LocatedView/long-name"_s,
          [](auto &stage) {
-             locate(stage, {LoopWorld::cafe(longName, 97), fewCafes()[1]});
+             locate(stage, {LoopWorld::cafe(longName, 7), fewCafes()[1]});
          }},
         {u"LocatedView/one-candidate"_s, [](auto &stage) { locate(stage, {fewCafes()[0]}); }},
         {u"LocatedView/no-cafe"_s, noCafe},

@@ -13,6 +13,7 @@ void Gallery::show(int index, QQuickItem *place)
     m_stage.emplace(m_engine, *place);
     m_states.at(index).make(*m_stage);
     m_stage->keepAnswering();
+    m_stage->layOut();
     place->setSize(m_stage->size());
 }
 

@@ -36,6 +36,7 @@ bool write(QQmlEngine &engine, const GalleryState &state, const Look &look, cons
         return false;
     GalleryStage stage(engine, *window.contentItem());
     state.make(stage);
+    stage.layOut();
     window.resize(stage.size().toSize());
     LoopWorld::settle();
     const auto name = QString(state.name).replace(u'/', u'-') + look.suffix;

@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/ViewFactory.h"
 #include "Tests/Support/QuickTest.h"
 
+#include <QAbstractItemModel>
 #include <QQmlComponent>
 
 namespace quorvel::tests {
@@ -83,8 +84,7 @@ void GalleryStage::press(const QString &label)
 
 void GalleryStage::scrollToEnd()
 {
-    // Order: a frame lays out what is to be scrolled.
-    m_place.window()->grabWindow();
+    layOut();
     QQuickItem *area = QuickTest::find(m_view.get(), "canScroll", true);
     if (!area)
         qFatal("there is nothing to scroll");
@@ -99,6 +99,28 @@ void GalleryStage::keepAnswering()
         m_world.loop.wifi.joins.willFail(AppError::network(u"refused"_s));
         m_world.systemPasswords.passwords.willSucceed(std::nullopt);
     }
+}
+
+void GalleryStage::layOut()
+{
+    // Each frame lays out what has changed before; the second one, what the first one made larger.
+    for (int frame = 0; frame < 2; ++frame) {
+        LoopWorld::settle();
+        m_place.window()->grabWindow();
+    }
+}
+
+QStringList GalleryStage::names()
+{
+    QStringList names;
+    if (!m_scene || !m_scene->located())
+        return names;
+    for (const QAbstractItemModel *rows :
+         {m_scene->located()->candidates(), m_scene->located()->wifi()->rows()})
+        for (int row = 0; row < rows->rowCount(); ++row)
+            for (const char *role : {"name", "ssid"})
+                names.append(rows->index(row, 0).data(rows->roleNames().key(role)).toString());
+    return names;
 }
 
 QSizeF GalleryStage::size() const

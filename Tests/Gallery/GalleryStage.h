@@ -34,6 +34,8 @@ public:
     /// The button of this label, in the view.
     void press(const QString &label);
     void scrollToEnd();
+    /// Has everything take its place and its size.
+    void layOut();
     /// From now on every question is answered, so that a person may press what they like.
     void keepAnswering();
 
@@ -42,6 +44,8 @@ public:
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
     [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
     [[nodiscard]] QQuickItem &view() { return *m_view; }
+    /// What somebody else has named, and what a view may therefore cut.
+    [[nodiscard]] QStringList names();
     /// With what is left free around the view.
     [[nodiscard]] QSizeF size() const;
 

@@ -1,0 +1,131 @@
+#include "Core/DesignSystem/Theme.h"
+#include "Tests/Gallery/GalleryStates.h"
+#include "Tests/Gallery/ViewInspection.h"
+#include "Tests/Support/QuickTest.h"
+
+#include <QQmlEngine>
+
+using namespace Qt::StringLiterals;
+
+namespace quorvel::tests {
+
+namespace {
+
+constexpr AppearanceStyle looks[] = {AppearanceStyle::Light, AppearanceStyle::Dark};
+
+} // namespace
+
+/// Every view in every state, in both looks.
+class GalleryTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+        m_window.emplace();
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(&*m_window));
+    }
+    void cleanupTestCase() { m_window.reset(); }
+    void init() { QuickTest::failOnWarnings(); }
+    void cleanup()
+    {
+        m_stage.reset();
+        Theme::shared().setStyle(AppearanceStyle::Light);
+    }
+
+    void namesAreDifferent()
+    {
+        QStringList names;
+        for (const GalleryState &state : GalleryStates::all())
+            names.append(state.name);
+        QCOMPARE(names.removeDuplicates(), 0);
+    }
+
+    void nothingLeavesTheWindowSideways_data() { states(); }
+    void nothingLeavesTheWindowSideways()
+    {
+        putUp();
+        QCOMPARE(ViewInspection::leavingSideways(m_stage->view()).join(u'\n'), QString());
+    }
+
+    void onlyNamesAreCut_data() { states(); }
+    void onlyNamesAreCut()
+    {
+        putUp();
+        QCOMPARE(ViewInspection::cutTexts(m_stage->view(), m_stage->names()).join(u'\n'),
+                 QString());
+    }
+
+    void nothingOverlaps_data() { states(); }
+    void nothingOverlaps()
+    {
+        putUp();
+        QCOMPARE(ViewInspection::overlapping(m_stage->view()).join(u'\n'), QString());
+    }
+
+    void everythingCanBeReadInBothLooks_data() { states(); }
+    void everythingCanBeReadInBothLooks()
+    {
+        putUp();
+        for (const AppearanceStyle look : looks) {
+            wear(look);
+            QCOMPARE(ViewInspection::pale(m_stage->view()).join(u'\n'), QString());
+        }
+    }
+
+    void looksDiffer_data() { states(); }
+    void looksDiffer()
+    {
+        putUp();
+        wear(AppearanceStyle::Light);
+        const QImage light = m_window->grabWindow();
+        wear(AppearanceStyle::Dark);
+        QVERIFY(light != m_window->grabWindow());
+    }
+
+    void everyControlIsNamedAndShowsItsFocus_data() { states(); }
+    void everyControlIsNamedAndShowsItsFocus()
+    {
+        putUp();
+        QCOMPARE(ViewInspection::badlyFocused(m_stage->view()).join(u'\n'), QString());
+    }
+
+private:
+    static void states()
+    {
+        QTest::addColumn<int>("index");
+        const auto all = GalleryStates::all();
+        for (qsizetype index = 0; index < all.size(); ++index)
+            QTest::newRow(qPrintable(all[index].name)) << int(index);
+    }
+
+    void putUp()
+    {
+        QFETCH(const int, index);
+        m_stage.emplace(m_engine, *m_window->contentItem());
+        GalleryStates::all().at(index).make(*m_stage);
+        m_window->resize(m_stage->size().toSize());
+        m_stage->layOut();
+        m_window->resize(m_stage->size().toSize());
+        wear(AppearanceStyle::Light);
+    }
+
+    void wear(AppearanceStyle look)
+    {
+        Theme::shared().setStyle(look);
+        m_window->setColor(Theme::shared().color()->background());
+        m_stage->layOut();
+    }
+
+    QQmlEngine m_engine;
+    std::optional<QQuickWindow> m_window;
+    std::optional<GalleryStage> m_stage;
+};
+
+} // namespace quorvel::tests
+
+QTEST_MAIN(quorvel::tests::GalleryTest)
+#include "GalleryTest.moc"
