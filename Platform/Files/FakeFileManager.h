@@ -8,7 +8,7 @@
 namespace quorvel {
 
 /// A file system of words alone: answers with the scripted folders and failures, notes every folder
-/// that it was asked to make.
+/// that it was asked to make, and keeps what was written.
 class FakeFileManager final : public FileManager
 {
 public:
@@ -16,15 +16,21 @@ public:
         : roots(std::move(applicationSupport))
     {}
 
-    [[nodiscard]] QStringList urls(UserDirectory) const override { return roots; }
-
-    [[nodiscard]] QString url(UserDirectory, CreateIfMissing create) const override
+    [[nodiscard]] QStringList urls(UserDirectory directory) const override
     {
-        if (roots.isEmpty())
+        return directory == UserDirectory::Downloads ? downloads : roots;
+    }
+
+    [[nodiscard]] QString homeDirectory() const override { return home; }
+
+    [[nodiscard]] QString url(UserDirectory directory, CreateIfMissing create) const override
+    {
+        const QStringList places = urls(directory);
+        if (places.isEmpty())
             qFatal("FakeFileManager: no root was scripted");
         if (create == CreateIfMissing::Yes)
-            make(roots.constFirst(), createdRoots);
-        return roots.constFirst();
+            make(places.constFirst(), createdRoots);
+        return places.constFirst();
     }
 
     void createPrivateDirectory(const QString &path) const override
@@ -32,19 +38,33 @@ public:
         make(path, createdDirectories);
     }
 
+    void writePrivateFile(const QString &path, const QByteArray &content) const override
+    {
+        throwScripted(path);
+        files.insert(path, content);
+    }
+
     QStringList roots;
+    QStringList downloads;
+    QString home = QStringLiteral("/home/ana");
     /// By the path that was asked for.
     QHash<QString, FileError> failures;
 
     mutable QStringList createdRoots;
     mutable QStringList createdDirectories;
+    /// By their paths.
+    mutable QHash<QString, QByteArray> files;
 
 private:
     void make(const QString &path, QStringList &record) const
     {
+        throwScripted(path);
+        record.append(path);
+    }
+    void throwScripted(const QString &path) const
+    {
         if (const auto failure = failures.constFind(path); failure != failures.constEnd())
             throw FileError(*failure);
-        record.append(path);
     }
 };
 

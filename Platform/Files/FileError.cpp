@@ -8,15 +8,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString outcome(FileError::Operation operation)
+QString sentence(FileError::Operation operation)
 {
     switch (operation) {
     case FileError::Operation::CreateFolder:
-        return u"could not be created"_s;
+        return u"The folder “%1” could not be created: %2"_s;
     case FileError::Operation::CloseFolder:
-        return u"could not be closed to other users"_s;
+        return u"The folder “%1” could not be closed to other users: %2"_s;
     case FileError::Operation::SaveFolder:
-        return u"could not be saved to disk"_s;
+        return u"The folder “%1” could not be saved to disk: %2"_s;
+    case FileError::Operation::WriteFile:
+        return u"The file “%1” could not be written: %2"_s;
     }
     Q_UNREACHABLE();
 }
@@ -32,7 +34,7 @@ FileError::FileError(Operation operation, QString path, int code)
 QString FileError::errorDescription() const
 {
     const QString reason = QString::fromLocal8Bit(std::generic_category().message(m_code));
-    return u"The folder “%1” %2: %3"_s.arg(m_path, outcome(m_operation), reason);
+    return sentence(m_operation).arg(m_path, reason);
 }
 
 bool operator==(const FileError &left, const FileError &right)

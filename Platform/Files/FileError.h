@@ -4,12 +4,12 @@
 
 namespace quorvel {
 
-/// A folder that could not be had, in words that name it and the system's reason.
+/// A folder or file that could not be had, in words that name it and the system's reason.
 class FileError final : public LocalizedError
 {
 public:
     /// What was attempted.
-    enum class Operation { CreateFolder, CloseFolder, SaveFolder };
+    enum class Operation { CreateFolder, CloseFolder, SaveFolder, WriteFile };
 
     /// The code is an `errno` value.
     FileError(Operation operation, QString path, int code);

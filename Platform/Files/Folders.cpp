@@ -19,22 +19,6 @@ namespace {
 constexpr mode_t ownerOnly = S_IRWXU;
 constexpr mode_t groupAndOthers = S_IRWXG | S_IRWXO;
 
-/// An entry of a folder outlives a power cut only once that folder itself is on the disk.
-void saveEntries(const QString &folder)
-{
-    const int descriptor =
-        open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // A folder in which its user may make entries but not list them: nothing to wait on.
-    if (descriptor < 0 && errno == EACCES)
-        return;
-    if (descriptor < 0)
-        throw FileError(FileError::Operation::SaveFolder, folder, errno);
-    const auto closing = qScopeGuard([descriptor] { close(descriptor); });
-    // Some network and union file systems know no such request, and say so with EINVAL.
-    if (fsync(descriptor) != 0 && errno != EINVAL)
-        throw FileError(FileError::Operation::SaveFolder, folder, errno);
-}
-
 void setMode(const QString &path, mode_t mode)
 {
     if (chmod(QFile::encodeName(path).constData(), mode) != 0)
@@ -76,6 +60,21 @@ void create(const QString &path)
     if (!QDir::isAbsolutePath(path))
         throw FileError(FileError::Operation::CreateFolder, path, EINVAL);
     makeFolders(QDir::cleanPath(path));
+}
+
+void saveEntries(const QString &path)
+{
+    const int descriptor =
+        open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    // A folder in which its user may make entries but not list them: nothing to wait on.
+    if (descriptor < 0 && errno == EACCES)
+        return;
+    if (descriptor < 0)
+        throw FileError(FileError::Operation::SaveFolder, path, errno);
+    const auto closing = qScopeGuard([descriptor] { close(descriptor); });
+    // Some network and union file systems know no such request, and say so with EINVAL.
+    if (fsync(descriptor) != 0 && errno != EINVAL)
+        throw FileError(FileError::Operation::SaveFolder, path, errno);
 }
 
 void closeToOthers(const QString &path)

@@ -9,6 +9,10 @@ namespace quorvel::Folders {
 /// return. One that exists stays as it is. Throws FileError, also for a relative path.
 void create(const QString &path);
 
+/// Waits until the folder's list of entries is on the disk: an entry outlives a power cut only once
+/// the folder itself is there. Throws FileError.
+void saveEntries(const QString &path);
+
 /// Closes an existing folder to everyone else. Somebody else's folder is theirs to open or close,
 /// and stays as it is. Throws FileError.
 void closeToOthers(const QString &path);

@@ -24,7 +24,7 @@ QString absolutePath(const QProcessEnvironment &environment, const QString &vari
     return QDir::isAbsolutePath(path) ? QDir::cleanPath(path) : QString();
 }
 
-QString home(const QProcessEnvironment &environment)
+QString homeOf(const QProcessEnvironment &environment)
 {
     const QString path = absolutePath(environment, u"HOME"_s);
     return path.isEmpty() ? accountHome() : path;
@@ -34,7 +34,7 @@ QString folder(const QProcessEnvironment &environment, const QString &variable,
                const QString &belowHome)
 {
     const QString path = absolutePath(environment, variable);
-    return path.isEmpty() ? QDir::cleanPath(home(environment) + u'/' + belowHome) : path;
+    return path.isEmpty() ? QDir::cleanPath(homeOf(environment) + u'/' + belowHome) : path;
 }
 
 QStringList machineConfigDirs(const QProcessEnvironment &environment)
@@ -51,7 +51,8 @@ QStringList machineConfigDirs(const QProcessEnvironment &environment)
 
 XdgBaseDirectories XdgBaseDirectories::of(const QProcessEnvironment &environment)
 {
-    return {.dataHome = folder(environment, u"XDG_DATA_HOME"_s, u".local/share"_s),
+    return {.home = QDir::cleanPath(homeOf(environment)),
+            .dataHome = folder(environment, u"XDG_DATA_HOME"_s, u".local/share"_s),
             .configHome = folder(environment, u"XDG_CONFIG_HOME"_s, u".config"_s),
             .configDirs = machineConfigDirs(environment)};
 }

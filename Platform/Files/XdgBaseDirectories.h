@@ -9,6 +9,7 @@ namespace quorvel {
 /// Where the desktop keeps a user's files, for the live backends that read or write there.
 struct XdgBaseDirectories
 {
+    QString home = {};
     QString dataHome = {};
     QString configHome = {};
     /// The machine's own configuration folders, the most important first; never the user's.

@@ -1,6 +1,8 @@
 #include "Platform/Files/XdgFileManager.h"
 
 #include "Platform/Files/Folders.h"
+#include "Platform/Files/PrivateFile.h"
+#include "Platform/Files/XdgUserDirectories.h"
 
 namespace quorvel {
 
@@ -13,6 +15,8 @@ QStringList XdgFileManager::urls(UserDirectory directory) const
     switch (directory) {
     case UserDirectory::ApplicationSupport:
         return {m_directories.dataHome};
+    case UserDirectory::Downloads:
+        return XdgUserDirectories::downloads(m_directories);
     }
     Q_UNREACHABLE();
 }
@@ -29,6 +33,11 @@ void XdgFileManager::createPrivateDirectory(const QString &path) const
 {
     Folders::create(path);
     Folders::closeToOthers(path);
+}
+
+void XdgFileManager::writePrivateFile(const QString &path, const QByteArray &content) const
+{
+    PrivateFile::write(path, content);
 }
 
 const FileManager &FileManager::standard()

@@ -19,6 +19,11 @@ class FakeFileManagerContractTest final : public FileManagerContract
     {
         m_manager->failures.insert(path, {FileError::Operation::CreateFolder, path, EEXIST});
     }
+    void loseFolderOf(const QString &path) override
+    {
+        m_manager->failures.insert(path, {FileError::Operation::WriteFile, path, ENOENT});
+    }
+    QByteArray content(const QString &path) override { return m_manager->files.value(path); }
 
     FakeFileManager *m_manager = nullptr;
 };

@@ -54,4 +54,27 @@ void FileManagerContract::aFileInTheRootsPlaceIsAnErrorOnlyWhenItHasToBeMade()
         FileError, (void)m_manager->url(UserDirectory::ApplicationSupport, CreateIfMissing::Yes));
 }
 
+void FileManagerContract::aFileTakesThePlaceOfTheOneBefore()
+{
+    m_manager->createPrivateDirectory(root());
+    const QString path = root() + u"/visit.png"_s;
+    m_manager->writePrivateFile(path, "a longer one");
+    QCOMPARE(content(path), "a longer one"_ba);
+    m_manager->writePrivateFile(path, "another");
+    QCOMPARE(content(path), "another"_ba);
+}
+
+void FileManagerContract::aFileInAMissingFolderIsAnError()
+{
+    const QString path = root() + u"/visit.png"_s;
+    loseFolderOf(path);
+    try {
+        m_manager->writePrivateFile(path, "a file");
+    } catch (const FileError &error) {
+        QCOMPARE(error, FileError(FileError::Operation::WriteFile, path, ENOENT));
+        return;
+    }
+    QFAIL("a file was written where there is no folder");
+}
+
 } // namespace quorvel::tests

@@ -21,6 +21,9 @@ protected:
     [[nodiscard]] virtual std::unique_ptr<FileManager> make() = 0;
     /// Has a plain file stand at the path.
     virtual void putFile(const QString &path) = 0;
+    /// Has nothing stand at the folder's path, nor let anything be made in it.
+    virtual void loseFolderOf(const QString &path) = 0;
+    [[nodiscard]] virtual QByteArray content(const QString &path) = 0;
 
 private slots:
     void init();
@@ -29,6 +32,8 @@ private slots:
     void aFolderMayBeMadeTwice();
     void aFileInTheFoldersPlaceIsAnError();
     void aFileInTheRootsPlaceIsAnErrorOnlyWhenItHasToBeMade();
+    void aFileTakesThePlaceOfTheOneBefore();
+    void aFileInAMissingFolderIsAnError();
 
 private:
     std::optional<QTemporaryDir> m_folder;

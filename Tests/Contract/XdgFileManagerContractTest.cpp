@@ -20,6 +20,15 @@ class XdgFileManagerContractTest final : public FileManagerContract
         QVERIFY(QDir().mkpath(QFileInfo(path).path()));
         QVERIFY(QFile(path).open(QIODevice::WriteOnly));
     }
+    void loseFolderOf(const QString &path) override
+    {
+        QVERIFY(!QFileInfo::exists(QFileInfo(path).path()));
+    }
+    QByteArray content(const QString &path) override
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 };
 
 } // namespace quorvel::tests

@@ -28,6 +28,7 @@ private slots:
     void withoutVariablesTheFoldersLieBelowHome()
     {
         const auto directories = XdgBaseDirectories::of(environment({{u"HOME"_s, u"/home/ana"_s}}));
+        QCOMPARE(directories.home, u"/home/ana"_s);
         QCOMPARE(directories.dataHome, u"/home/ana/.local/share"_s);
         QCOMPARE(directories.configHome, u"/home/ana/.config"_s);
         QCOMPARE(directories.configDirs, QStringList{u"/etc/xdg"_s});
@@ -36,10 +37,11 @@ private slots:
     void absoluteVariablesAreTakenAndCleaned()
     {
         const auto directories =
-            XdgBaseDirectories::of(environment({{u"HOME"_s, u"/home/ana"_s},
+            XdgBaseDirectories::of(environment({{u"HOME"_s, u"/home//ana/"_s},
                                                 {u"XDG_DATA_HOME"_s, u"/data//ana/"_s},
                                                 {u"XDG_CONFIG_HOME"_s, u"/config/ana"_s},
                                                 {u"XDG_CONFIG_DIRS"_s, u"/first/:/second"_s}}));
+        QCOMPARE(directories.home, u"/home/ana"_s);
         QCOMPARE(directories.dataHome, u"/data/ana"_s);
         QCOMPARE(directories.configHome, u"/config/ana"_s);
         QCOMPARE(directories.configDirs, (QStringList{u"/first"_s, u"/second"_s}));

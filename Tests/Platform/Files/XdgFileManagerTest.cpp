@@ -73,6 +73,21 @@ private slots:
                  QStringList{u"/home/ana/.local/share"_s});
     }
 
+    void theHomeIsThatOfTheDirectories()
+    {
+        QCOMPARE(XdgFileManager({.home = u"/home/ana"_s}).homeDirectory(), u"/home/ana"_s);
+    }
+
+    void downloadsAreWhereTheUserHasThem()
+    {
+        QFile file(m_folder->filePath(u"user-dirs.dirs"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("XDG_DOWNLOAD_DIR=\"/data/incoming\"\n");
+        file.close();
+        const XdgFileManager manager({.configHome = m_folder->path()});
+        QCOMPARE(manager.urls(UserDirectory::Downloads), QStringList{u"/data/incoming"_s});
+    }
+
     void askingForAFolderTouchesNoDisk()
     {
         QCOMPARE(manager().url(UserDirectory::ApplicationSupport, CreateIfMissing::No), dataHome());
@@ -268,6 +283,9 @@ private slots:
         QTest::newRow("save") << FileError::Operation::SaveFolder
                               << u"The folder “/x/Quorvel” could not be saved to disk: "
                                  "Permission denied"_s;
+        QTest::newRow("write") << FileError::Operation::WriteFile
+                               << u"The file “/x/Quorvel” could not be written: "
+                                  "Permission denied"_s;
     }
 
     void everyFailureHasItsSentence()
