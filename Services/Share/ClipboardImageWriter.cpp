@@ -1,0 +1,45 @@
+#include "Services/Share/ClipboardImageWriter.h"
+
+#include "Platform/Files/FileError.h"
+#include "Services/Share/ShareSlug.h"
+
+#include <QBuffer>
+
+namespace quorvel::ClipboardImageWriter {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Empty for what is no picture.
+QByteArray png(const QImage &image)
+{
+    QBuffer buffer;
+    return image.save(&buffer, "PNG") ? buffer.data() : QByteArray();
+}
+
+QString downloads(const FileManager &fileManager)
+{
+    return fileManager.urls(UserDirectory::Downloads)
+        .value(0, fileManager.homeDirectory() + u"/Downloads"_s);
+}
+
+} // namespace
+
+std::optional<QUrl> saveToDownloads(const QImage &image, const QString &slug,
+                                    const FileManager &fileManager)
+{
+    const QByteArray bytes = png(image);
+    if (bytes.isEmpty())
+        return std::nullopt;
+    const QString path = downloads(fileManager) + u'/' + ShareSlug::fileName(slug);
+    try {
+        fileManager.writePrivateFile(path, bytes);
+    } catch (const FileError &) {
+        // Silent: the button that shares goes back to what it was, and may be pressed again.
+        return std::nullopt;
+    }
+    return QUrl::fromLocalFile(path);
+}
+
+} // namespace quorvel::ClipboardImageWriter
