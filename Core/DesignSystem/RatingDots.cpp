@@ -9,7 +9,7 @@ namespace quorvel {
 namespace {
 
 constexpr double diameter = 5;
-constexpr double spacing = 2;
+constexpr double dotSpacing = 2;
 
 } // namespace
 
@@ -17,7 +17,7 @@ RatingDots::RatingDots(QQuickItem *parent)
     : ThemedItem(parent)
 {
     const int count = RatingScale::highest();
-    setImplicitSize(count * diameter + (count - 1) * spacing, diameter);
+    setImplicitSize(count * diameter + (count - 1) * dotSpacing, diameter);
 }
 
 void RatingDots::paint(QPainter *painter)
@@ -27,7 +27,7 @@ void RatingDots::paint(QPainter *painter)
     painter->setPen(Qt::NoPen);
     for (int place = 1; place <= RatingScale::highest(); ++place) {
         painter->setBrush(RatingScale::isLit(place, m_score) ? color.accent() : color.starOff());
-        painter->drawEllipse(QRectF((place - 1) * (diameter + spacing), 0, diameter, diameter));
+        painter->drawEllipse(QRectF((place - 1) * (diameter + dotSpacing), 0, diameter, diameter));
     }
 }
 

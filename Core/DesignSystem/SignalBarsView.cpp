@@ -11,7 +11,7 @@ namespace {
 
 constexpr double barWidth = 3;
 constexpr double barRadius = 1;
-constexpr double spacing = 2;
+constexpr double barSpacing = 2;
 constexpr int mostLit = 3;
 
 } // namespace
@@ -23,7 +23,7 @@ void SignalBarsView::paint(QPainter *painter)
     painter->setPen(Qt::NoPen);
     for (int index = 0; index < m_heights.size(); ++index) {
         const double barHeight = m_heights[index];
-        const QRectF bar(index * (barWidth + spacing), height() - barHeight, barWidth, barHeight);
+        const QRectF bar(index * (barWidth + barSpacing), height() - barHeight, barWidth, barHeight);
         painter->setBrush(isLit(index, m_bars) ? color.accent() : color.starOff());
         painter->drawRoundedRect(bar, barRadius, barRadius);
     }
@@ -59,7 +59,7 @@ void SignalBarsView::setHeights(const QList<qreal> &heights)
 void SignalBarsView::measure()
 {
     const auto count = double(m_heights.size());
-    setImplicitSize(std::max(0.0, count * barWidth + (count - 1) * spacing), m_size);
+    setImplicitSize(std::max(0.0, count * barWidth + (count - 1) * barSpacing), m_size);
 }
 
 } // namespace quorvel
