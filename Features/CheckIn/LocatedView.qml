@@ -27,10 +27,11 @@ FocusScope {
 
         CafePickerView {
             candidates: root.screen.candidates
-            focus: true
             height: root.height
             width: root.width
 
+            // The button that opened it keeps the focus otherwise, out of sight.
+            Component.onCompleted: forceActiveFocus()
             onCancelled: root.showingPicker = false
             onSelected: row => {
                 root.screen.selectCafe(row);
