@@ -62,6 +62,7 @@ void MenuBarPanel::open(const QRect &anchor)
         m_launchAtLogin.refresh();
         m_scene.appear();
         focusNoControl();
+        limitHeight();
         place();
         m_window->show();
     }
@@ -111,6 +112,13 @@ void MenuBarPanel::focusNoControl()
     if (QQuickItem *focused = m_view->scopedFocusItem())
         focused->setFocus(false);
     m_view->forceActiveFocus();
+}
+
+void MenuBarPanel::limitHeight()
+{
+    const QRect room = PanelPlacement::available(m_anchor, QCursor::pos(), screenAreas());
+    if (!room.isEmpty())
+        m_view->setProperty("maximumHeight", room.height());
 }
 
 void MenuBarPanel::place()

@@ -44,6 +44,7 @@ private:
     void followView();
     void fitToView();
     void focusNoControl();
+    void limitHeight();
     void place();
     void closeOnFocusLoss();
 

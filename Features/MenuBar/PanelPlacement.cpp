@@ -1,6 +1,7 @@
 #include "Features/MenuBar/PanelPlacement.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace quorvel {
 namespace {
@@ -32,20 +33,41 @@ QPoint hungFrom(const QRect &anchor, QSize panel, const QRect &available)
     return clampedInto(available, panel, {x, fitsBelow ? below : above});
 }
 
+struct Peg
+{
+    QRect anchor;
+    QRect available;
+};
+
+std::optional<Peg> pegFor(const QRect &anchor, QPoint pointer, const QList<ScreenArea> &screens)
+{
+    for (const QRect &candidate : {anchor, QRect(pointer, QSize(1, 1))}) {
+        const auto *screen = candidate.isEmpty() ? nullptr : screenAt(candidate.center(), screens);
+        if (screen)
+            return Peg{.anchor = candidate, .available = screen->available};
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 QPoint PanelPlacement::topLeft(QSize panel, const QRect &anchor, QPoint pointer,
                                const QList<ScreenArea> &screens)
 {
-    for (const QRect &candidate : {anchor, QRect(pointer, QSize(1, 1))}) {
-        const auto *screen = candidate.isEmpty() ? nullptr : screenAt(candidate.center(), screens);
-        if (screen)
-            return hungFrom(candidate, panel, screen->available);
-    }
+    if (const auto peg = pegFor(anchor, pointer, screens))
+        return hungFrom(peg->anchor, panel, peg->available);
     if (screens.isEmpty())
         return {};
     const QRect first = screens.first().available;
     return clampedInto(first, panel, {first.left() + first.width() - panel.width(), first.top()});
+}
+
+QRect PanelPlacement::available(const QRect &anchor, QPoint pointer,
+                                const QList<ScreenArea> &screens)
+{
+    if (const auto peg = pegFor(anchor, pointer, screens))
+        return peg->available;
+    return screens.isEmpty() ? QRect() : screens.first().available;
 }
 
 } // namespace quorvel

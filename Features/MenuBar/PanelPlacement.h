@@ -24,5 +24,9 @@ namespace PanelPlacement {
 [[nodiscard]] QPoint topLeft(QSize panel, const QRect &anchor, QPoint pointer,
                              const QList<ScreenArea> &screens);
 
+/// What is free of the screen that the panel hangs on; empty without a screen.
+[[nodiscard]] QRect available(const QRect &anchor, QPoint pointer,
+                              const QList<ScreenArea> &screens);
+
 } // namespace PanelPlacement
 } // namespace quorvel

@@ -72,6 +72,16 @@ private slots:
         QCOMPARE(PanelPlacement::topLeft(panel, anchor, pointer, screens), corner);
     }
 
+    void roomIsThatOfTheScreenThePanelHangsOn()
+    {
+        const QList<ScreenArea> both{topBar, rightScreen};
+        const QRect anchor(3000, 1050, 22, 22);
+        QCOMPARE(PanelPlacement::available(anchor, {700, 13}, both), rightScreen.available);
+        QCOMPARE(PanelPlacement::available({}, {700, 13}, both), topBar.available);
+        QCOMPARE(PanelPlacement::available({}, nowhere, both), topBar.available);
+        QCOMPARE(PanelPlacement::available(anchor, {700, 13}, {}), QRect());
+    }
+
     void panelIsAlwaysInsideWhatIsFree()
     {
         for (const ScreenArea &screen : {topBar, bottomBar, leftBar, rightScreen, leftScreen}) {
