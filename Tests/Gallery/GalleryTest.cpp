@@ -1,9 +1,11 @@
+#include "Tests/Gallery/Gallery.h"
+
 #include "Core/DesignSystem/Theme.h"
-#include "Tests/Gallery/GalleryStates.h"
 #include "Tests/Gallery/ViewInspection.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QQmlEngine>
+#include <QQuickView>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +44,27 @@ private slots:
         for (const GalleryState &state : GalleryStates::all())
             names.append(state.name);
         QCOMPARE(names.removeDuplicates(), 0);
+    }
+
+    void theWindowShowsEachStateThatIsChosen()
+    {
+        Gallery gallery(m_engine);
+        QQuickView window(&m_engine, nullptr);
+        window.setInitialProperties({{u"gallery"_s, QVariant::fromValue(&gallery)}});
+        window.setSource(QUrl(u"qrc:/GalleryWindow.qml"_s));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        LoopWorld::settle();
+        QImage picture = window.grabWindow();
+        for (qsizetype others = gallery.names().size() - 1; others > 0; --others) {
+            QTest::keyClick(&window, Qt::Key_Down);
+            LoopWorld::settle();
+            const QImage next = window.grabWindow();
+            QVERIFY(picture != next);
+            picture = next;
+        }
+        QTest::keyClick(&window, Qt::Key_D);
+        QVERIFY(picture != window.grabWindow());
     }
 
     void nothingLeavesTheWindowSideways_data() { states(); }

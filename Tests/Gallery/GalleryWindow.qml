@@ -4,22 +4,41 @@ import QtQuick
 import Quorvel.DesignSystem
 
 // The states at the left, the one that is chosen at the right. Up and down choose, D is for dark.
-Rectangle {
+FocusScope {
     id: root
 
     required property QtObject gallery
+    property int current
     property bool dark
 
-    color: Theme.color.card
-    implicitHeight: 720
-    implicitWidth: 720
+    function choose(index: int) {
+        root.current = Math.max(0, Math.min(root.gallery.names.length - 1, index));
+        list.reveal(names.itemAt(root.current));
+    }
 
-    Component.onCompleted: states.showCurrent()
+    function showCurrent() {
+        root.gallery.show(root.current, stage);
+    }
+
+    focus: true
+    implicitHeight: 720
+    implicitWidth: 680
+
+    // Later: when this is made, there is no window yet.
+    Component.onCompleted: Qt.callLater(root.showCurrent)
+    Keys.onDownPressed: root.choose(root.current + 1)
     Keys.onPressed: event => {
         if (event.key === Qt.Key_D)
             root.dark = !root.dark;
     }
+    Keys.onUpPressed: root.choose(root.current - 1)
+    onCurrentChanged: Qt.callLater(root.showCurrent)
     onDarkChanged: root.gallery.setDark(root.dark)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.color.card
+    }
 
     ToggleRow {
         id: darkToggle
@@ -34,50 +53,51 @@ Rectangle {
         onToggled: checked => root.dark = checked
     }
 
-    ListView {
-        id: states
-
-        function showCurrent() {
-            root.gallery.show(states.currentIndex, stage);
-        }
+    ScrollArea {
+        id: list
 
         Accessible.name: "States"
-        Accessible.role: Accessible.List
-        activeFocusOnTab: true
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.margins: 8
         anchors.top: darkToggle.bottom
-        clip: true
-        focus: true
-        highlightMoveDuration: 0
-        model: root.gallery.names
         width: 272
 
-        delegate: RowButton {
-            required property int index
-            required property string modelData
+        Column {
+            width: list.width
 
-            activeFocusOnTab: false
-            label: modelData
-            width: states.width
+            Repeater {
+                id: names
 
-            onClicked: states.currentIndex = index
+                model: root.gallery.names
+
+                RowButton {
+                    id: row
+
+                    required property int index
+                    required property string modelData
+
+                    activeFocusOnTab: false
+                    label: row.modelData
+                    width: list.width
+
+                    onClicked: root.choose(row.index)
+
+                    Rectangle {
+                        anchors.fill: parent
+                        color: Theme.color.accentSoft
+                        radius: 6
+                        visible: row.index === root.current
+                    }
+                }
+            }
         }
-        highlight: Rectangle {
-            border.color: Theme.color.accent
-            border.width: states.activeFocus ? 2 : 0
-            color: Theme.color.accentSoft
-            radius: 6
-        }
-
-        onCurrentIndexChanged: states.showCurrent()
     }
 
     ScrollArea {
         Accessible.name: "The state"
         anchors.bottom: parent.bottom
-        anchors.left: states.right
+        anchors.left: list.right
         anchors.margins: 16
         anchors.right: parent.right
         anchors.top: parent.top

@@ -6,6 +6,7 @@
 
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QScreen>
 
 namespace quorvel::tests {
 
@@ -75,11 +76,13 @@ public:
         settle();
     }
 
-    /// Whether all of it is within the window, and nothing scrolls it out of sight.
+    /// Whether all of it is within the window and on the screen, and nothing scrolls it away.
     [[nodiscard]] bool isInSight(const QQuickItem *item)
     {
         const QRectF area = item->mapRectToScene(QRectF({}, item->size()));
+        const QRect screen = window().screen()->availableGeometry();
         QRectF seen(QPointF(), window().size());
+        seen &= QRectF(screen.translated(-window().position()));
         for (const auto *holder = item; holder; holder = holder->parentItem())
             if (holder->clip())
                 seen &= holder->mapRectToScene(QRectF({}, holder->size()));
