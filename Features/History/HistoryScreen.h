@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Features/History/HistoryListModel.h"
+#include "Features/History/HistoryViewModel.h"
+
+#include <qqmlintegration.h>
+
+#include <optional>
+
+namespace quorvel {
+
+/// The history as its view binds it: what fills the window, the week in a line, and which visit is
+/// open.
+class HistoryScreen final : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the window")
+    Q_PROPERTY(Kind kind READ kind NOTIFY changed)
+    Q_PROPERTY(QString summaryText READ summaryText NOTIFY changed)
+    Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
+    Q_PROPERTY(QString emptyTitle READ emptyTitle CONSTANT)
+    Q_PROPERTY(QString emptyHint READ emptyHint CONSTANT)
+    Q_PROPERTY(QObject *rows READ rows CONSTANT)
+    Q_PROPERTY(QStringList ratingLabels READ ratingLabels CONSTANT)
+    Q_PROPERTY(bool isVisitOpen READ isVisitOpen NOTIFY selectedChanged)
+
+public:
+    /// Nothing is there without a store to read.
+    enum class Kind { Nothing, Waiting, Failed, Empty, List };
+    Q_ENUM(Kind)
+
+    /// The repository is null when the store could not be opened. All of these outlive the screen.
+    explicit HistoryScreen(CheckInRepository *repository, const Clock &clock = Clock::system(),
+                           NotificationCenter &notificationCenter = NotificationCenter::standard(),
+                           QObject *parent = nullptr);
+
+    /// To be called whenever the window is shown: each time loads again.
+    Q_INVOKABLE void appear();
+    /// By the list's row. A header opens nothing, nor does a row that is gone meanwhile.
+    Q_INVOKABLE void openVisit(int row);
+    Q_INVOKABLE void closeVisit();
+
+    [[nodiscard]] Kind kind() const;
+    /// Empty before the first showing, and without a store.
+    [[nodiscard]] const QString &summaryText() const { return m_summaryText; }
+    /// Why there is no list; empty unless the load failed.
+    [[nodiscard]] QString errorText() const;
+    [[nodiscard]] static QString emptyTitle();
+    [[nodiscard]] static QString emptyHint();
+    [[nodiscard]] QAbstractItemModel *rows() { return &m_rows; }
+    /// Of the rows' scores, in their order.
+    [[nodiscard]] static QStringList ratingLabels();
+    [[nodiscard]] bool isVisitOpen() const { return m_selected != nullptr; }
+    /// Null while the list is shown.
+    [[nodiscard]] const std::shared_ptr<CheckIn> &selected() const { return m_selected; }
+
+signals:
+    void changed();
+    void selectedChanged();
+
+private:
+    void follow();
+    void select(std::shared_ptr<CheckIn> visit);
+
+    CheckInRepository *m_repository;
+    const Clock &m_clock;
+    NotificationCenter &m_notificationCenter;
+
+    /// Absent before the first showing, and without a store.
+    std::optional<HistoryViewModel> m_viewModel;
+    HistoryListModel m_rows;
+    QString m_summaryText;
+    std::shared_ptr<CheckIn> m_selected;
+};
+
+} // namespace quorvel
