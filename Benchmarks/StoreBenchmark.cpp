@@ -6,6 +6,7 @@
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
 #include "Features/History/HistoryGrouping.h"
+#include "Features/History/HistoryListModel.h"
 #include "Platform/Files/XdgFileManager.h"
 
 #include <QDir>
@@ -146,6 +147,13 @@ void compareSaves(const DataFolder &folder, const DataFolder &plainFolder)
     printRow("save one visit", interleaved(saveRounds, ours, reference), 1.3);
 }
 
+Milliseconds readPlainly(const DataFolder &folder)
+{
+    PlainStore plainStore(folder.store().toStdString());
+    std::vector<PlainVisit> visits;
+    return timeOf([&] { visits = plainStore.allVisits(); });
+}
+
 void compareLoads(const DataFolder &folder)
 {
     const auto ours = [&] {
@@ -159,37 +167,48 @@ void compareLoads(const DataFolder &folder)
         std::vector<std::shared_ptr<CheckIn>> sameVisits;
         return timeOf([&] { sameVisits = repository.allCheckIns(); });
     };
-    const auto reference = [&] {
-        PlainStore plainStore(folder.store().toStdString());
-        std::vector<PlainVisit> visits;
-        return timeOf([&] { visits = plainStore.allVisits(); });
-    };
+    const auto reference = [&] { return readPlainly(folder); };
     printRow("load all visits", interleaved(loadRounds, ours, reference), 3);
     printRow("load all visits while they are loaded",
              interleaved(loadRounds, oursAgain, reference));
 }
 
-/// The instants span the changes of the clocks of nine years.
+using Visits = std::vector<std::shared_ptr<CheckIn>>;
+
+/// As of the last of them, where the clocks changed twice in each of the years.
+std::vector<HistorySection> grouped(Visits visits)
+{
+    const Instant now = visits.front()->date();
+    return HistoryGrouping::group(std::move(visits), now, Calendar{QTimeZone("Europe/Berlin")},
+                                  QLocale(u"en_US"_s));
+}
+
 void compareGrouping(const DataFolder &folder)
 {
     auto repository = folder.repository();
-    const auto visits = repository.allCheckIns();
-    const Calendar calendar{QTimeZone("Europe/Berlin")};
-    const QLocale locale(u"en_US"_s);
+    const Visits visits = repository.allCheckIns();
     const auto ours = [&] {
-        auto given = visits;
+        Visits given = visits;
         std::vector<HistorySection> sections;
-        return timeOf([&] {
-            sections =
-                HistoryGrouping::group(std::move(given), visits.front()->date(), calendar, locale);
-        });
+        return timeOf([&] { sections = grouped(std::move(given)); });
     };
-    const auto reference = [&] {
-        PlainStore plainStore(folder.store().toStdString());
-        std::vector<PlainVisit> plainVisits;
-        return timeOf([&] { plainVisits = plainStore.allVisits(); });
+    printRow("group all visits, against reading them",
+             interleaved(loadRounds, ours, [&] { return readPlainly(folder); }));
+}
+
+void compareListing(const DataFolder &folder)
+{
+    auto repository = folder.repository();
+    const Visits visits = repository.allCheckIns();
+    const auto before = grouped({visits.begin() + 1, visits.end()});
+    const auto after = grouped(visits);
+    const auto ours = [&] {
+        HistoryListModel list;
+        list.setSections(before, Calendar{QTimeZone::utc()}, QLocale::c());
+        return timeOf([&] { list.setSections(after, Calendar{QTimeZone::utc()}, QLocale::c()); });
     };
-    printRow("group all visits, against reading them", interleaved(loadRounds, ours, reference));
+    printRow("list one more on top, against reading all",
+             interleaved(loadRounds, ours, [&] { return readPlainly(folder); }));
 }
 
 void compareLookUps(const DataFolder &folder)
@@ -230,5 +249,6 @@ int main()
     compareSaves(folder, plainFolder);
     compareLoads(folder);
     compareGrouping(folder);
+    compareListing(folder);
     compareLookUps(folder);
 }
