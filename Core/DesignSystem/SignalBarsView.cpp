@@ -23,7 +23,8 @@ void SignalBarsView::paint(QPainter *painter)
     painter->setPen(Qt::NoPen);
     for (int index = 0; index < m_heights.size(); ++index) {
         const double barHeight = m_heights[index];
-        const QRectF bar(index * (barWidth + barSpacing), height() - barHeight, barWidth, barHeight);
+        const QRectF bar(index * (barWidth + barSpacing), height() - barHeight, barWidth,
+                         barHeight);
         painter->setBrush(isLit(index, m_bars) ? color.accent() : color.starOff());
         painter->drawRoundedRect(bar, barRadius, barRadius);
     }
