@@ -9,6 +9,7 @@ Pressable {
 
     property string symbol
     property font font: Theme.font.captionMedium
+    property color symbolColor: Theme.color.textSecondary
 
     implicitHeight: content.implicitHeight + 10
     implicitWidth: content.implicitWidth + 18
@@ -31,6 +32,7 @@ Pressable {
         font: root.font
         label: root.label
         symbol: root.symbol
+        symbolColor: root.symbolColor
         symbolSize: 12
     }
 }

@@ -10,6 +10,7 @@ Row {
     required property string label
     required property string symbol
     required property color color
+    property color symbolColor: root.color
     required property font font
     property bool busy
     property real symbolSize: 14
@@ -25,7 +26,7 @@ Row {
 
     Symbol {
         anchors.verticalCenter: parent.verticalCenter
-        color: root.color
+        color: root.symbolColor
         name: root.symbol
         size: root.symbolSize
         visible: root.symbol !== "" && !root.busy

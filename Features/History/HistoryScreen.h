@@ -22,7 +22,7 @@ class HistoryScreen final : public QObject
     Q_PROPERTY(QString emptyTitle READ emptyTitle CONSTANT)
     Q_PROPERTY(QString emptyHint READ emptyHint CONSTANT)
     Q_PROPERTY(QObject *rows READ rows CONSTANT)
-    Q_PROPERTY(QStringList ratingLabels READ ratingLabels CONSTANT)
+    Q_PROPERTY(QList<QString> ratingLabels READ ratingLabels CONSTANT)
     Q_PROPERTY(bool isVisitOpen READ isVisitOpen NOTIFY selectedChanged)
 
 public:

@@ -2,31 +2,29 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Quorvel.DesignSystem
+import Quorvel.History
 
-// The window of all visits.
+// The window of all visits. Each showing reads them anew.
 Window {
     id: root
+
+    required property HistoryScreen screen
 
     color: Theme.color.background
     height: 640
     minimumHeight: 360
-    minimumWidth: 420
+    minimumWidth: 480
     objectName: "HistoryWindow"
     title: "Check-ins — Quorvel"
-    width: 520
+    width: 600
 
-    Rectangle {
-        id: toolbar
+    onVisibleChanged: if (root.visible)
+        root.screen.appear()
 
-        color: Theme.color.surface
-        height: 52
-        width: parent.width
+    HistoryView {
+        anchors.fill: parent
+        screen: root.screen
 
-        Rectangle {
-            anchors.bottom: parent.bottom
-            color: Theme.color.border
-            height: 1
-            width: parent.width
-        }
+        onDismissRequested: root.close()
     }
 }

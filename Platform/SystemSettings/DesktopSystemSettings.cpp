@@ -54,8 +54,8 @@ QList<SettingsProgram> settingsProgramsFor(const QString &currentDesktop)
 
 } // namespace
 
-DesktopSystemSettings::DesktopSystemSettings(QProcessEnvironment environment)
-    : m_environment(std::move(environment))
+DesktopSystemSettings::DesktopSystemSettings(const QProcessEnvironment &environment)
+    : m_environment(environment)
 {}
 
 bool DesktopSystemSettings::open(const QUrl &address)

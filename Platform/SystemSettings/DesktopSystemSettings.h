@@ -12,7 +12,7 @@ class DesktopSystemSettings final : public SystemSettings
 {
 public:
     explicit DesktopSystemSettings(
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment());
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
 
     [[nodiscard]] bool open(const QUrl &address) override;
 

@@ -3,6 +3,7 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DesignSystem/Theme.h"
 #include "Core/DesignSystem/ViewFactory.h"
+#include "Features/History/HistoryScreen.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Features/MenuBar/MenuBarServices.h"
 #include "Platform/Appearance/Appearance.h"
@@ -100,10 +101,19 @@ QQuickWindow *QuickScenes::window(const QString &identifier)
     auto &window = m_windows[identifier];
     if (!window) {
         const auto [module, view] = windowViews().value(identifier);
-        auto object = ViewFactory::make(m_engine, module, view);
+        auto object = ViewFactory::make(m_engine, module, view, propertiesOf(identifier));
         window.reset(qobject_cast<QQuickWindow *>(object.release()));
     }
     return window.get();
+}
+
+QVariantMap QuickScenes::propertiesOf(const QString &identifier)
+{
+    if (identifier != u"history"_s)
+        return {};
+    m_history = std::make_unique<HistoryScreen>(m_context.environment->checkInRepository(),
+                                                *m_facilities.clock);
+    return {{u"screen"_s, QVariant::fromValue(m_history.get())}};
 }
 
 void QuickScenes::followAppearance()

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QVariantMap>
 
 #include <map>
 #include <memory>
@@ -13,6 +14,7 @@ class QQuickWindow;
 
 namespace quorvel {
 
+class HistoryScreen;
 class MenuBarPanel;
 class MenuBarServices;
 
@@ -37,6 +39,8 @@ public:
 
 private:
     void openRequestedWindow(const QString &identifier);
+    /// What the window's view requires.
+    [[nodiscard]] QVariantMap propertiesOf(const QString &identifier);
     void followAppearance();
 
     SceneContext m_context;
@@ -44,6 +48,8 @@ private:
     QQmlEngine m_engine;
     std::unique_ptr<MenuBarServices> m_menuBarServices;
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;
+    // Order: what a window is bound to outlives it.
+    std::unique_ptr<HistoryScreen> m_history;
     std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };
 

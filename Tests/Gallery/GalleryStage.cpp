@@ -14,6 +14,7 @@ namespace {
 
 constexpr qreal panelWidth = 340;
 constexpr qreal contentHeight = 540;
+constexpr QSizeF historySize(600, 540);
 constexpr qreal formMargin = 16;
 constexpr int manyAnswers = 200;
 
@@ -65,6 +66,15 @@ void GalleryStage::showWifi()
         {panelWidth - 2 * formMargin, 0}, formMargin);
 }
 
+void GalleryStage::showHistory()
+{
+    m_history.emplace(&m_world.repository, m_world.loop.clock);
+    m_history->appear();
+    put(ViewFactory::make(m_engine, u"History"_s, u"HistoryView"_s,
+                          {{u"screen"_s, QVariant::fromValue(&*m_history)}}),
+        historySize, 0);
+}
+
 void GalleryStage::show(const QString &module, const QString &view, const QVariantMap &properties)
 {
     put(ViewFactory::make(m_engine, module, view, properties), {panelWidth, contentHeight}, 0);
@@ -113,6 +123,8 @@ void GalleryStage::layOut()
 QStringList GalleryStage::names()
 {
     QStringList names;
+    for (const auto &visit : m_world.repository.visits)
+        names << visit->cafe()->name() << visit->note();
     if (!m_scene || !m_scene->located())
         return names;
     for (const QAbstractItemModel *rows :

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Features/History/HistoryScreen.h"
 #include "Features/MenuBar/LaunchAtLoginToggle.h"
 #include "Features/MenuBar/MenuBarScene.h"
 #include "Tests/Features/MenuBar/PanelWorld.h"
@@ -29,6 +30,8 @@ public:
     /// What the panel has between its header and its footer, as large as there.
     void showContent();
     void showWifi();
+    /// The content of the history's window.
+    void showHistory();
     void show(const QString &module, const QString &view, const QVariantMap &properties);
     void showSheet();
     /// The button of this label, in the view.
@@ -57,6 +60,7 @@ private:
     // Order: what the view is bound to outlives it.
     PanelWorld m_world;
     std::optional<MenuBarScene> m_scene;
+    std::optional<HistoryScreen> m_history;
     LaunchAtLoginToggle m_launchAtLogin;
     std::unique_ptr<QQuickItem> m_view;
     qreal m_margin = 0;

@@ -22,6 +22,7 @@ namespace GalleryStates {
 [[nodiscard]] QList<GalleryState> ofLocatedView();
 [[nodiscard]] QList<GalleryState> ofPicker();
 [[nodiscard]] QList<GalleryState> ofWifi();
+[[nodiscard]] QList<GalleryState> ofHistory();
 
 } // namespace GalleryStates
 } // namespace quorvel::tests

@@ -8,6 +8,7 @@ ROOT = "/org/a11y/atspi/accessible/root"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 COMPONENT = "org.a11y.atspi.Component"
 ACTION = "org.a11y.atspi.Action"
+TEXT = "org.a11y.atspi.Text"
 SCREEN_COORDINATES = dbus.UInt32(0)
 CALL_SECONDS = 5
 
@@ -40,6 +41,10 @@ class Control:
         low, high = self._call(ACCESSIBLE, "GetState")
         bits = int(low) | int(high) << 32
         return {state for state, bit in STATES.items() if bits >> bit & 1}
+
+    def text(self):
+        """What stands in a field."""
+        return str(self._call(TEXT, "GetText", "ii", dbus.Int32(0), dbus.Int32(-1)))
 
     def children(self):
         found = self._call(ACCESSIBLE, "GetChildren")

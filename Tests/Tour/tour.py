@@ -20,6 +20,7 @@ from virtual_desktop import VirtualDesktop  # noqa: E402
 from world import World  # noqa: E402
 
 PANEL = "Quorvel"
+HISTORY = "Check-ins — Quorvel"
 WAITING = "Đang định vị quán cafe…"
 NEAREST = "Cà phê Gió Sông"
 CHOSEN = "Sân Trong – Cà phê & Sách"
@@ -57,6 +58,7 @@ class Tour:
         self._step("Escape closes the panel", self._close)
         self._step("Opened again, it knows of today's visit", self._open_again)
         self._step("A second check-in is refused", self._refused)
+        self._step("The history lists the visit", self._list_visits)
         self._step("Store and keychain hold what was typed, once", self._look_behind)
         self._person.close()
 
@@ -115,8 +117,7 @@ class Tour:
         self._person.wait_for_description("Quiet for calls", "4 of 5")
 
     def _write(self):
-        self._person.click("Note", role="text")
-        self._person.type(NOTE)
+        self._person.write(NOTE, "Note")
 
     def _keep_password(self):
         self._person.click("WiFi password")
@@ -143,6 +144,12 @@ class Tour:
     def _refused(self):
         self._person.click("Check In")
         self._expect("visits", len(self._visits()), 1)
+
+    def _list_visits(self):
+        self._person.click("Check-ins")
+        self._desktop.wait_for_focused_window(HISTORY)
+        for text in ("Your check-ins", "1 visits · 1 cafés this week", "TODAY", CHOSEN, NOTE):
+            self._person.wait_for(text)
 
     def _look_behind(self):
         (visit,) = self._visits()

@@ -4,6 +4,7 @@
 #include "Core/DesignSystem/Theme.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Platform/Appearance/FakeAppearance.h"
+#include "Platform/Clock/Clock.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/QuietFacilities.h"
 
@@ -112,6 +113,27 @@ private slots:
         QCOMPARE(window->grabWindow().pixelColor(10, 300), Theme::shared().color()->background());
     }
 
+    void historyShowsTheStoredVisitsAtEachOpening()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        QVERIFY(window->close());
+        const auto cafe = u"Café "_s + QUuid::createUuid().toString();
+        visit(cafe);
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QTRY_VERIFY(QuickTest::find(window->contentItem(), "text", cafe));
+    }
+
+    void newCheckInClosesTheHistory()
+    {
+        QVERIFY(m_scenes->openWindow(u"history"_s));
+        QQuickWindow *window = m_scenes->window(u"history"_s);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QuickTest::click(QuickTest::find(window->contentItem(), "label", u"New check-in"_s));
+        QTRY_VERIFY(!window->isVisible());
+    }
+
     void panelOpensTheHistoryWindow()
     {
         m_scenes->openMenuBarPanel({});
@@ -149,6 +171,16 @@ private slots:
     }
 
 private:
+    /// A visit of this moment, in the store.
+    void visit(const QString &cafe)
+    {
+        auto *repository = m_environment.checkInRepository();
+        const PlaceCandidate place{.id = cafe, .name = cafe, .mapItemIdentifier = cafe};
+        repository->save(std::make_shared<CheckIn>(
+            QUuid::createUuid(), Clock::system().now(), QString(), std::nullopt, std::nullopt,
+            WorkRatings(), std::nullopt, repository->findOrCreateCafe(place)));
+    }
+
     int m_quits = 0;
     AppEnvironment m_environment;
     tests::QuietFacilities m_facilities;

@@ -1,0 +1,117 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.DesignSystem
+
+// One visit: where and when, what was noted, how it was scored.
+Item {
+    id: root
+
+    required property string title
+    // "14:05 · 22°"
+    required property string moment
+    required property string note
+    required property bool hasWeather
+    required property int weatherCode
+    required property bool isDay
+    required property list<string> ratingLabels
+    required property list<int> scores
+
+    implicitHeight: Math.max(thumbnail.height, texts.implicitHeight) + 2 * 8
+
+    Rectangle {
+        id: thumbnail
+
+        anchors.left: parent.left
+        anchors.leftMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.color.card
+        height: 36
+        radius: 8
+        width: 36
+
+        WeatherGlyph {
+            anchors.centerIn: parent
+            code: root.weatherCode
+            isDay: root.isDay
+            size: 20
+            visible: root.hasWeather
+        }
+
+        Symbol {
+            anchors.centerIn: parent
+            color: Theme.color.textTertiary
+            name: "cup.and.saucer"
+            size: 20
+            visible: !root.hasWeather
+        }
+    }
+
+    Column {
+        id: texts
+
+        anchors.left: thumbnail.right
+        anchors.leftMargin: 12
+        anchors.right: ratings.left
+        anchors.rightMargin: 12
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 2
+
+        Row {
+            id: firstLine
+
+            spacing: 8
+            width: parent.width
+
+            PlainText {
+                id: name
+
+                elide: Text.ElideRight
+                font: Theme.font.bodyMedium
+                text: root.title
+                width: Math.min(implicitWidth, firstLine.width - when.implicitWidth - 8)
+            }
+
+            PlainText {
+                id: when
+
+                anchors.baseline: name.baseline
+                color: Theme.color.textSecondary
+                font: Theme.font.caption
+                text: root.moment
+            }
+        }
+
+        PlainText {
+            color: Theme.color.textSecondary
+            elide: Text.ElideRight
+            font: Theme.font.caption
+            maximumLineCount: 2
+            text: root.note
+            visible: text.length > 0
+            width: parent.width
+            wrapMode: Text.Wrap
+        }
+    }
+
+    Row {
+        id: ratings
+
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 8
+
+        Repeater {
+            model: root.ratingLabels
+
+            RatingDotsColumn {
+                required property string modelData
+                required property int index
+
+                label: modelData
+                score: root.scores[index]
+            }
+        }
+    }
+}
