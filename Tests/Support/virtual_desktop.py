@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import time
@@ -25,6 +26,7 @@ RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
 COMMAND_SECONDS = 10
 TYPING_MILLISECONDS = 25
+LEARNING_SECONDS = 0.1
 
 
 def process_id(bus, name):
@@ -162,8 +164,12 @@ class VirtualDesktop:
         self._ask("xdotool", "key", *keys)
 
     def type_text(self, text):
-        """As on a keyboard that has every letter; slowly enough for the server to learn them."""
-        self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
+        """As on a keyboard that has every letter. For one that it has not, the server is taught a
+        key, and the program needs the time to hear of it before the next one."""
+        for part in re.split("([^ -~])", text):
+            self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), part)
+            if not part.isascii():
+                time.sleep(LEARNING_SECONDS)
 
     def let_double_click_time_pass(self):
         """Waits so long that the next click counts as a new one."""

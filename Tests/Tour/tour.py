@@ -158,7 +158,8 @@ class Tour:
         self._expect("the visit", {key: visit[key] for key in expected}, expected)
         self._expect("the password", self._kept_password(), PASSWORD)
         self._process.terminate()
-        self._expect("the program's status", self._process.status_within(seconds=5), 0)
+        if self._process.status_within(seconds=5) != 0:
+            raise NotSeen(f"the program did not end well\n{self._process.output()}")
 
     # What is checked behind the program's back
 
