@@ -1,3 +1,4 @@
+#include "Core/Support/Task.h"
 #include "Platform/ApplicationId.h"
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 #include "Platform/Termination/TerminationListener.h"
@@ -76,7 +77,9 @@ int run()
     case SingleInstance::Claim::NoBus:
         break;
     }
-    return runAsPrimary(instance);
+    const int status = runAsPrimary(instance);
+    unwindAbandonedTasks();
+    return status;
 }
 
 } // namespace

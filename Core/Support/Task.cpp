@@ -37,4 +37,9 @@ void spawn(Task<> task)
     endIfItThrows(std::move(task));
 }
 
+void unwindAbandonedTasks()
+{
+    QCoreApplication::sendPostedEvents(qApp, QEvent::MetaCall);
+}
+
 } // namespace quorvel

@@ -131,4 +131,8 @@ private:
 /// with its text; only an abandoned task ends in silence.
 void spawn(Task<> task);
 
+/// Unwinds whoever still waits for a facility that is gone, where no event loop will run again to
+/// do it: once, when the program has taken down what it was made of. On the main thread.
+void unwindAbandonedTasks();
+
 } // namespace quorvel

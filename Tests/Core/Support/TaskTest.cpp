@@ -75,6 +75,13 @@ Task<> note(Facility *facility, QStringList *events)
     events->append(QString::number(number));
 }
 
+Task<> holdWhileWaiting(std::shared_ptr<int> held, Facility *facility)
+{
+    auto answer = answerOf(facility);
+    co_await answer;
+    *held = 1;
+}
+
 Task<> destroyAsker(std::unique_ptr<Facility> *owner, bool *isDone)
 {
     auto answer = answerOf(owner->get());
@@ -287,6 +294,18 @@ private slots:
             spawn(waitForNobody());
             turnEventLoop();
         }));
+    }
+
+    void whatAnAbandonedTaskHoldsIsFreedWithoutAnEventLoop()
+    {
+        auto facility = std::make_unique<Facility>();
+        const auto held = std::make_shared<int>(0);
+        spawn(holdWhileWaiting(held, facility.get()));
+        facility.reset();
+        QCOMPARE(held.use_count(), 2L);
+        unwindAbandonedTasks();
+        QCOMPARE(held.use_count(), 1L);
+        QCOMPARE(*held, 0);
     }
 };
 
