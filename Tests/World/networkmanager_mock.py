@@ -38,6 +38,7 @@ PERMISSION = "org.freedesktop.NetworkManager.settings.modify."
 
 # What Script may change. A time in milliseconds that is negative means never.
 DEFAULTS = {
+    "objects-ms": 0,  # for which the description of all objects is on its way, ageing
     "join": "ok",  # or a key of WALKS or of JOIN_REFUSALS
     "join-answer-ms": 0,  # until a join is let begin, as when an administrator is asked
     "step-ms": 20,  # between two states of a device
@@ -98,6 +99,7 @@ def load(mock, parameters):
     manager.AddProperties(stock.MANAGER_IFACE,
                           {"PrimaryConnection": NOWHERE, "ActivatingConnection": NOWHERE})
     serve(manager, AddAndActivateConnection2)
+    serve(mock, GetManagedObjects)
     manager.AddMethod(stock.MANAGER_IFACE, "DeactivateConnection", "o", "", deactivate)
     manager.AddMethod(stock.MANAGER_IFACE, "GetPermissions", "", "a{ss}", permissions)
 
@@ -233,6 +235,19 @@ def Clear(_self):
            {"PrimaryConnection": NOWHERE, "WirelessEnabled": True,
             "WirelessHardwareEnabled": True,
             "ActiveConnections": dbus.Array([], signature="o")})
+
+
+@dbus.service.method(dbusmock.OBJECT_MANAGER_IFACE, out_signature="a{oa{sa{sv}}}",
+                     async_callbacks=("reply", "fail"))
+def GetManagedObjects(self, reply, fail):
+    described = {
+        dbus.ObjectPath(path): {
+            interface: dict(values)
+            for interface, values in dbusmock.get_object(path).props.items()
+        }
+        for path in dbusmock.get_objects() if path.startswith(f"{self.path}/")
+    }
+    after(script["objects-ms"], lambda: reply(described))
 
 
 @dbus.service.method(stock.WIRELESS_DEVICE_IFACE, in_signature="a{sv}",

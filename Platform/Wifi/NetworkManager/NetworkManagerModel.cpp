@@ -4,6 +4,8 @@
 
 #include <QDBusArgument>
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;
@@ -97,46 +99,22 @@ QString NetworkManagerModel::pathValue(const QString &path, const QString &inter
 
 void NetworkManagerModel::propertiesChanged(const QDBusMessage &message)
 {
-    const QString interface = message.arguments().value(0).toString();
-    const auto object = m_objects.find(message.path());
-    if (!isFromService(message) || object == m_objects.end() || !object->contains(interface))
-        return;
-    (*object)[interface].insert(argument<QVariantMap>(message, 1));
-    emit valuesChanged(message.path());
+    hear(message, &NetworkManagerModel::changeProperties);
 }
 
 void NetworkManagerModel::interfacesAdded(const QDBusMessage &message)
 {
-    if (isFromService(message))
-        add(argument<QDBusObjectPath>(message, 0).path(),
-            argument<NetworkManagerGroups>(message, 1));
+    hear(message, &NetworkManagerModel::addInterfaces);
 }
 
 void NetworkManagerModel::interfacesRemoved(const QDBusMessage &message)
 {
-    const QString path = argument<QDBusObjectPath>(message, 0).path();
-    const auto object = m_objects.find(path);
-    if (!isFromService(message) || object == m_objects.end())
-        return;
-    for (const QString &interface : argument<QStringList>(message, 1))
-        object->remove(interface);
-    if (!object->isEmpty())
-        return;
-    m_objects.erase(object);
-    emit objectRemoved(path);
+    hear(message, &NetworkManagerModel::removeInterfaces);
 }
 
 void NetworkManagerModel::stateChanged(const QDBusMessage &message)
 {
-    const QVariantList arguments = message.arguments();
-    if (!isFromService(message) || arguments.size() < 2)
-        return;
-    const uint state = arguments.first().toUInt();
-    const uint reason = arguments.last().toUInt();
-    if (message.interface() == Names::device)
-        emit deviceStateChanged(message.path(), state, reason);
-    else
-        emit activeStateChanged(message.path(), state, reason);
+    hear(message, &NetworkManagerModel::changeState);
 }
 
 void NetworkManagerModel::follow()
@@ -160,6 +138,7 @@ void NetworkManagerModel::read()
 {
     m_retry.stop();
     m_question = std::make_unique<QObject>();
+    m_early.clear();
     m_bus.call(m_question.get(),
                {.path = Names::objectsPath,
                 .interface = Names::objectManager,
@@ -177,6 +156,8 @@ void NetworkManagerModel::take(const QDBusMessage &reply)
         const auto objects = argument<NetworkManagerObjects>(reply, 0);
         for (auto object = objects.begin(); object != objects.end(); ++object)
             add(object.key().path(), object.value());
+        for (const Early &early : std::exchange(m_early, {}))
+            hear(early.message, early.change);
     } else {
         m_readError = NetworkManagerBus::errorOf(reply);
         // Where the service is not there, its coming will be heard.
@@ -184,6 +165,56 @@ void NetworkManagerModel::take(const QDBusMessage &reply)
             m_retry.start();
     }
     emit readEnded();
+}
+
+void NetworkManagerModel::hear(const QDBusMessage &message, Change change)
+{
+    if (m_question)
+        m_early.append({message, change});
+    else if (m_isRead && message.service() == m_owner)
+        (this->*change)(message);
+}
+
+void NetworkManagerModel::changeProperties(const QDBusMessage &message)
+{
+    const QString interface = message.arguments().value(0).toString();
+    const auto object = m_objects.find(message.path());
+    if (object == m_objects.end() || !object->contains(interface))
+        return;
+    (*object)[interface].insert(argument<QVariantMap>(message, 1));
+    emit valuesChanged(message.path());
+}
+
+void NetworkManagerModel::addInterfaces(const QDBusMessage &message)
+{
+    add(argument<QDBusObjectPath>(message, 0).path(), argument<NetworkManagerGroups>(message, 1));
+}
+
+void NetworkManagerModel::removeInterfaces(const QDBusMessage &message)
+{
+    const QString path = argument<QDBusObjectPath>(message, 0).path();
+    const auto object = m_objects.find(path);
+    if (object == m_objects.end())
+        return;
+    for (const QString &interface : argument<QStringList>(message, 1))
+        object->remove(interface);
+    if (!object->isEmpty())
+        return;
+    m_objects.erase(object);
+    emit objectRemoved(path);
+}
+
+void NetworkManagerModel::changeState(const QDBusMessage &message)
+{
+    const QVariantList arguments = message.arguments();
+    if (arguments.size() < 2)
+        return;
+    const uint state = arguments.first().toUInt();
+    const uint reason = arguments.last().toUInt();
+    if (message.interface() == Names::device)
+        emit deviceStateChanged(message.path(), state, reason);
+    else
+        emit activeStateChanged(message.path(), state, reason);
 }
 
 void NetworkManagerModel::add(const QString &path, const NetworkManagerGroups &interfaces)
@@ -207,11 +238,6 @@ void NetworkManagerModel::ownerChanged(const QString &oldOwner, const QString &n
         emit readEnded();
     else
         read();
-}
-
-bool NetworkManagerModel::isFromService(const QDBusMessage &message) const
-{
-    return m_isRead && message.service() == m_owner;
 }
 
 bool NetworkManagerModel::isRadioOn() const

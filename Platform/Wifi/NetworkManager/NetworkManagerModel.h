@@ -64,12 +64,24 @@ private slots:
     void stateChanged(const QDBusMessage &message);
 
 private:
+    using Change = void (NetworkManagerModel::*)(const QDBusMessage &);
+    struct Early
+    {
+        QDBusMessage message;
+        Change change;
+    };
+
     void follow();
     void read();
     void take(const QDBusMessage &reply);
+    /// Makes the change that a signal of the service tells of, once it is known what is changed.
+    void hear(const QDBusMessage &message, Change change);
+    void changeProperties(const QDBusMessage &message);
+    void addInterfaces(const QDBusMessage &message);
+    void removeInterfaces(const QDBusMessage &message);
+    void changeState(const QDBusMessage &message);
     void add(const QString &path, const NetworkManagerGroups &interfaces);
     void ownerChanged(const QString &oldOwner, const QString &newOwner);
-    [[nodiscard]] bool isFromService(const QDBusMessage &message) const;
     /// False where the user or a switch on the machine has turned off all radios.
     [[nodiscard]] bool isRadioOn() const;
     [[nodiscard]] int rank(const QString &device) const;
@@ -85,6 +97,9 @@ private:
     WifiError m_readError{WifiError::Code::ServiceGone};
     /// The question that is open now; to drop it is to ignore its answer.
     std::unique_ptr<QObject> m_question;
+    /// What was heard since it was asked: the bus library hands signals out before an answer that
+    /// came before them.
+    QList<Early> m_early;
     QTimer m_retry;
 };
 

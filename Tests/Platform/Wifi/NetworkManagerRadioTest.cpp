@@ -64,6 +64,21 @@ private slots:
         QCOMPARE(client->rssiValue(), qint64(-56));
     }
 
+    /// Their signals can be heard before the answer that describes what was before them.
+    void changesWhileTheAnswerIsOnItsWayAreNotLost()
+    {
+        const QString first = m_mock.addRadio(u"wlan0"_s);
+        m_mock.script(u"objects-ms"_s, 200);
+        const auto client = make();
+        const QString second = m_mock.addRadio(u"wlan1"_s);
+        join(second, m_mock.addNetwork(second, "Cafe", 64));
+        m_mock.call(u"RemoveRadio"_s, {first});
+        QVERIFY(!client->hasInterface());
+        QTRY_COMPARE(client->ssid(), u"Cafe"_s);
+        m_mock.call(u"RemoveRadio"_s, {second});
+        QTRY_VERIFY(!client->hasInterface());
+    }
+
     void changesAreFollowedLive()
     {
         const auto client = make();
