@@ -35,6 +35,10 @@ inline const QString profile = QStringLiteral("org.freedesktop.NetworkManager.Se
 inline const QString objectManager = QStringLiteral("org.freedesktop.DBus.ObjectManager");
 inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
+// Of a profile's settings.
+inline const QString wirelessSetting = QStringLiteral("802-11-wireless");
+inline const QString securitySetting = QStringLiteral("802-11-wireless-security");
+
 } // namespace NetworkManagerNames
 
 /// One call to the service.

@@ -40,12 +40,12 @@ NetworkManagerGroups settingsFor(const NetworkManagerJoin::Request &request, Wif
 {
     NetworkManagerGroups settings{
         {u"connection"_s,
-         {{u"type"_s, u"802-11-wireless"_s},
+         {{u"type"_s, Names::wirelessSetting},
           {u"permissions"_s, QStringList(u"user:"_s + request.user + u':')}}},
-        {u"802-11-wireless"_s, {{u"ssid"_s, request.name.bytes}}}};
+        {Names::wirelessSetting, {{u"ssid"_s, request.name.bytes}}}};
     const QVariantMap protection = securitySettings(security, request.password);
     if (!protection.isEmpty())
-        settings.insert(u"802-11-wireless-security"_s, protection);
+        settings.insert(Names::securitySetting, protection);
     return settings;
 }
 

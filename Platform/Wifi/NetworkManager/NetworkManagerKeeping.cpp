@@ -11,8 +11,6 @@ namespace Names = NetworkManagerNames;
 
 namespace {
 
-const QString wirelessSetting = u"802-11-wireless"_s;
-const QString securitySetting = u"802-11-wireless-security"_s;
 const QString enterpriseSetting = u"802-1x"_s;
 
 /// Written to the disk, and without a connection that uses the profile being made anew.
@@ -49,7 +47,7 @@ void NetworkManagerKeeping::found(Outcome<QList<NetworkManagerProfile>> outcome)
 
 bool NetworkManagerKeeping::isEarlier(const NetworkManagerProfile &profile) const
 {
-    const QVariant ssid = m_connection.settings.value(wirelessSetting).value(u"ssid"_s);
+    const QVariant ssid = m_connection.settings.value(Names::wirelessSetting).value(u"ssid"_s);
     return profile.path != m_connection.temporaryProfile && profile.ssid() == ssid.toByteArray() &&
            profile.isForJoining() && !profile.settings.contains(enterpriseSetting);
 }
@@ -92,12 +90,12 @@ void NetworkManagerKeeping::update(const NetworkManagerProfile &profile)
 NetworkManagerGroups NetworkManagerKeeping::brought(NetworkManagerProfile profile) const
 {
     if (!profile.takesPassword())
-        profile.settings.remove(securitySetting);
-    const auto proved = m_connection.settings.value(securitySetting);
+        profile.settings.remove(Names::securitySetting);
+    const auto proved = m_connection.settings.value(Names::securitySetting);
     if (!proved.isEmpty())
-        profile.settings[securitySetting].insert(proved);
+        profile.settings[Names::securitySetting].insert(proved);
     else
-        profile.settings.remove(securitySetting);
+        profile.settings.remove(Names::securitySetting);
     return profile.settings;
 }
 

@@ -11,7 +11,7 @@ namespace Names = NetworkManagerNames;
 
 QByteArray NetworkManagerProfile::ssid() const
 {
-    return settings.value(u"802-11-wireless"_s).value(u"ssid"_s).toByteArray();
+    return settings.value(Names::wirelessSetting).value(u"ssid"_s).toByteArray();
 }
 
 qulonglong NetworkManagerProfile::timestamp() const
@@ -21,14 +21,13 @@ qulonglong NetworkManagerProfile::timestamp() const
 
 bool NetworkManagerProfile::takesPassword() const
 {
-    const QString kind =
-        settings.value(u"802-11-wireless-security"_s).value(u"key-mgmt"_s).toString();
+    const QString kind = settings.value(Names::securitySetting).value(u"key-mgmt"_s).toString();
     return kind == u"wpa-psk"_s || kind == u"sae"_s;
 }
 
 bool NetworkManagerProfile::isForJoining() const
 {
-    const QString mode = settings.value(u"802-11-wireless"_s).value(u"mode"_s).toString();
+    const QString mode = settings.value(Names::wirelessSetting).value(u"mode"_s).toString();
     return mode.isEmpty() || mode == u"infrastructure"_s;
 }
 

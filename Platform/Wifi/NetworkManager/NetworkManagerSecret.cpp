@@ -11,8 +11,6 @@ namespace Names = NetworkManagerNames;
 
 namespace {
 
-const QString securitySetting = u"802-11-wireless-security"_s;
-
 /// Errors by which the service says that nothing is stored.
 bool meansNone(const QDBusMessage &error)
 {
@@ -23,7 +21,7 @@ bool meansNone(const QDBusMessage &error)
 std::optional<QString> passwordIn(const QDBusMessage &reply)
 {
     const auto secrets = qdbus_cast<NetworkManagerGroups>(reply.arguments().value(0));
-    const QVariant password = secrets.value(securitySetting).value(u"psk"_s);
+    const QVariant password = secrets.value(Names::securitySetting).value(u"psk"_s);
     if (password.typeId() != QMetaType::QString)
         return std::nullopt;
     return password.toString();
@@ -60,7 +58,7 @@ void NetworkManagerSecret::found(Outcome<QList<NetworkManagerProfile>> outcome)
                    {.path = profile->path,
                     .interface = Names::profile,
                     .member = u"GetSecrets"_s,
-                    .arguments = {securitySetting}},
+                    .arguments = {Names::securitySetting}},
                    NetworkManagerBus::noLimit, [this](const QDBusMessage &reply) { told(reply); });
     } catch (const WifiError &error) {
         fail(error);
