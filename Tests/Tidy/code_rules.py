@@ -64,6 +64,17 @@ def product_has_one_build(tree):
             yield from source.findings(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*", "one build for all")
 
 
+def borrowed_names_are_used(tree):
+    """A using-declaration brings in a name that its file goes on to use, or a constructor."""
+    for source in tree.sources:
+        if not source.is_cpp():
+            continue
+        for borrowed in re.finditer(r"^ *using [\w:]*?\b(\w+)::(?!\1;)(\w+);", source.code, re.M):
+            if not re.search(rf"(?<!:)\b{borrowed[2]}\b", source.code[borrowed.end():]):
+                line = source.code.count("\n", 0, borrowed.start()) + 1
+                yield Finding(source.path, line, f"{borrowed[2]} is not used")
+
+
 def looks_live_in_the_design_system(tree):
     """Colours and fonts are named in the design system and nowhere else."""
     for source in tree.sources:
@@ -143,6 +154,7 @@ RULES = [
     headers_have_one_shape,
     includes_name_files_from_the_root,
     product_has_one_build,
+    borrowed_names_are_used,
     looks_live_in_the_design_system,
     awaits_stand_alone,
     product_has_no_locks,

@@ -81,6 +81,7 @@ SAMPLES = {
             {"Models/Cup.h": HEADER},
             {"Models/CuModels.h": HEADER},
             {"Models/Cup.cpp": "using namespace Qt::StringLiterals;\n"},
+            {"Models/Cup.h": HEADER.replace("{\n}", "{\n    using QObject::QObject;\n}")},
         ],
     ),
     "includes_name_files_from_the_root": (
@@ -100,6 +101,17 @@ SAMPLES = {
             {"Models/Cup.cpp": "#if defined(TESTING)\n"},
         ],
         [{"Models/Cup.cpp": "if (cup) {\n}\n"}, {"Tests/A.cpp": "#ifdef Q_OS_LINUX\n"}],
+    ),
+    "borrowed_names_are_used": (
+        [
+            {"Models/Cup.cpp": "using std::chrono::seconds;\n"},
+            {"Models/Cup.cpp": "using std::byte;\nstd::byte drop;\n"},
+        ],
+        [
+            {"Models/Cup.cpp": "using std::chrono::seconds;\nseconds pause;\n"},
+            {"Models/Cup.cpp": "using namespace Qt::StringLiterals;\n"},
+            {"Models/Cup.h": HEADER.replace("{\n}", "{\n    using QObject::QObject;\n}")},
+        ],
     ),
     "looks_live_in_the_design_system": (
         [
