@@ -42,6 +42,24 @@ Column {
         }
     }
 
+    Grid {
+        columns: 4
+        columnSpacing: 14
+        rowSpacing: 6
+
+        Repeater {
+            model: 7
+
+            StarMeter {
+                required property int index
+
+                label: "Power outlets"
+                objectName: "meter" + index
+                value: index
+            }
+        }
+    }
+
     Row {
         spacing: 14
 
