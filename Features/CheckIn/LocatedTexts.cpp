@@ -1,20 +1,10 @@
 #include "Features/CheckIn/LocatedTexts.h"
 
-#include <cmath>
+#include "Core/Support/RoundedNumber.h"
 
 namespace quorvel::LocatedTexts {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString integer(double number)
-{
-    // By way of an integer, so that nothing just below zero reads as "-0".
-    return std::isfinite(number) ? QString::number(std::llround(number)) : u"–"_s;
-}
-
-} // namespace
 
 QString title(const LocatedSnapshot &snapshot)
 {
@@ -25,21 +15,21 @@ QString subtitle(const LocatedSnapshot &snapshot)
 {
     if (!snapshot.selectedCafe)
         return u"Check your connection, then retry."_s;
-    return u" · "_s + integer(snapshot.selectedCafe->distanceMeters) + u" m away"_s;
+    return u" · "_s + roundedNumber(snapshot.selectedCafe->distanceMeters) + u" m away"_s;
 }
 
 QString temperature(const LocatedSnapshot &snapshot)
 {
     if (!snapshot.weather)
         return u"Weather unavailable"_s;
-    return integer(snapshot.weather->temperatureC) + u'°';
+    return roundedNumber(snapshot.weather->temperatureC) + u'°';
 }
 
 QString feels(const LocatedSnapshot &snapshot)
 {
     if (!snapshot.weather)
         return {};
-    return u"Feels "_s + integer(snapshot.weather->apparentTemperatureC) + u'°';
+    return u"Feels "_s + roundedNumber(snapshot.weather->apparentTemperatureC) + u'°';
 }
 
 const QList<Rating> &ratings()
@@ -54,7 +44,7 @@ const QList<Rating> &ratings()
 
 QString distance(const PlaceCandidate &candidate)
 {
-    return integer(candidate.distanceMeters) + u'm';
+    return roundedNumber(candidate.distanceMeters) + u'm';
 }
 
 QString saveError(const CheckInViewModel::SaveState &state)

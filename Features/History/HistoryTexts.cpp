@@ -1,20 +1,10 @@
 #include "Features/History/HistoryTexts.h"
 
-#include <cmath>
+#include "Core/Support/RoundedNumber.h"
 
 namespace quorvel::HistoryTexts {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString degrees(double celsius)
-{
-    // By way of an integer, so that nothing just below zero reads as "-0".
-    return (std::isfinite(celsius) ? QString::number(std::llround(celsius)) : u"–"_s) + u'°';
-}
-
-} // namespace
 
 QString weeklySummary(const HistoryViewModel::WeeklySummary &summary)
 {
@@ -59,7 +49,7 @@ QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &
     const QTime time = calendar.localTime(checkIn.date()).time();
     const QString text = locale.toString(time, u"HH:mm");
     const auto &weather = checkIn.weather();
-    return weather ? text + u" · "_s + degrees(weather->temperatureC) : text;
+    return weather ? text + u" · "_s + roundedNumber(weather->temperatureC) + u'°' : text;
 }
 
 const QList<Rating> &ratings()
