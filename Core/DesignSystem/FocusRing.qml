@@ -9,7 +9,8 @@ Rectangle {
 
     required property Item control
     property real controlRadius: 6
-    readonly property real gap: 3
+    // Negative for a ring within the control.
+    property real gap: 3
 
     anchors.fill: root.control
     anchors.margins: -root.gap

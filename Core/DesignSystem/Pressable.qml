@@ -11,6 +11,7 @@ Item {
     required property string label
     property bool busy
     property real cornerRadius: 6
+    property alias focusGap: ring.gap
     readonly property bool pressed: area.containsPress && !root.busy
     readonly property bool hovered: area.containsMouse && !root.busy
 
@@ -47,6 +48,8 @@ Item {
     }
 
     FocusRing {
+        id: ring
+
         control: root
         controlRadius: root.cornerRadius
     }

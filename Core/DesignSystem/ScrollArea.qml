@@ -34,16 +34,8 @@ Flickable {
     contentWidth: root.width
     flickableDirection: Flickable.VerticalFlick
 
-    ScrollBar.vertical: ScrollBar {
-        id: bar
-
+    ScrollBar.vertical: ThinScrollBar {
         policy: root.canScroll ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
-
-        contentItem: Rectangle {
-            color: bar.pressed || bar.hovered ? Theme.color.textTertiary : Theme.color.borderStrong
-            implicitWidth: 4
-            radius: 2
-        }
     }
 
     Connections {
