@@ -2,58 +2,70 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import Quorvel.DesignSystem
 import Quorvel.History
 
-// The visits under their days. Rows are made as they come into sight.
+// The visits under their days, to be gone through with the arrow keys. Rows are made as they come
+// into sight.
 ListView {
     id: root
 
-    required property QtObject rows
-    required property list<string> ratingLabels
+    required property HistoryScreen screen
+    // At the right, for the bar.
+    readonly property real margin: 12
+
+    function goTo(row: int) {
+        if (row < 0)
+            return;
+        root.currentIndex = row;
+        root.positionViewAtIndex(row, ListView.Contain);
+        // With a day's first visit comes the day.
+        if (root.screen.visitAbove(row) < row - 1)
+            root.positionViewAtIndex(row - 1, ListView.Contain);
+    }
+
+    function goToFirstInSight() {
+        const top = root.indexAt(0, root.contentY);
+        root.goTo(root.screen.visitBelow(top - 1));
+    }
+
+    function open(row: int) {
+        root.currentIndex = row;
+        root.forceActiveFocus();
+        root.screen.openVisit(row);
+    }
 
     Accessible.name: "Visits"
     Accessible.role: Accessible.List
     activeFocusOnTab: true
     boundsBehavior: Flickable.StopAtBounds
     clip: true
-    model: root.rows
+    currentIndex: -1
+    // A click leaves the list where it is.
+    highlightFollowsCurrentItem: false
+    model: root.screen.rows
 
-    ScrollBar.vertical: ScrollBar {
+    Keys.onDownPressed: root.goTo(root.screen.visitBelow(root.currentIndex))
+    Keys.onUpPressed: root.goTo(root.screen.visitAbove(root.currentIndex))
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_Home)
+            root.goTo(root.screen.visitBelow(-1));
+        else if (event.key === Qt.Key_End)
+            root.goTo(root.screen.visitAbove(root.count));
+        else
+            return;
+        event.accepted = true;
     }
-    delegate: Column {
-        id: row
+    onActiveFocusChanged: if (root.activeFocus && root.currentIndex < 0)
+        root.goToFirstInSight()
 
-        required property bool isHeader
-        required property string title
-        required property string moment
-        required property string note
-        required property bool hasWeather
-        required property int weatherCode
-        required property bool isDay
-        required property list<int> scores
+    ScrollBar.vertical: ThinScrollBar {
+        policy: root.contentHeight > root.height ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff
+    }
+    delegate: HistoryLine {
+        ratingLabels: root.screen.ratingLabels
+        width: root.width - root.margin
 
-        width: root.width
-
-        HistorySectionHeader {
-            title: row.title
-            visible: row.isHeader
-            width: parent.width
-        }
-
-        Repeater {
-            model: row.isHeader ? 0 : 1
-
-            HistoryRow {
-                hasWeather: row.hasWeather
-                isDay: row.isDay
-                moment: row.moment
-                note: row.note
-                ratingLabels: root.ratingLabels
-                scores: row.scores
-                title: row.title
-                weatherCode: row.weatherCode
-                width: row.width
-            }
-        }
+        onOpened: root.open(index)
     }
 }

@@ -37,6 +37,22 @@ std::shared_ptr<CheckIn> HistoryListModel::visit(int row) const
     return row >= 0 && row < rowCount() ? m_rows[std::size_t(row)].visit : nullptr;
 }
 
+int HistoryListModel::visitBelow(int row) const
+{
+    for (int below = std::max(row, -1) + 1; below < rowCount(); ++below)
+        if (visit(below))
+            return below;
+    return -1;
+}
+
+int HistoryListModel::visitAbove(int row) const
+{
+    int above = std::min(row, rowCount()) - 1;
+    while (above >= 0 && !visit(above))
+        --above;
+    return std::max(above, -1);
+}
+
 int HistoryListModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : int(m_rows.size());

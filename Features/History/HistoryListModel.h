@@ -35,6 +35,9 @@ public:
                      const QLocale &locale);
     /// Null for a header, and for a row that is not there.
     [[nodiscard]] std::shared_ptr<CheckIn> visit(int row) const;
+    /// The next row that has a visit, from one that need not be there itself; -1 at the end.
+    [[nodiscard]] int visitBelow(int row) const;
+    [[nodiscard]] int visitAbove(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -3,11 +3,10 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// One visit: where and when, what was noted, how it was scored.
-Item {
+// One visit: where and when, what was noted, how it was scored. The whole row opens it.
+Pressable {
     id: root
 
-    required property string title
     // "14:05 · 22°"
     required property string moment
     required property string note
@@ -17,7 +16,19 @@ Item {
     required property list<string> ratingLabels
     required property list<int> scores
 
+    Accessible.description: root.note
+    Accessible.name: root.label + ", " + root.moment
+    // The list goes from row to row by itself.
+    activeFocusOnTab: false
+    cornerRadius: 8
+    focusGap: -2
     implicitHeight: Math.max(thumbnail.height, texts.implicitHeight) + 2 * 8
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.hovered ? Theme.color.hover : "transparent"
+        radius: root.cornerRadius
+    }
 
     Rectangle {
         id: thumbnail
@@ -66,15 +77,17 @@ Item {
             PlainText {
                 id: name
 
+                Accessible.ignored: true
                 elide: Text.ElideRight
                 font: Theme.font.bodyMedium
-                text: root.title
+                text: root.label
                 width: Math.min(implicitWidth, firstLine.width - when.implicitWidth - 8)
             }
 
             PlainText {
                 id: when
 
+                Accessible.ignored: true
                 anchors.baseline: name.baseline
                 color: Theme.color.textSecondary
                 font: Theme.font.caption
@@ -83,6 +96,7 @@ Item {
         }
 
         PlainText {
+            Accessible.ignored: true
             color: Theme.color.textSecondary
             elide: Text.ElideRight
             font: Theme.font.caption
@@ -97,8 +111,8 @@ Item {
     Row {
         id: ratings
 
-        anchors.right: parent.right
-        anchors.rightMargin: 16
+        anchors.right: chevron.left
+        anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
         spacing: 8
 
@@ -113,5 +127,16 @@ Item {
                 score: root.scores[index]
             }
         }
+    }
+
+    Symbol {
+        id: chevron
+
+        anchors.right: parent.right
+        anchors.rightMargin: 16
+        anchors.verticalCenter: parent.verticalCenter
+        color: Theme.color.textTertiary
+        name: "chevron.right"
+        size: 12
     }
 }

@@ -40,6 +40,9 @@ public:
     /// By the list's row. A header opens nothing, nor does a row that is gone meanwhile.
     Q_INVOKABLE void openVisit(int row);
     Q_INVOKABLE void closeVisit();
+    /// Which row is next for who goes through the visits; -1 when there is none.
+    [[nodiscard]] Q_INVOKABLE int visitBelow(int row) const { return m_rows.visitBelow(row); }
+    [[nodiscard]] Q_INVOKABLE int visitAbove(int row) const { return m_rows.visitAbove(row); }
 
     [[nodiscard]] Kind kind() const;
     /// Empty before the first showing, and without a store.

@@ -61,13 +61,8 @@ Item {
         id: list
 
         anchors.fill: content
-        ratingLabels: root.screen.ratingLabels
-        rows: root.screen.rows
+        anchors.rightMargin: -list.margin
+        screen: root.screen
         visible: root.screen.kind === HistoryScreen.List
-    }
-
-    // Beside the list, which would cut it off.
-    FocusRing {
-        control: list
     }
 }

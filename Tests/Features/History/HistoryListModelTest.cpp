@@ -61,6 +61,20 @@ private slots:
         QCOMPARE(m_model->visit(-1), nullptr);
     }
 
+    void whoGoesThroughTheVisitsPassesOverHeaders()
+    {
+        show({{.title = u"TODAY"_s, .checkIns = {m_second, m_first}},
+              {.title = u"MON, MAR 3"_s, .checkIns = {m_old}}});
+        const QList<int> below{1, 1, 2, 4, 4, -1, -1};
+        const QList<int> above{-1, -1, -1, 1, 2, 2, 4};
+        for (int row = -1; row <= 5; ++row) {
+            QCOMPARE(m_model->visitBelow(row), below[row + 1]);
+            QCOMPARE(m_model->visitAbove(row), above[row + 1]);
+        }
+        QCOMPARE(m_model->visitBelow(-7), 1);
+        QCOMPARE(m_model->visitAbove(7), 4);
+    }
+
     void aRowShowsItsVisit()
     {
         const auto there = visit(u"2025-03-11T09:00:00Z"_s, cafe(u"Blue Door"_s));
