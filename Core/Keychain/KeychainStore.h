@@ -7,7 +7,7 @@
 namespace quorvel {
 
 /// The Wi-Fi passwords that the user typed, one a network name, for the view models. Synchronous,
-/// main thread only. Every operation may throw KeychainError.
+/// each for the one thread that uses it. Every operation may throw KeychainError.
 class KeychainStore
 {
 public:

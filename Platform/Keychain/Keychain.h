@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 namespace quorvel {
@@ -39,8 +40,8 @@ struct KeychainMatch
     std::optional<QByteArray> valueData;
 };
 
-/// The user's secrets. Synchronous and for the main thread; an operation answers within about two
-/// seconds, asks the user nothing, and says by its status how it ended.
+/// The user's secrets. Synchronous, each for the one thread that uses it; an operation answers
+/// within about two seconds, asks the user nothing, and says by its status how it ended.
 class Keychain
 {
 public:
@@ -54,8 +55,10 @@ public:
     [[nodiscard]] virtual KeychainMatch copyMatching(const KeychainIdentity &identity) = 0;
     [[nodiscard]] virtual KeychainStatus::Code remove(const KeychainIdentity &identity) = 0;
 
-    /// The one of the user who runs the program.
+    /// The one of the user who runs the program, for the main thread.
     [[nodiscard]] static Keychain &standard();
+    /// The same secrets for another thread, by a way of its own.
+    [[nodiscard]] static std::unique_ptr<Keychain> makeDetached();
 };
 
 } // namespace quorvel

@@ -88,4 +88,9 @@ Keychain &Keychain::standard()
     return keychain;
 }
 
+std::unique_ptr<Keychain> Keychain::makeDetached()
+{
+    return std::make_unique<SecretServiceKeychain>();
+}
+
 } // namespace quorvel

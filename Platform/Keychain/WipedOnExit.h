@@ -1,29 +1,31 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <string.h>
+
+#include <cstddef>
 
 namespace quorvel {
 
-/// Overwrites a secret's bytes when their scope ends, so that they do not linger in freed memory.
+/// Overwrites a secret, a QByteArray or a QString, when its scope ends, so that it does not linger
+/// in freed memory.
+template <class Secret>
 class WipedOnExit final
 {
 public:
-    explicit WipedOnExit(QByteArray &bytes)
-        : m_bytes(bytes)
+    explicit WipedOnExit(Secret &secret)
+        : m_secret(secret)
     {}
     WipedOnExit(const WipedOnExit &) = delete;
     WipedOnExit &operator=(const WipedOnExit &) = delete;
     ~WipedOnExit()
     {
-        // Bytes that somebody else holds as well are theirs to wipe.
-        if (m_bytes.isDetached())
-            explicit_bzero(m_bytes.data(), size_t(m_bytes.size()));
+        // What somebody else holds as well is theirs to wipe.
+        if (m_secret.isDetached())
+            explicit_bzero(m_secret.data(), std::size_t(m_secret.size()) * sizeof *m_secret.data());
     }
 
 private:
-    QByteArray &m_bytes;
+    Secret &m_secret;
 };
 
 } // namespace quorvel

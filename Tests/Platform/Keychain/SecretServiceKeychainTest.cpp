@@ -5,8 +5,10 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <array>
 #include <functional>
 #include <memory>
+#include <thread>
 
 namespace quorvel::tests {
 
@@ -65,6 +67,29 @@ private slots:
         QCOMPARE(m_keychain->remove(cafe), KeychainStatus::interactionNotAllowed);
         m_world.tell("unlock");
         QCOMPARE(value(cafe), QByteArray("secret"));
+    }
+
+    /// As the visits of the history do, each on a thread, while the panel uses its own.
+    void otherThreadsReadByKeychainsOfTheirOwn()
+    {
+        startWithItem();
+        QCOMPARE(value(cafe), QByteArray("secret"));
+        constexpr int readings = 20;
+        std::array<QByteArray, 2> read;
+        std::array<std::thread, 2> threads;
+        for (size_t index = 0; index < threads.size(); ++index)
+            threads[index] = std::thread([&place = read[index]] {
+                for (int count = 0; count < readings; ++count) {
+                    const auto own = Keychain::makeDetached();
+                    place += own->copyMatching(cafe).valueData.value_or("nothing");
+                }
+            });
+        for (int count = 0; count < readings; ++count)
+            QCOMPARE(value(cafe), QByteArray("secret"));
+        for (auto &thread : threads)
+            thread.join();
+        for (const auto &all : read)
+            QCOMPARE(all, QByteArray("secret").repeated(readings));
     }
 
     void withoutAKeyringNewItemsHaveNoPlace()
