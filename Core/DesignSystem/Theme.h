@@ -16,6 +16,7 @@ class Theme final : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(quorvel::ThemeColor *color READ color CONSTANT)
+    Q_PROPERTY(quorvel::ThemeColor *lightColor READ lightColor CONSTANT)
     Q_PROPERTY(quorvel::ThemeFont *font READ font CONSTANT)
 
 public:
@@ -26,12 +27,15 @@ public:
     void setStyle(AppearanceStyle style) { m_color.setStyle(style); }
 
     [[nodiscard]] ThemeColor *color() { return &m_color; }
+    /// The colours in light, for what stands on white in every look.
+    [[nodiscard]] ThemeColor *lightColor() { return &m_lightColor; }
     [[nodiscard]] ThemeFont *font() { return &m_font; }
 
 private:
     Theme() = default;
 
     ThemeColor m_color{this};
+    ThemeColor m_lightColor{this};
     ThemeFont m_font{this};
 };
 

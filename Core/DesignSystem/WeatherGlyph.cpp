@@ -10,13 +10,13 @@ namespace {
 /// The same in light and dark.
 constexpr QColor rainTint(0x5E, 0x9C, 0xC9);
 
-QColor color(WeatherTint tint)
+QColor color(WeatherTint tint, const ThemeColor &theme)
 {
     switch (tint) {
     case WeatherTint::Sun:
-        return Theme::shared().color()->starOn();
+        return theme.starOn();
     case WeatherTint::Cloud:
-        return Theme::shared().color()->textSecondary();
+        return theme.textSecondary();
     case WeatherTint::Rain:
         return rainTint;
     }
@@ -28,7 +28,9 @@ QColor color(WeatherTint tint)
 void WeatherGlyph::paint(QPainter *painter)
 {
     const WeatherCondition condition = WeatherCondition::config(m_code, m_isDay);
-    SymbolDrawing::drawTinted(*painter, condition.symbol, color(condition.tint),
+    Theme &theme = Theme::shared();
+    const ThemeColor &colors = m_isOnWhite ? *theme.lightColor() : *theme.color();
+    SymbolDrawing::drawTinted(*painter, condition.symbol, color(condition.tint, colors),
                               {width(), height()});
 }
 
@@ -50,6 +52,12 @@ void WeatherGlyph::setSize(qreal size)
         setImplicitSize(size, size);
         emit sizeChanged();
     }
+}
+
+void WeatherGlyph::setOnWhite(bool isOnWhite)
+{
+    if (change(m_isOnWhite, isOnWhite))
+        emit isOnWhiteChanged();
 }
 
 QString WeatherGlyph::conditionLabel() const

@@ -12,6 +12,7 @@ class WeatherGlyph : public quorvel::ThemedItem
     Q_PROPERTY(int code READ code WRITE setCode NOTIFY conditionChanged REQUIRED)
     Q_PROPERTY(bool isDay READ isDay WRITE setIsDay NOTIFY conditionChanged REQUIRED)
     Q_PROPERTY(qreal size READ size WRITE setSize NOTIFY sizeChanged REQUIRED)
+    Q_PROPERTY(bool isOnWhite READ isOnWhite WRITE setOnWhite NOTIFY isOnWhiteChanged)
     Q_PROPERTY(QString conditionLabel READ conditionLabel NOTIFY conditionChanged)
 
 public:
@@ -26,16 +27,21 @@ public:
     /// The side of the symbol's square, in points.
     [[nodiscard]] qreal size() const { return m_size; }
     void setSize(qreal size);
+    /// Whether it stands on white, whatever the look.
+    [[nodiscard]] bool isOnWhite() const { return m_isOnWhite; }
+    void setOnWhite(bool isOnWhite);
     [[nodiscard]] QString conditionLabel() const;
 
 signals:
     void conditionChanged();
     void sizeChanged();
+    void isOnWhiteChanged();
 
 private:
     int m_code = 0;
     bool m_isDay = true;
     qreal m_size = 0;
+    bool m_isOnWhite = false;
 };
 
 } // namespace quorvel

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string.h>
-
 #include <cstddef>
+#include <string.h>
 
 namespace quorvel {
 

@@ -106,6 +106,46 @@ Column {
         }
     }
 
+    Item {
+        height: capsule.height + 24
+        width: capsule.width + 24
+
+        SoftShadow {
+            id: shadow
+
+            anchors.centerIn: parent
+            cornerRadius: capsule.height / 2
+            height: capsule.height + 2 * shadow.reach
+            objectName: "shadow"
+            width: capsule.width + 2 * shadow.reach
+        }
+
+        Capsule {
+            id: capsule
+
+            anchors.centerIn: parent
+            bottomPadding: 5
+            leftPadding: 11
+            objectName: "capsule"
+            rightPadding: 11
+            spacing: 7
+            topPadding: 5
+
+            WeatherGlyph {
+                code: 77
+                isDay: true
+                objectName: "glyphOnWhite"
+                isOnWhite: true
+                size: 17
+            }
+
+            PlainText {
+                color: Theme.lightColor.textPrimary
+                text: "-1°"
+            }
+        }
+    }
+
     Row {
         spacing: 14
 

@@ -171,6 +171,47 @@ private slots:
             QCOMPARE(tint(77).rgba(), color.textSecondary().rgba());
     }
 
+    void whatStandsOnWhiteKeepsItsLightColors()
+    {
+        WeatherGlyph glyph;
+        glyph.setCode(77);
+        glyph.setOnWhite(true);
+        const QColor light = Theme::shared().color()->textSecondary();
+        QCOMPARE(tint(glyph).rgba(), light.rgba());
+        Theme::shared().setStyle(AppearanceStyle::Dark);
+        QCOMPARE(tint(glyph).rgba(), light.rgba());
+        QCOMPARE(Theme::shared().lightColor()->textSecondary(), light);
+        QVERIFY(Theme::shared().color()->textSecondary() != light);
+    }
+
+    void capsuleIsAroundItsContentAndWhiteInBothLooks()
+    {
+        QQuickItem *capsule = item(u"capsule"_s);
+        const QQuickItem *row = item(u"glyphOnWhite"_s)->parentItem();
+        QCOMPARE(row->property("leftPadding"), QVariant(11.0));
+        QCOMPARE(capsule->size(), row->size());
+        for (const auto style : {AppearanceStyle::Light, AppearanceStyle::Dark}) {
+            Theme::shared().setStyle(style);
+            QVERIFY(QuickTest::pixel(capsule, {8, capsule->height() / 2}).lightness() > 225);
+        }
+    }
+
+    void shadowFadesAwayFromWhatThrowsIt()
+    {
+        QQuickItem *shadow = item(u"shadow"_s);
+        const double reach = shadow->property("reach").toDouble();
+        const auto lightness = [&](double distance) {
+            return QuickTest::pixel(shadow, {shadow->width() / 2, reach - distance}).lightness();
+        };
+        const int ground = Theme::shared().color()->background().lightness();
+        QVERIFY(lightness(1.5) < lightness(5));
+        QVERIFY(lightness(5) < ground);
+        QCOMPARE(lightness(reach - 0.5), ground);
+        // It falls downwards.
+        const double below = shadow->height() - reach + 5;
+        QVERIFY(QuickTest::pixel(shadow, {shadow->width() / 2, below}).lightness() < lightness(5));
+    }
+
     static void glyphSaysItsConditionInWords()
     {
         WeatherGlyph glyph;
