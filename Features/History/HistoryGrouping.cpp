@@ -1,5 +1,7 @@
 #include "Features/History/HistoryGrouping.h"
 
+#include "Features/History/HistoryTexts.h"
+
 namespace quorvel::HistoryGrouping {
 
 namespace {
@@ -35,8 +37,7 @@ private:
             return u"TODAY"_s;
         if (m_yesterday && m_yesterday->contains(date))
             return u"YESTERDAY"_s;
-        const QDate day = m_calendar.localTime(date).date();
-        return m_locale.toUpper(m_locale.toString(day, u"ddd, MMM d"));
+        return m_locale.toUpper(HistoryTexts::day(date, m_calendar, m_locale));
     }
 
     const Calendar &m_calendar;

@@ -4,20 +4,19 @@
 
 namespace quorvel {
 
-HistoryScreen::HistoryScreen(CheckInRepository *repository, const Clock &clock,
-                             NotificationCenter &notificationCenter, QObject *parent)
+HistoryScreen::HistoryScreen(HistoryRoles roles, NotificationCenter &notificationCenter,
+                             QObject *parent)
     : QObject(parent)
-    , m_repository(repository)
-    , m_clock(clock)
+    , m_roles(std::move(roles))
     , m_notificationCenter(notificationCenter)
 {}
 
 void HistoryScreen::appear()
 {
-    if (!m_repository)
+    if (!m_roles.checkInRepository)
         return;
     if (!m_viewModel) {
-        m_viewModel.emplace(*m_repository, m_clock, m_notificationCenter);
+        m_viewModel.emplace(*m_roles.checkInRepository, m_roles.clock, m_notificationCenter);
         connect(&*m_viewModel, &HistoryViewModel::stateChanged, this, &HistoryScreen::follow);
     }
     m_viewModel->load();
@@ -69,14 +68,24 @@ QStringList HistoryScreen::ratingLabels()
     return labels;
 }
 
+QVariantList HistoryScreen::openVisits() const
+{
+    return m_visit ? QVariantList{QVariant::fromValue(m_visit.get())} : QVariantList();
+}
+
+std::shared_ptr<CheckIn> HistoryScreen::selected() const
+{
+    return m_visit ? m_visit->checkIn() : nullptr;
+}
+
 void HistoryScreen::follow()
 {
     const auto &state = m_viewModel->state();
     // The rows outlast a load, so that the list is where it was when it comes back.
     if (!state.isLoading()) {
         const auto *sections = state.loadedValue();
-        m_rows.setSections(sections ? *sections : HistoryViewModel::Sections(), m_clock.calendar(),
-                           m_clock.locale());
+        m_rows.setSections(sections ? *sections : HistoryViewModel::Sections(),
+                           m_roles.clock.calendar(), m_roles.clock.locale());
     }
     m_summaryText = HistoryTexts::weeklySummary(m_viewModel->weeklySummary());
     emit changed();
@@ -84,10 +93,16 @@ void HistoryScreen::follow()
 
 void HistoryScreen::select(std::shared_ptr<CheckIn> visit)
 {
-    if (m_selected == visit)
+    if (selected() == visit)
         return;
-    m_selected = std::move(visit);
+    auto next = visit ? std::make_unique<VisitDetail>(std::move(visit), m_roles) : nullptr;
+    auto previous = std::exchange(m_visit, std::move(next));
     emit selectedChanged();
+    if (m_visit)
+        m_visit->load();
+    // Lifetime: its view goes in the next turn of the event loop, and reads it until then.
+    if (previous)
+        previous.release()->deleteLater();
 }
 
 } // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include "Features/History/HistoryListModel.h"
 #include "Features/History/HistoryViewModel.h"
+#include "Features/History/VisitDetail.h"
 
 #include <qqmlintegration.h>
 
@@ -24,14 +25,15 @@ class HistoryScreen final : public QObject
     Q_PROPERTY(QObject *rows READ rows CONSTANT)
     Q_PROPERTY(QList<QString> ratingLabels READ ratingLabels CONSTANT)
     Q_PROPERTY(bool isVisitOpen READ isVisitOpen NOTIFY selectedChanged)
+    Q_PROPERTY(QVariantList openVisits READ openVisits NOTIFY selectedChanged)
 
 public:
     /// Nothing is there without a store to read.
     enum class Kind { Nothing, Waiting, Failed, Empty, List };
     Q_ENUM(Kind)
 
-    /// The repository is null when the store could not be opened. All of these outlive the screen.
-    explicit HistoryScreen(CheckInRepository *repository, const Clock &clock = Clock::system(),
+    /// The notification center outlives the screen.
+    explicit HistoryScreen(HistoryRoles roles,
                            NotificationCenter &notificationCenter = NotificationCenter::standard(),
                            QObject *parent = nullptr);
 
@@ -54,9 +56,13 @@ public:
     [[nodiscard]] QAbstractItemModel *rows() { return &m_rows; }
     /// Of the rows' scores, in their order.
     [[nodiscard]] static QStringList ratingLabels();
-    [[nodiscard]] bool isVisitOpen() const { return m_selected != nullptr; }
+    [[nodiscard]] bool isVisitOpen() const { return m_visit != nullptr; }
+    /// The VisitDetail of the open one, or none: a list, because each has a view of its own.
+    [[nodiscard]] QVariantList openVisits() const;
     /// Null while the list is shown.
-    [[nodiscard]] const std::shared_ptr<CheckIn> &selected() const { return m_selected; }
+    [[nodiscard]] VisitDetail *openVisit() const { return m_visit.get(); }
+    /// Null while the list is shown.
+    [[nodiscard]] std::shared_ptr<CheckIn> selected() const;
 
 signals:
     void changed();
@@ -66,15 +72,15 @@ private:
     void follow();
     void select(std::shared_ptr<CheckIn> visit);
 
-    CheckInRepository *m_repository;
-    const Clock &m_clock;
+    HistoryRoles m_roles;
     NotificationCenter &m_notificationCenter;
 
     /// Absent before the first showing, and without a store.
     std::optional<HistoryViewModel> m_viewModel;
     HistoryListModel m_rows;
     QString m_summaryText;
-    std::shared_ptr<CheckIn> m_selected;
+    /// Null while the list is shown.
+    std::unique_ptr<VisitDetail> m_visit;
 };
 
 } // namespace quorvel

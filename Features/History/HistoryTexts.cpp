@@ -44,12 +44,26 @@ QString title(const CheckIn &checkIn)
     return checkIn.cafe() ? checkIn.cafe()->name() : u"Unknown café"_s;
 }
 
+QString day(Instant date, const Calendar &calendar, const QLocale &locale)
+{
+    return locale.toString(calendar.localTime(date).date(), u"ddd, MMM d");
+}
+
+QString time(Instant date, const Calendar &calendar, const QLocale &locale)
+{
+    return locale.toString(calendar.localTime(date).time(), u"HH:mm");
+}
+
+QString temperature(const WeatherSnapshot &weather)
+{
+    return roundedNumber(weather.temperatureC) + u'°';
+}
+
 QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &locale)
 {
-    const QTime time = calendar.localTime(checkIn.date()).time();
-    const QString text = locale.toString(time, u"HH:mm");
+    const QString text = time(checkIn.date(), calendar, locale);
     const auto &weather = checkIn.weather();
-    return weather ? text + u" · "_s + roundedNumber(weather->temperatureC) + u'°' : text;
+    return weather ? text + u" · "_s + temperature(*weather) : text;
 }
 
 const QList<Rating> &ratings()

@@ -22,8 +22,12 @@ namespace quorvel::HistoryTexts {
 
 /// The café's name, or that it is not known.
 [[nodiscard]] QString title(const CheckIn &checkIn);
-/// "14:05 · 22°", and without weather "14:05", as the user's wall clock shows it. Degrees are
-/// rounded to the nearest, halves away from zero.
+/// "Mon, Mar 3", and "14:05", as the user's calendar and clock on the wall show them.
+[[nodiscard]] QString day(Instant date, const Calendar &calendar, const QLocale &locale);
+[[nodiscard]] QString time(Instant date, const Calendar &calendar, const QLocale &locale);
+/// "22°", rounded to the nearest, halves away from zero.
+[[nodiscard]] QString temperature(const WeatherSnapshot &weather);
+/// "14:05 · 22°", and without weather "14:05".
 [[nodiscard]] QString moment(const CheckIn &checkIn, const Calendar &calendar,
                              const QLocale &locale);
 

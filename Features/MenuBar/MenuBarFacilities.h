@@ -16,8 +16,8 @@ class PointsOfInterestSearch;
 class SystemSettings;
 class WifiClient;
 
-/// The parts of the operating system that the panel's services stand on, as the program picked
-/// them. Everything pointed to outlives the panel.
+/// The parts of the operating system that the panel's services stand on, and what the history
+/// reads, as the program picked them. Everything pointed to outlives both.
 struct MenuBarFacilities
 {
     /// Each location service has a manager of its own.
@@ -27,6 +27,8 @@ struct MenuBarFacilities
     QUrl weatherEndpoint = {};
     WifiClient *radio = nullptr;
     Keychain *keychain = nullptr;
+    /// The same keychain for another thread, to be called there.
+    std::function<std::unique_ptr<Keychain>()> makeKeychain = {};
     Pasteboard *pasteboard = nullptr;
     SystemSettings *systemSettings = nullptr;
     const Clock *clock = nullptr;

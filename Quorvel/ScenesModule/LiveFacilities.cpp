@@ -33,6 +33,7 @@ MenuBarFacilities LiveFacilities::menuBar()
             .weatherEndpoint = m_weatherEndpoint,
             .radio = &m_radio,
             .keychain = &Keychain::standard(),
+            .makeKeychain = &Keychain::makeDetached,
             .pasteboard = &m_pasteboard,
             .systemSettings = &m_systemSettings,
             .clock = &Clock::system()};

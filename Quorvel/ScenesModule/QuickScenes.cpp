@@ -8,6 +8,7 @@
 #include "Features/MenuBar/MenuBarServices.h"
 #include "Platform/Appearance/Appearance.h"
 #include "Platform/Errors/LocalizedError.h"
+#include "Platform/Files/FileManager.h"
 
 #include <QHash>
 #include <QQuickWindow>
@@ -111,8 +112,11 @@ QVariantMap QuickScenes::propertiesOf(const QString &identifier)
 {
     if (identifier != u"history"_s)
         return {};
-    m_history = std::make_unique<HistoryScreen>(m_context.environment->checkInRepository(),
-                                                *m_facilities.clock);
+    m_history = std::make_unique<HistoryScreen>(
+        HistoryRoles{.checkInRepository = m_context.environment->checkInRepository(),
+                     .photoStore = CheckInPhotoStore(FileManager::standard()),
+                     .makeKeychain = m_facilities.makeKeychain,
+                     .clock = *m_facilities.clock});
     return {{u"screen"_s, QVariant::fromValue(m_history.get())}};
 }
 

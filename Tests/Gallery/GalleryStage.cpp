@@ -68,11 +68,18 @@ void GalleryStage::showWifi()
 
 void GalleryStage::showHistory()
 {
-    m_history.emplace(&m_world.repository, m_world.loop.clock);
+    m_history.emplace(m_historyWorld.roles(), m_historyWorld.center);
     m_history->appear();
     put(ViewFactory::make(m_engine, u"History"_s, u"HistoryView"_s,
                           {{u"screen"_s, QVariant::fromValue(&*m_history)}}),
         historySize, 0);
+}
+
+void GalleryStage::showVisit()
+{
+    showHistory();
+    m_history->openVisit(1);
+    HistoryWorld::finishLoading();
 }
 
 void GalleryStage::show(const QString &module, const QString &view, const QVariantMap &properties)
@@ -123,8 +130,8 @@ void GalleryStage::layOut()
 QStringList GalleryStage::names()
 {
     QStringList names;
-    for (const auto &visit : m_world.repository.visits)
-        names << visit->cafe()->name() << visit->note();
+    for (const auto &visit : m_historyWorld.repository.visits)
+        names << (visit->cafe() ? visit->cafe()->name() : QString()) << visit->note();
     if (!m_scene || !m_scene->located())
         return names;
     for (const QAbstractItemModel *rows :

@@ -3,6 +3,7 @@
 #include "Features/History/HistoryScreen.h"
 #include "Features/MenuBar/LaunchAtLoginToggle.h"
 #include "Features/MenuBar/MenuBarScene.h"
+#include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/MenuBar/PanelWorld.h"
 
 #include <QMarginsF>
@@ -32,6 +33,8 @@ public:
     void showWifi();
     /// The content of the history's window.
     void showHistory();
+    /// The same with its newest visit open, and all of that loaded.
+    void showVisit();
     void show(const QString &module, const QString &view, const QVariantMap &properties);
     void showSheet();
     /// The button of this label, in the view.
@@ -43,6 +46,7 @@ public:
     void keepAnswering();
 
     [[nodiscard]] PanelWorld &world() { return m_world; }
+    [[nodiscard]] HistoryWorld &historyWorld() { return m_historyWorld; }
     [[nodiscard]] MenuBarScene &scene() { return *m_scene; }
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
     [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
@@ -59,6 +63,7 @@ private:
     QQuickItem &m_place;
     // Order: what the view is bound to outlives it.
     PanelWorld m_world;
+    HistoryWorld m_historyWorld;
     std::optional<MenuBarScene> m_scene;
     std::optional<HistoryScreen> m_history;
     LaunchAtLoginToggle m_launchAtLogin;

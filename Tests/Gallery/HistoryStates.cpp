@@ -14,14 +14,14 @@ void visit(GalleryStage &stage, const QString &time, const QString &cafe, const 
            const WorkRatings &ratings, std::optional<WeatherSnapshot> weather)
 {
     auto place = std::make_shared<Cafe>(QUuid::createUuid(), cafe, 0, 0, std::nullopt, cafe);
-    stage.world().repository.visits.push_back(
+    stage.historyWorld().repository.visits.push_back(
         std::make_shared<CheckIn>(QUuid::createUuid(), instant(time), note, std::nullopt,
                                   std::nullopt, ratings, weather, place));
 }
 
 void listVisits(GalleryStage &stage)
 {
-    stage.world().loop.clock.instant = instant(u"2026-11-21T15:00:00Z"_s);
+    stage.historyWorld().clock.instant = instant(u"2026-11-21T15:00:00Z"_s);
     const WeatherSnapshot rain{.temperatureC = 24, .weatherCode = 61, .isDay = true};
     visit(stage, u"2026-11-17T08:05:00Z"_s, u"The Workshop"_s, {}, unrated, std::nullopt);
     visit(stage, u"2026-11-20T10:40:00Z"_s,
@@ -37,8 +37,8 @@ void listVisits(GalleryStage &stage)
 
 void failToList(GalleryStage &stage)
 {
-    stage.world().repository.failing = {u"allCheckIns"_s};
-    stage.world().repository.failure = u"The disk does not answer."_s;
+    stage.historyWorld().repository.failing = {u"allCheckIns"_s};
+    stage.historyWorld().repository.failure = u"The disk does not answer."_s;
     stage.showHistory();
 }
 

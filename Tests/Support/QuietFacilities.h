@@ -24,6 +24,7 @@ struct QuietFacilities
                 .weatherEndpoint = QUrl(QStringLiteral("https://weather.test")),
                 .radio = &radio,
                 .keychain = &keychain,
+                .makeKeychain = [] { return std::make_unique<FakeKeychain>(); },
                 .pasteboard = &pasteboard,
                 .systemSettings = &systemSettings,
                 .clock = &clock};

@@ -136,7 +136,7 @@ private slots:
 
     void assistiveToolsAreToldOfARowAndMayOpenIt()
     {
-        history().repository.visits.back()->setNote(u"Quiet."_s);
+        history().world.repository.visits.back()->setNote(u"Quiet."_s);
         history().screen.appear();
         history().settle();
         auto *row = QAccessible::queryAccessibleInterface(history().control(u"Door 59"_s));
@@ -152,9 +152,9 @@ private slots:
     {
         focusList();
         history().key(Qt::Key_Down);
-        history().repository.visits.push_back(
+        history().world.repository.visits.push_back(
             visit(u"2026-11-21T11:00:00Z"_s, cafe(u"New Door"_s)));
-        history().center.post(checkInDidSave);
+        history().world.center.post(checkInDidSave);
         history().settle();
         QCOMPARE(history().focused(), u"Door 58"_s);
     }

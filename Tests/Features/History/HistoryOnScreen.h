@@ -1,12 +1,10 @@
 #pragma once
 
 #include "Core/DesignSystem/ViewFactory.h"
-#include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/History/HistoryScreen.h"
-#include "Platform/Clock/FakeClock.h"
+#include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
 #include "Tests/Support/QuickTest.h"
-#include "Tests/Support/RunTask.h"
 
 #include <QQmlEngine>
 
@@ -17,7 +15,7 @@ namespace quorvel::tests {
 class HistoryOnScreen final
 {
 public:
-    explicit HistoryOnScreen(const Visits &visits) { repository.visits = visits; }
+    explicit HistoryOnScreen(const Visits &visits) { world.repository.visits = visits; }
 
     void open()
     {
@@ -70,11 +68,9 @@ public:
     }
     [[nodiscard]] QQuickWindow &window() { return *m_window; }
 
-    FakeCheckInRepository repository;
-    FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};
-    NotificationCenter center;
+    HistoryWorld world;
     // Order: what the window is bound to outlives it.
-    HistoryScreen screen{&repository, clock, center};
+    HistoryScreen screen{world.roles(), world.center};
 
 private:
     QQmlEngine m_engine;

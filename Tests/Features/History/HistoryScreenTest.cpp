@@ -1,7 +1,6 @@
 #include "Features/History/HistoryScreen.h"
 
-#include "Core/Persistence/FakeCheckInRepository.h"
-#include "Platform/Clock/FakeClock.h"
+#include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
 
 #include <QQmlComponent>
@@ -19,12 +18,9 @@ namespace {
 
 using Kind = HistoryScreen::Kind;
 
-struct World
+struct World : HistoryWorld
 {
-    FakeCheckInRepository repository;
-    FakeClock clock{instant(u"2026-11-21T12:00:00Z"_s)};
-    NotificationCenter center;
-    HistoryScreen screen{&repository, clock, center};
+    HistoryScreen screen{roles(), center};
 
     World()
     {
@@ -56,7 +52,9 @@ private slots:
 
     void withoutAStoreThereIsNothing()
     {
-        HistoryScreen storeless(nullptr, m_world->clock, m_world->center);
+        HistoryRoles roles = m_world->roles();
+        roles.checkInRepository = nullptr;
+        HistoryScreen storeless(roles, m_world->center);
         storeless.appear();
         QCOMPARE(storeless.kind(), Kind::Nothing);
         QCOMPARE(storeless.summaryText(), QString());
