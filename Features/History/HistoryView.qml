@@ -1,11 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import Quorvel.DesignSystem
 import Quorvel.History
 
-// All visits, the newest first, under the week that they add up to.
-Item {
+// The visits, or the one that is open in their place. Behind it they stay as they are, with the
+// focus where it was.
+FocusScope {
     id: root
 
     required property HistoryScreen screen
@@ -14,55 +14,33 @@ Item {
 
     objectName: "HistoryView"
 
-    HistoryHeader {
-        id: header
+    HistoryOverview {
+        id: overview
 
-        summary: root.screen.summaryText
-        width: parent.width
-
-        onCheckInRequested: root.dismissRequested()
-    }
-
-    ProgressIndicator {
-        anchors.centerIn: content
-        size: 24
-        visible: root.screen.kind === HistoryScreen.Waiting
-    }
-
-    PlainText {
-        anchors.centerIn: content
-        color: Theme.color.error
-        horizontalAlignment: Text.AlignHCenter
-        text: root.screen.errorText
-        visible: root.screen.kind === HistoryScreen.Failed
-        width: content.width
-        wrapMode: Text.Wrap
-    }
-
-    HistoryEmptyState {
-        anchors.centerIn: content
-        hint: root.screen.emptyHint
-        title: root.screen.emptyTitle
-        visible: root.screen.kind === HistoryScreen.Empty
-        width: content.width
-    }
-
-    Item {
-        id: content
-
-        anchors.bottom: parent.bottom
-        anchors.left: parent.left
-        anchors.margins: 16
-        anchors.right: parent.right
-        anchors.top: header.bottom
-    }
-
-    HistoryList {
-        id: list
-
-        anchors.fill: content
-        anchors.rightMargin: -list.margin
+        anchors.fill: parent
+        focus: true
         screen: root.screen
-        visible: root.screen.kind === HistoryScreen.List
+        visible: !root.screen.isVisitOpen
+
+        onDismissRequested: root.dismissRequested()
+        onVisibleChanged: if (overview.visible)
+            overview.focus = true
+    }
+
+    Repeater {
+        model: root.screen.openVisits
+
+        VisitDetailView {
+            id: visit
+
+            required property VisitDetail modelData
+
+            anchors.fill: root
+            detail: modelData
+
+            // Once it is there: the list would keep the focus otherwise.
+            Component.onCompleted: visit.focus = true
+            onBackRequested: root.screen.closeVisit()
+        }
     }
 }

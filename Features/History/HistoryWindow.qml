@@ -18,11 +18,12 @@ Window {
     title: "Check-ins — Quorvel"
     width: 600
 
-    onVisibleChanged: if (root.visible)
-        root.screen.appear()
+    // What was open is not kept: a card may hold the way into somebody's Wi-Fi.
+    onVisibleChanged: root.visible ? root.screen.appear() : root.screen.closeVisit()
 
     HistoryView {
         anchors.fill: parent
+        focus: true
         screen: root.screen
 
         onDismissRequested: root.close()

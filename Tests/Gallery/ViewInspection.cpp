@@ -83,12 +83,13 @@ double neededBy(const Ink &ink)
     // What cannot be pressed may stand back, as long as it can be made out.
     if (!ink.item->isEnabled())
         return forDisabled;
-    // Deliberate: the palette is given. Its tertiary, accent and success tokens are for labels and
-    // marks that repeat what a text beside them says, or that are shapes; none carries a sentence.
-    if (isOneOf(ink.colour, {tokens.textTertiary(), tokens.accentDeep(), tokens.success()}))
-        return forLabels;
     if (!ink.isText && isOneOf(ink.colour, {tokens.accent(), tokens.starOn()}))
         return forShapes;
+    // Deliberate: the palette is given. Its tertiary, accent and success tokens are for labels and
+    // marks that repeat what a text beside them says, or that are shapes; none carries a sentence.
+    if (isOneOf(ink.colour,
+                {tokens.textTertiary(), tokens.accent(), tokens.accentDeep(), tokens.success()}))
+        return forLabels;
     if (!ink.isText && isOneOf(ink.colour, {tokens.starOff()}))
         return forEmptyShapes;
     const auto font = ink.item->property("font").value<QFont>();
