@@ -16,8 +16,7 @@ Pressable {
     required property list<string> ratingLabels
     required property list<int> scores
 
-    Accessible.description: root.note
-    Accessible.name: root.label + ", " + root.moment
+    Accessible.description: root.note === "" ? root.moment : root.moment + ", " + root.note
     // The list goes from row to row by itself.
     activeFocusOnTab: false
     cornerRadius: 8

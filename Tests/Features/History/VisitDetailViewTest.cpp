@@ -1,6 +1,7 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
 
 #include <QAccessible>
+#include <QProcess>
 
 #include <optional>
 
@@ -11,6 +12,7 @@ namespace quorvel::tests {
 namespace {
 
 constexpr int manyVisits = 40;
+constexpr int readerMilliseconds = 20'000;
 
 Visits visits()
 {
@@ -26,6 +28,21 @@ QImage picture(const QColor &color)
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(color);
     return image;
+}
+
+/// What a camera sees in the picture.
+QString scanned(const QImage &image)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"code.png"_s);
+    if (!image.save(file))
+        return u"the picture was not written"_s;
+    QProcess reader;
+    reader.start(u"zbarimg"_s,
+                 {u"--raw"_s, u"--quiet"_s, u"--nodbus"_s, u"-Sbinary"_s, u"--oneshot"_s, file});
+    if (!reader.waitForFinished(readerMilliseconds))
+        return u"the reader did not end"_s;
+    return QString::fromUtf8(reader.readAllStandardOutput()).trimmed();
 }
 
 } // namespace
@@ -142,6 +159,27 @@ private slots:
         openNewest();
         QVERIFY(history().text(u"Scan to join wifi"_s));
         QVERIFY(history().text(u"Blue"_s));
+    }
+
+    void theCodeCanBeScannedOffTheScreen_data()
+    {
+        QTest::addColumn<QString>("ssid");
+        QTest::addColumn<QString>("password");
+        QTest::newRow("short") << u"Blue"_s << u"12345678"_s;
+        QTest::newRow("Vietnamese") << u"Cà phê Gió Sông 5G"_s << u"ca phe sua da 35k"_s;
+        QTest::newRow("longest") << QString(32, u'W') << QString(63, u'x');
+    }
+
+    void theCodeCanBeScannedOffTheScreen()
+    {
+        QFETCH(const QString, ssid);
+        QFETCH(const QString, password);
+        history().world.savePassword(password, ssid);
+        newest()->cafe()->setLastKnownSSID(ssid);
+        history().window().resize(600, 900);
+        openNewest();
+        QCOMPARE(scanned(history().window().grabWindow()),
+                 u"WIFI:T:WPA;S:%1;P:%2;;"_s.arg(ssid, password));
     }
 
     void theBannerShowsThePhotoWhileThereIsOne()
