@@ -36,6 +36,11 @@ class Person:
         what = f"“{name}” is “{description}”"
         self._desktop.wait_until(lambda: self._described(name) == description, what)
 
+    def wait_for_words(self, name, words):
+        """Among those that describe the control of that name."""
+        what = f"“{name}” is described with “{words}”"
+        return self._desktop.wait_until(lambda: words in (self._described(name) or ""), what)
+
     def click(self, name, role=None, across=0.5):
         """In the middle of its height, and that far across its width."""
         left, top, width, height = self._brought_into_view(name, role)

@@ -59,6 +59,10 @@ class Tour:
         self._step("Opened again, it knows of today's visit", self._open_again)
         self._step("A second check-in is refused", self._refused)
         self._step("The history lists the visit", self._list_visits)
+        self._step("A click on the visit opens its card", self._open_visit)
+        self._step("A camera joins the Wi-Fi by the card", self._scan)
+        self._step("The way back leads to the list", self._go_back)
+        self._step("A visit somewhere else comes into the list by itself", self._check_in_elsewhere)
         self._step("Store and keychain hold what was typed, once", self._look_behind)
         self._person.close()
 
@@ -148,11 +152,49 @@ class Tour:
     def _list_visits(self):
         self._person.click("Check-ins")
         self._desktop.wait_for_focused_window(HISTORY)
-        for text in ("Your check-ins", "1 visits · 1 cafés this week", "TODAY", CHOSEN, NOTE):
+        for text in ("Your check-ins", "1 visits · 1 cafés this week", "TODAY", CHOSEN):
             self._person.wait_for(text)
+        self._person.wait_for_words(CHOSEN, f"31°, {NOTE}")
+
+    def _open_visit(self):
+        self._person.click(CHOSEN)
+        for text in (CHOSEN, "31°", "Checked in", "WiFi speed 5 of 5", "Calls 4 of 5", NOTE,
+                     "Scan to join wifi", NETWORK, "Logged with Quorvel", "Share"):
+            self._person.wait_for(text)
+        self._person.wait_until_gone("Your check-ins")
+
+    def _scan(self):
+        self._person.press("Next")
+        picture = self._desktop.settled_picture()
+        shot = self._folder / "scanned.png"
+        picture.write_png(shot)
+        command = ["zbarimg", "--raw", "--quiet", "--nodbus", "-Sbinary", "--oneshot", shot]
+        read = subprocess.run(command, capture_output=True, timeout=COMMAND_SECONDS, check=False)
+        shot.unlink()
+        expected = f"WIFI:T:WPA;S:{NETWORK};P:{PASSWORD};;"
+        self._expect("the code", read.stdout.decode().strip(), expected)
+        return picture
+
+    def _go_back(self):
+        self._person.click("Check-ins")
+        self._person.wait_for("Your check-ins")
+        self._person.wait_for_words(CHOSEN, NOTE)
+
+    def _check_in_elsewhere(self):
+        self._desktop.click_icon()
+        self._desktop.wait_for_focused_window(PANEL)
+        self._person.wait_for(REFUSAL)
+        self._person.click("Change")
+        self._person.wait_for("Choose a café")
+        self._person.click(NEAREST)
+        self._person.wait_until_gone("Choose a café")
+        self._person.click("Check In")
+        self._person.wait_for("Checked in!")
+        self._person.wait_for("2 visits · 2 cafés this week")
 
     def _look_behind(self):
-        (visit,) = self._visits()
+        visit, other = self._visits()
+        self._expect("the other visit", other["name"], NEAREST)
         expected = {"name": CHOSEN, "lastKnownSSID": NETWORK, "note": NOTE, "wifiSpeed": 5,
                     "outlets": 3, "noise": 2, "quietForCalls": 4}
         self._expect("the visit", {key: visit[key] for key in expected}, expected)
