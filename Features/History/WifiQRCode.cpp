@@ -9,7 +9,7 @@
 namespace quorvel {
 namespace {
 
-constexpr double largestSide = 120;
+constexpr double largestSide = 128;
 constexpr double stepsOfPoint = 2;
 
 /// Of a code with that many modules along its side.
