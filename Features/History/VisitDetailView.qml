@@ -32,6 +32,13 @@ FocusScope {
         onActivated: root.backRequested()
     }
 
+    MouseArea {
+        acceptedButtons: Qt.BackButton
+        anchors.fill: parent
+
+        onClicked: root.backRequested()
+    }
+
     VisitDetailHeader {
         id: header
 

@@ -38,7 +38,11 @@ private slots:
         m_history.emplace(visits());
         m_history->open();
     }
-    void cleanup() { m_history.reset(); }
+    void cleanup()
+    {
+        HistoryWorld::finishLoading();
+        m_history.reset();
+    }
 
     void aClickAnywhereOnARowOpensItsVisit()
     {

@@ -39,7 +39,11 @@ class HistoryScreenTest final : public QObject
 
 private slots:
     void init() { m_world.emplace(); }
-    void cleanup() { m_world.reset(); }
+    void cleanup()
+    {
+        HistoryWorld::finishLoading();
+        m_world.reset();
+    }
 
     void beforeItsFirstShowingNothingIsLoaded()
     {
@@ -139,6 +143,41 @@ private slots:
         screen().closeVisit();
         QCOMPARE(changes.count(), 2);
         QCOMPARE(titles(), before);
+    }
+
+    void aClosedVisitIsLetGoOfOnceItsViewHasGone()
+    {
+        screen().appear();
+        screen().openVisit(1);
+        const QPointer<VisitDetail> closed(screen().openVisit());
+        QCOMPARE(screen().openVisits(), (QVariantList{QVariant::fromValue(closed.get())}));
+        screen().closeVisit();
+        QCOMPARE(screen().openVisits(), QVariantList());
+        QVERIFY(closed);
+        QCoreApplication::sendPostedEvents(closed, QEvent::DeferredDelete);
+        QVERIFY(!closed);
+    }
+
+    void anotherVisitTakesThePlaceOfTheOpenOne()
+    {
+        screen().appear();
+        screen().openVisit(1);
+        const QVariantList before = screen().openVisits();
+        screen().openVisit(3);
+        QCOMPARE(screen().openVisit()->card().title, u"Red Door"_s);
+        QVERIFY(screen().openVisits() != before);
+        screen().openVisit(3);
+        QCOMPARE(screen().openVisits().size(), 1);
+    }
+
+    void anOpenVisitIsLoadedAtOnce()
+    {
+        m_world->savePassword(u"secret"_s, u"Blue"_s);
+        m_world->repository.visits.back()->cafe()->setLastKnownSSID(u"Blue"_s);
+        screen().appear();
+        screen().openVisit(1);
+        HistoryWorld::finishLoading();
+        QVERIFY(screen().openVisit()->hasWifiQR());
     }
 
     void headersAndRowsThatAreNotThereOpenNothing()

@@ -104,6 +104,13 @@ private slots:
         QCOMPARE(history().focused(), u"Door 1"_s);
     }
 
+    void theBackButtonOfAMouseGoesBackToo()
+    {
+        openNewest();
+        QTest::mouseClick(&history().window(), Qt::BackButton, {}, QuickTest::centre(card()));
+        QVERIFY(!history().screen.isVisitOpen());
+    }
+
     void afterAClickTheFocusComesBackToTheRow()
     {
         history().click(history().control(u"Door 36"_s));
