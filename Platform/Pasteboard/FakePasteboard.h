@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Errors/FakeAnswers.h"
 #include "Platform/Pasteboard/Pasteboard.h"
 
 #include <QStringList>
@@ -14,15 +15,27 @@ public:
     {
         calls.append(QStringLiteral("clear"));
         secret.clear();
+        image = QImage();
     }
     void setSecret(const QString &text) override
     {
         calls.append(QStringLiteral("secret"));
         secret = text;
     }
+    void setImage(const QImage &offered, Secrecy secrecy,
+                  Completion<Acceptance> completion) override
+    {
+        const bool isSecret = secrecy == Secrecy::Secret;
+        calls.append(isSecret ? QStringLiteral("secret image") : QStringLiteral("image"));
+        image = offered;
+        acceptances.call(std::move(completion));
+    }
 
     QString secret;
+    QImage image;
     QStringList calls;
+    /// What becomes of the images.
+    FakeAnswers<Acceptance> acceptances{"FakePasteboard::setImage"};
 };
 
 } // namespace quorvel

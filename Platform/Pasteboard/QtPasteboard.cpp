@@ -1,25 +1,66 @@
 #include "Platform/Pasteboard/QtPasteboard.h"
 
+#include "Platform/Pasteboard/PictureOffer.h"
+#include "Platform/X11/X11Server.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
 namespace quorvel {
 
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A Wayland compositor that refuses an offer withdraws it, after a tenth of a second.
+constexpr std::chrono::milliseconds withdrawalInterval = 200ms;
+
+QClipboard &clipboard()
+{
+    return *QGuiApplication::clipboard();
+}
+
+/// Whether the X server asks us when somebody pastes; nothing on another window system. It turns
+/// down a claim that is older than the one it has, and no error says so.
+std::optional<bool> isX11SelectionOurs()
+{
+    xcb_connection_t *const server = X11Server::connection();
+    if (!server)
+        return std::nullopt;
+    const xcb_atom_t selection = X11Server::atom(server, "CLIPBOARD");
+    return X11Server::isOurs(server, X11Server::selectionOwner(server, selection));
+}
+
+} // namespace
 
 void QtPasteboard::clearContents()
 {
-    QGuiApplication::clipboard()->clear();
+    clipboard().clear();
 }
 
 void QtPasteboard::setSecret(const QString &text)
 {
     auto *data = new QMimeData; // The clipboard takes it.
     data->setText(text);
-    // The mark that clipboard managers agree on, whatever the desktop.
-    data->setData(u"x-kde-passwordManagerHint"_s, "secret");
-    QGuiApplication::clipboard()->setMimeData(data);
+    data->setData(PictureOffer::secretMark, PictureOffer::secret);
+    clipboard().setMimeData(data);
+}
+
+void QtPasteboard::setImage(const QImage &image, Secrecy secrecy, Completion<Acceptance> completion)
+{
+    // A compositor never tells a program that it has not given the focus once.
+    const bool isInFront = QGuiApplication::focusWindow() != nullptr;
+    clipboard().setMimeData(new PictureOffer(image, secrecy)); // The clipboard takes it.
+    const std::optional<bool> verdict = isX11SelectionOurs();
+    const auto answer = [isInFront, verdict, completion = std::move(completion)] {
+        const bool isOurs = verdict.value_or(isInFront && clipboard().ownsClipboard());
+        completion(
+            Outcome<Acceptance>::success(isOurs ? Acceptance::Accepted : Acceptance::Refused));
+    };
+    QTimer::singleShot(verdict ? 0ms : withdrawalInterval, &m_open, answer);
 }
 
 } // namespace quorvel

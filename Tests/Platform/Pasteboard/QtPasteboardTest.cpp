@@ -5,6 +5,8 @@
 #include <QMimeData>
 #include <QTest>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
@@ -31,6 +33,29 @@ private slots:
         QCOMPARE(clipboard().text(), QString());
         const auto *left = clipboard().mimeData();
         QVERIFY(!left || !left->hasFormat(u"x-kde-passwordManagerHint"_s));
+    }
+
+    /// This test's clipboard is the program's own.
+    void whatNoOtherProgramCanPasteIsRefused()
+    {
+        std::optional<Acceptance> acceptance;
+        QtPasteboard pasteboard;
+        pasteboard.setImage(
+            QImage(2, 2, QImage::Format_RGB32), Secrecy::Open,
+            [&acceptance](Outcome<Acceptance> outcome) { acceptance = outcome.take(); });
+        QVERIFY(clipboard().mimeData()->hasFormat(u"image/png"_s));
+        QTRY_COMPARE(acceptance, Acceptance::Refused);
+    }
+
+    void aCallThatIsOpenAtTheEndIsNotAnswered()
+    {
+        const auto held = std::make_shared<int>();
+        {
+            QtPasteboard pasteboard;
+            pasteboard.setImage(QImage(2, 2, QImage::Format_RGB32), Secrecy::Open,
+                                [held](Outcome<Acceptance>) { qFatal("answered"); });
+        }
+        QTRY_COMPARE(held.use_count(), 1);
     }
 
 private:
