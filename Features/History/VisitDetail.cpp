@@ -2,6 +2,7 @@
 
 #include "Features/History/VisitPhoto.h"
 #include "Platform/Clock/Clock.h"
+#include "Services/Share/ShareSlug.h"
 
 namespace quorvel {
 
@@ -23,27 +24,17 @@ VisitDetail::VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &r
     , m_roles(roles)
     , m_checkIn(std::move(checkIn))
     , m_card(VisitCard::of(*m_checkIn, roles.clock.calendar(), roles.clock.locale()))
-{}
+    , m_share({.slug = [this] { return shareSlug(); }, .picture = [this] { return picture(); }},
+              roles.pasteboard, roles.fileManager)
+{
+    connect(&m_share, &VisitShare::stateChanged, this, &VisitDetail::shareStateChanged);
+}
 
 void VisitDetail::load()
 {
     spawn(loadPhoto(this,
                     VisitPhoto::load(m_roles.photoStore, m_checkIn->photoFilename(), photoArea)));
     spawn(loadWifiQR(this, VisitWifiQR::load(ssidOf(*m_checkIn), m_roles.makeKeychain)));
-}
-
-void VisitDetail::share()
-{
-    if (m_shareState == ShareState::Idle)
-        emit shareRequested();
-}
-
-void VisitDetail::setShareState(ShareState state)
-{
-    if (m_shareState == state)
-        return;
-    m_shareState = state;
-    emit shareStateChanged();
 }
 
 Task<> VisitDetail::loadPhoto(QPointer<VisitDetail> self, Task<Picture> photo)
@@ -62,6 +53,17 @@ Task<> VisitDetail::loadWifiQR(QPointer<VisitDetail> self, Task<Picture> wifiQR)
         co_return;
     self->m_wifiQRImage = *image;
     emit self->wifiQRImageChanged();
+}
+
+QString VisitDetail::shareSlug() const
+{
+    return ShareSlug::of(*m_checkIn, m_roles.clock.calendar());
+}
+
+VisitShare::Picture VisitDetail::picture()
+{
+    return {.image = m_roles.renderCard(*this),
+            .secrecy = hasWifiQR() ? Secrecy::Secret : Secrecy::Open};
 }
 
 } // namespace quorvel

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Features/History/HistoryRoles.h"
-#include "Features/History/ShareState.h"
 #include "Features/History/VisitCard.h"
+#include "Features/History/VisitShare.h"
 
 #include <QImage>
 #include <QPointer>
@@ -28,10 +28,8 @@ public:
 
     /// Once, when the visit is shown. Answers that come after this is gone go nowhere.
     void load();
-    /// By the Share button. Ignored while another press is served, and while its outcome is told.
-    Q_INVOKABLE void share();
-    /// By whoever renders the card.
-    void setShareState(ShareState state);
+    /// By the Share button.
+    Q_INVOKABLE void share() { m_share.share(); }
 
     [[nodiscard]] const std::shared_ptr<CheckIn> &checkIn() const { return m_checkIn; }
     [[nodiscard]] const VisitCard &card() const { return m_card; }
@@ -39,15 +37,14 @@ public:
     [[nodiscard]] const QImage &photoImage() const { return m_photoImage; }
     [[nodiscard]] const QImage &wifiQRImage() const { return m_wifiQRImage; }
     [[nodiscard]] bool hasWifiQR() const { return !m_wifiQRImage.isNull(); }
-    [[nodiscard]] ShareState shareState() const { return m_shareState; }
-    [[nodiscard]] QString shareText() const { return ShareTexts::label(m_shareState); }
-    [[nodiscard]] QString shareSymbol() const { return ShareTexts::symbol(m_shareState); }
-    [[nodiscard]] bool isSharing() const { return m_shareState == ShareState::Working; }
+    [[nodiscard]] ShareState shareState() const { return m_share.state(); }
+    [[nodiscard]] QString shareText() const { return ShareTexts::label(shareState()); }
+    [[nodiscard]] QString shareSymbol() const { return ShareTexts::symbol(shareState()); }
+    [[nodiscard]] bool isSharing() const { return shareState() == ShareState::Working; }
 
 signals:
     void photoImageChanged();
     void wifiQRImageChanged();
-    void shareRequested();
     void shareStateChanged();
 
 private:
@@ -56,12 +53,15 @@ private:
     [[nodiscard]] static Task<> loadPhoto(QPointer<VisitDetail> self, Task<Picture> photo);
     [[nodiscard]] static Task<> loadWifiQR(QPointer<VisitDetail> self, Task<Picture> wifiQR);
 
+    [[nodiscard]] QString shareSlug() const;
+    [[nodiscard]] VisitShare::Picture picture();
+
     HistoryRoles m_roles;
     std::shared_ptr<CheckIn> m_checkIn;
     VisitCard m_card;
     QImage m_photoImage;
     QImage m_wifiQRImage;
-    ShareState m_shareState = ShareState::Idle;
+    VisitShare m_share;
 };
 
 } // namespace quorvel

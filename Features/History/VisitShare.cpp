@@ -4,10 +4,10 @@
 
 namespace quorvel {
 
-VisitShare::VisitShare(std::function<Card()> card, Pasteboard &pasteboard, const FileManager &files,
+VisitShare::VisitShare(Source source, Pasteboard &pasteboard, const FileManager &files,
                        std::chrono::milliseconds telling, QObject *parent)
     : QObject(parent)
-    , m_card(std::move(card))
+    , m_source(std::move(source))
     , m_pasteboard(pasteboard)
     , m_files(files)
     , m_telling(new QTimer(this))
@@ -24,29 +24,29 @@ void VisitShare::share()
     if (m_state != ShareState::Idle)
         return;
     setState(ShareState::Working);
-    postToMainThread([self = QPointer(this), card = m_card()] {
+    postToMainThread([self = QPointer(this), slug = m_source.slug()] {
         if (self)
-            spawn(run(self, card));
+            spawn(run(self, slug));
     });
 }
 
-Task<> VisitShare::run(QPointer<VisitShare> self, Card card)
+Task<> VisitShare::run(QPointer<VisitShare> self, QString slug)
 {
     auto *pasteboard = &self->m_pasteboard;
     auto *files = &self->m_files;
-    const QImage image = card.render();
-    if (image.isNull()) {
+    const Picture picture = self->m_source.picture();
+    if (picture.image.isNull()) {
         self->setState(ShareState::Idle);
         co_return;
     }
     // Order: what was there is gone even when the picture does not take its place.
     pasteboard->clearContents();
     Pending<Acceptance> pending;
-    pasteboard->setImage(image, card.secrecy, pending.completion());
+    pasteboard->setImage(picture.image, picture.secrecy, pending.completion());
     const auto acceptance = co_await pending;
     auto outcome = ShareState::Copied;
     if (acceptance == Acceptance::Refused) {
-        const auto url = ClipboardImageWriter::saveToDownloads(image, card.slug, *files);
+        const auto url = ClipboardImageWriter::saveToDownloads(picture.image, slug, *files);
         outcome = url ? ShareState::Saved : ShareState::Idle;
     }
     if (self)

@@ -17,19 +17,25 @@ class VisitShare final : public QObject
     Q_OBJECT
 
 public:
-    /// The card of a visit, as it is when the button is pressed.
-    struct Card
+    /// The card, null when it cannot be drawn, and whether a password can be read from it.
+    struct Picture
     {
-        /// Null when there is none. Called in a turn of the event loop of its own.
-        std::function<QImage()> render;
+        QImage image;
         Secrecy secrecy;
-        QString slug;
+    };
+
+    /// Where the visit comes from. Each is called once a share: the slug at the press, the other in
+    /// a turn of its own, so that the button answers first.
+    struct Source
+    {
+        std::function<QString()> slug;
+        std::function<Picture()> picture;
     };
 
     static constexpr std::chrono::milliseconds tellingInterval{2200};
 
-    /// The card is asked for once a share. The pasteboard and the files outlive the tasks.
-    VisitShare(std::function<Card()> card, Pasteboard &pasteboard, const FileManager &files,
+    /// The pasteboard and the files outlive this, and whatever it started.
+    VisitShare(Source source, Pasteboard &pasteboard, const FileManager &files,
                std::chrono::milliseconds telling = tellingInterval, QObject *parent = nullptr);
 
     /// Ignored while another one is under way, and while its outcome is told. It goes on to its end
@@ -42,11 +48,11 @@ signals:
     void stateChanged();
 
 private:
-    [[nodiscard]] static Task<> run(QPointer<VisitShare> self, Card card);
+    [[nodiscard]] static Task<> run(QPointer<VisitShare> self, QString slug);
     void setState(ShareState state);
     void tell(ShareState outcome);
 
-    std::function<Card()> m_card;
+    Source m_source;
     Pasteboard &m_pasteboard;
     const FileManager &m_files;
     ShareState m_state = ShareState::Idle;

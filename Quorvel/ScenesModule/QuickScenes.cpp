@@ -4,6 +4,7 @@
 #include "Core/DesignSystem/Theme.h"
 #include "Core/DesignSystem/ViewFactory.h"
 #include "Features/History/HistoryScreen.h"
+#include "Features/History/VisitPicture.h"
 #include "Features/MenuBar/MenuBarPanel.h"
 #include "Features/MenuBar/MenuBarServices.h"
 #include "Platform/Appearance/Appearance.h"
@@ -116,7 +117,12 @@ QVariantMap QuickScenes::propertiesOf(const QString &identifier)
         HistoryRoles{.checkInRepository = m_context.environment->checkInRepository(),
                      .photoStore = CheckInPhotoStore(FileManager::standard()),
                      .makeKeychain = m_facilities.makeKeychain,
-                     .clock = *m_facilities.clock});
+                     .clock = *m_facilities.clock,
+                     .pasteboard = *m_facilities.pasteboard,
+                     .fileManager = FileManager::standard(),
+                     .renderCard = [this](VisitDetail &detail) {
+                         return VisitPicture::image(m_engine, detail);
+                     }});
     return {{u"screen"_s, QVariant::fromValue(m_history.get())}};
 }
 

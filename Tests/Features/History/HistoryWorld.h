@@ -7,6 +7,7 @@
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Keychain/FakeKeychain.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
+#include "Platform/Pasteboard/FakePasteboard.h"
 #include "Tests/Support/Instants.h"
 #include "Tests/Support/RunTask.h"
 
@@ -25,7 +26,10 @@ struct HistoryWorld
         return {.checkInRepository = &repository,
                 .photoStore = CheckInPhotoStore(fileManager),
                 .makeKeychain = [this] { return std::make_unique<FakeKeychain>(keychain); },
-                .clock = clock};
+                .clock = clock,
+                .pasteboard = pasteboard,
+                .fileManager = fileManager,
+                .renderCard = renderCard};
     }
 
     void savePassword(const QString &password, const QString &ssid)
@@ -49,6 +53,8 @@ struct HistoryWorld
     FakeCheckInRepository repository;
     FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};
     NotificationCenter center;
+    FakePasteboard pasteboard;
+    CardRenderer renderCard = [](VisitDetail &) { return QImage(1, 1, QImage::Format_RGB32); };
     /// Each thread is given a copy.
     FakeKeychain keychain;
     QTemporaryDir folder;

@@ -172,30 +172,55 @@ private slots:
 
     void withoutAPhotoThereIsNone() { QVERIFY(load(visitOn(std::nullopt)).photoImage().isNull()); }
 
-    void theShareButtonSaysHowFarItIs_data()
-    {
-        QTest::addColumn<ShareState>("state");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("symbol");
-        QTest::addColumn<int>("requests");
-        QTest::newRow("idle") << ShareState::Idle << u"Share"_s << u"square.and.arrow.up"_s << 1;
-        QTest::newRow("working") << ShareState::Working << u"Sharing…"_s << QString() << 0;
-        QTest::newRow("copied") << ShareState::Copied << u"Copied!"_s << u"checkmark"_s << 0;
-        QTest::newRow("saved") << ShareState::Saved << u"Saved to Downloads"_s << u"checkmark"_s
-                               << 0;
-    }
-
     void theShareButtonSaysHowFarItIs()
     {
-        QFETCH(const ShareState, state);
+        m_world->renderCard = [](VisitDetail &) { return picture(Qt::red); };
+        m_world->pasteboard.acceptances.willSucceed(Acceptance::Accepted);
         VisitDetail detail(visitOn(std::nullopt), m_world->roles());
-        detail.setShareState(state);
-        QTEST(detail.shareText(), "text");
-        QTEST(detail.shareSymbol(), "symbol");
-        QCOMPARE(detail.isSharing(), state == ShareState::Working);
-        const QSignalSpy requests(&detail, &VisitDetail::shareRequested);
+        QCOMPARE(detail.shareText(), u"Share"_s);
+        QCOMPARE(detail.shareSymbol(), u"square.and.arrow.up"_s);
+        const QSignalSpy changes(&detail, &VisitDetail::shareStateChanged);
         detail.share();
-        QTEST(int(requests.count()), "requests");
+        QCOMPARE(changes.count(), 1);
+        QVERIFY(detail.isSharing());
+        QCOMPARE(detail.shareText(), u"Sharing…"_s);
+        QCOMPARE(detail.shareSymbol(), QString());
+        QTRY_COMPARE(changes.count(), 2);
+        QVERIFY(!detail.isSharing());
+        QCOMPARE(detail.shareText(), u"Copied!"_s);
+        QCOMPARE(detail.shareSymbol(), u"checkmark"_s);
+    }
+
+    void itsOwnCardIsShared()
+    {
+        const VisitDetail *drawn = nullptr;
+        m_world->renderCard = [&drawn](VisitDetail &shared) {
+            drawn = &shared;
+            return picture(Qt::red);
+        };
+        share(visitOn(std::nullopt), Acceptance::Accepted);
+        QCOMPARE(drawn, m_detail.get());
+        QCOMPARE(m_world->pasteboard.image, picture(Qt::red));
+    }
+
+    void aRefusedCardIsNamedAfterCafeAndDay()
+    {
+        m_world->renderCard = [](VisitDetail &) { return picture(Qt::red); };
+        m_world->fileManager.downloads = {u"/downloads"_s};
+        share(visitOn(std::nullopt), Acceptance::Refused);
+        QCOMPARE(m_world->fileManager.files.keys(),
+                 QStringList{u"/downloads/checkin-blue-door-2025-03-03.png"_s});
+        QCOMPARE(m_detail->shareState(), ShareState::Saved);
+    }
+
+    void aCardWithACodeIsASecret()
+    {
+        m_world->renderCard = [](VisitDetail &) { return picture(Qt::red); };
+        m_world->savePassword(u"secret"_s, u"Blue"_s);
+        share(visitOn(u"Red"_s), Acceptance::Accepted);
+        QCOMPARE(m_world->pasteboard.calls, (QStringList{u"clear"_s, u"image"_s}));
+        share(visitOn(u"Blue"_s), Acceptance::Accepted);
+        QCOMPARE(m_world->pasteboard.calls.last(), u"secret image"_s);
     }
 
 private:
@@ -205,6 +230,13 @@ private:
         m_detail->load();
         HistoryWorld::finishLoading();
         return *m_detail;
+    }
+
+    void share(std::shared_ptr<CheckIn> checkIn, Acceptance acceptance)
+    {
+        m_world->pasteboard.acceptances.willSucceed(acceptance);
+        load(std::move(checkIn)).share();
+        QTRY_VERIFY(!m_detail->isSharing());
     }
 
     std::optional<HistoryWorld> m_world;

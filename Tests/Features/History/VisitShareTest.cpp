@@ -21,7 +21,6 @@ namespace {
 
 using States = QList<ShareState>;
 
-const QString slug = u"blue-2025-03-03"_s;
 const QString fileName = u"checkin-blue-2025-03-03.png"_s;
 bool hasPrivateMounts = false;
 
@@ -60,13 +59,13 @@ public:
     {}
 
     [[nodiscard]] VisitShare &share() { return m_share; }
-    [[nodiscard]] std::function<VisitShare::Card()> source()
+    [[nodiscard]] VisitShare::Source source()
     {
-        return [this] { return card(); };
+        return {.slug = [this] { return slug(); }, .picture = [this] { return draw(); }};
     }
     [[nodiscard]] const FileManager &fileManager() const { return m_fakeFiles; }
     [[nodiscard]] const QHash<QString, QByteArray> &files() const { return m_fakeFiles.files; }
-    [[nodiscard]] int renderings() const { return int(pasteboard.calls.count(u"render"_s)); }
+    [[nodiscard]] int drawings() const { return int(pasteboard.calls.count(u"picture"_s)); }
 
     /// To the end, and back.
     void shareOnce()
@@ -81,14 +80,15 @@ public:
     Secrecy secrecy = Secrecy::Open;
 
 private:
-    [[nodiscard]] VisitShare::Card card()
+    [[nodiscard]] QString slug()
     {
-        pasteboard.calls.append(u"card"_s);
-        const auto render = [this] {
-            pasteboard.calls.append(u"render"_s);
-            return image;
-        };
-        return {.render = render, .secrecy = secrecy, .slug = slug};
+        pasteboard.calls.append(u"slug"_s);
+        return u"blue-2025-03-03"_s;
+    }
+    [[nodiscard]] VisitShare::Picture draw()
+    {
+        pasteboard.calls.append(u"picture"_s);
+        return {.image = image, .secrecy = secrecy};
     }
 
     FakeFileManager m_fakeFiles = [] {
@@ -115,7 +115,7 @@ private slots:
         QCOMPARE(world.share().state(), ShareState::Idle);
         world.shareOnce();
         QCOMPARE(world.pasteboard.calls,
-                 QStringList({u"Sharing…"_s, u"card"_s, u"render"_s, u"clear"_s, u"image"_s,
+                 QStringList({u"Sharing…"_s, u"slug"_s, u"picture"_s, u"clear"_s, u"image"_s,
                               u"Copied!"_s, u"Share"_s}));
         QCOMPARE(world.pasteboard.image, picture());
         QVERIFY(world.files().isEmpty());
@@ -127,7 +127,7 @@ private slots:
         world.pasteboard.acceptances.willSucceed(Acceptance::Refused);
         world.shareOnce();
         QCOMPARE(world.pasteboard.calls,
-                 QStringList({u"Sharing…"_s, u"card"_s, u"render"_s, u"clear"_s, u"image"_s,
+                 QStringList({u"Sharing…"_s, u"slug"_s, u"picture"_s, u"clear"_s, u"image"_s,
                               u"Saved to Downloads"_s, u"Share"_s}));
         QCOMPARE(world.files().keys(), QStringList{u"/downloads/"_s + fileName});
         const auto read = QImage::fromData(world.files().constBegin().value(), "png");
@@ -158,7 +158,7 @@ private slots:
         World world;
         world.pasteboard.acceptances.willSucceed(Acceptance::Accepted);
         world.share().share();
-        QCOMPARE(world.pasteboard.calls, QStringList({u"Sharing…"_s, u"card"_s}));
+        QCOMPARE(world.pasteboard.calls, QStringList({u"Sharing…"_s, u"slug"_s}));
         QTRY_COMPARE(world.share().state(), ShareState::Idle);
     }
 
@@ -168,14 +168,14 @@ private slots:
         world.pasteboard.acceptances.willHold();
         world.share().share();
         world.share().share();
-        QTRY_COMPARE(world.renderings(), 1);
+        QTRY_COMPARE(world.drawings(), 1);
         world.share().share();
         world.pasteboard.acceptances.release(Outcome<Acceptance>::success(Acceptance::Accepted));
         QTRY_COMPARE(world.share().state(), ShareState::Copied);
         world.share().share();
         QTRY_COMPARE(world.share().state(), ShareState::Idle);
-        QCOMPARE(world.pasteboard.calls.count(u"card"_s), 1);
-        QCOMPARE(world.renderings(), 1);
+        QCOMPARE(world.pasteboard.calls.count(u"slug"_s), 1);
+        QCOMPARE(world.drawings(), 1);
     }
 
     void anotherPressAfterItSharesAgain()
@@ -186,7 +186,7 @@ private slots:
         world.shareOnce();
         world.image.fill(Qt::blue);
         world.shareOnce();
-        QCOMPARE(world.renderings(), 2);
+        QCOMPARE(world.drawings(), 2);
         QCOMPARE(world.files().size(), 1);
         const auto read = QImage::fromData(world.files().constBegin().value(), "png");
         QCOMPARE(read.pixelColor(0, 0), QColor(Qt::blue));
@@ -269,7 +269,7 @@ private slots:
             share.share();
         }
         turnEventLoop();
-        QCOMPARE(world.pasteboard.calls, QStringList{u"card"_s});
+        QCOMPARE(world.pasteboard.calls, QStringList{u"slug"_s});
     }
 
     void aPictureThatIsDrawnIsSavedThoughTheVisitIsClosed()
