@@ -24,9 +24,25 @@ ListView {
             root.positionViewAtIndex(row - 1, ListView.Contain);
     }
 
-    function goToFirstInSight() {
-        const top = root.indexAt(0, root.contentY);
-        root.goTo(root.screen.visitBelow(top - 1));
+    function firstInSight(): int {
+        return root.screen.visitBelow(root.indexAt(0, root.contentY) - 1);
+    }
+
+    function lastInSight(): int {
+        const row = root.indexAt(0, root.contentY + root.height - 1);
+        return root.screen.visitAbove(row < 0 ? root.count : row + 1);
+    }
+
+    function pageUp() {
+        if (root.firstInSight() >= root.currentIndex)
+            root.positionViewAtIndex(root.currentIndex, ListView.End);
+        root.goTo(root.firstInSight());
+    }
+
+    function pageDown() {
+        if (root.lastInSight() <= root.currentIndex)
+            root.positionViewAtIndex(root.currentIndex, ListView.Beginning);
+        root.goTo(root.lastInSight());
     }
 
     function open(row: int) {
@@ -52,12 +68,16 @@ ListView {
             root.goTo(root.screen.visitBelow(-1));
         else if (event.key === Qt.Key_End)
             root.goTo(root.screen.visitAbove(root.count));
+        else if (event.key === Qt.Key_PageUp)
+            root.pageUp();
+        else if (event.key === Qt.Key_PageDown)
+            root.pageDown();
         else
             return;
         event.accepted = true;
     }
     onActiveFocusChanged: if (root.activeFocus && root.currentIndex < 0)
-        root.goToFirstInSight()
+        root.goTo(root.firstInSight())
 
     ScrollBar.vertical: ThinScrollBar {
         policy: root.contentHeight > root.height ? ScrollBar.AlwaysOn : ScrollBar.AlwaysOff

@@ -101,6 +101,42 @@ private slots:
         QCOMPARE(history().focused(), u"Door 59"_s);
     }
 
+    void aPageIsAsManyVisitsAsAreInSight()
+    {
+        focusList();
+        history().key(Qt::Key_PageDown);
+        const QString last = history().focused();
+        QVERIFY(last != u"Door 59"_s);
+        const double height = list()->height();
+        const double rest = list()->property("contentY").toDouble();
+        QVERIFY(rest < height / 4);
+        history().key(Qt::Key_PageDown);
+        const double paged = list()->property("contentY").toDouble() - rest;
+        QVERIFY(paged > height / 2 && paged <= height);
+        history().key(Qt::Key_PageUp);
+        QVERIFY(isInSight(last));
+        for (int count = 0; count < manyVisits; ++count)
+            history().key(Qt::Key_PageDown);
+        QCOMPARE(history().focused(), u"Door 0"_s);
+        for (int count = 0; count < manyVisits; ++count)
+            history().key(Qt::Key_PageUp);
+        QCOMPARE(history().focused(), u"Door 59"_s);
+        QVERIFY(history().text(u"TODAY"_s));
+    }
+
+    void inAShortListAPageGoesToItsEnd()
+    {
+        Visits &visits = history().world.repository.visits;
+        visits.erase(visits.begin(), visits.end() - 3);
+        history().screen.appear();
+        history().settle();
+        history().shown("count", 4)->forceActiveFocus(Qt::TabFocusReason);
+        history().key(Qt::Key_PageDown);
+        QCOMPARE(history().focused(), u"Door 57"_s);
+        history().key(Qt::Key_PageUp);
+        QCOMPARE(history().focused(), u"Door 59"_s);
+    }
+
     void theDayIsInSightWithItsFirstVisit()
     {
         focusList();
@@ -173,6 +209,12 @@ private:
     {
         list()->forceActiveFocus(Qt::TabFocusReason);
         history().settle();
+    }
+    [[nodiscard]] bool isInSight(const QString &label)
+    {
+        QQuickItem *row = history().control(label);
+        return row &&
+               list()->boundingRect().contains(list()->mapRectFromItem(row, row->boundingRect()));
     }
     [[nodiscard]] QString opened() { return history().screen.selected()->cafe()->name(); }
     [[nodiscard]] QStringList ringsShown()
