@@ -14,8 +14,6 @@ Item {
     readonly property real cornerRadius: 16
     readonly property real innerWidth: root.width - 2 * content.padding
 
-    Accessible.name: root.card.title
-    Accessible.role: Accessible.Pane
     implicitHeight: banner.height + content.height
     implicitWidth: 420
     objectName: "VisitCardView"

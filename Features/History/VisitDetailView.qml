@@ -12,6 +12,10 @@ FocusScope {
 
     signal backRequested
 
+    // It has the focus when it opens, and a screen reader says what that is.
+    Accessible.focusable: true
+    Accessible.name: root.detail.card.title
+    Accessible.role: Accessible.Pane
     objectName: "VisitDetailView"
 
     Keys.onDownPressed: area.scrollBy(area.lineStep)

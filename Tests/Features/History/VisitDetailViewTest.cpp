@@ -147,6 +147,15 @@ private slots:
         QVERIFY(scrolled() < end);
     }
 
+    void assistiveToolsAreToldWhichVisitOpened()
+    {
+        openNewest();
+        auto *opened = QAccessible::queryAccessibleInterface(history().window().activeFocusItem());
+        QVERIFY(opened);
+        QCOMPARE(opened->role(), QAccessible::Pane);
+        QCOMPARE(opened->text(QAccessible::Name), u"Door 39"_s);
+    }
+
     void tabComesToTheButtons()
     {
         openNewest();
