@@ -51,6 +51,9 @@ QFont ThemeFont::system(int size, QFont::Weight weight)
     QFont font;
     font.setPixelSize(size);
     font.setWeight(weight);
+    // The scene graph cuts a letter off where its outline ends that was fitted to whole points, of
+    // which a fine screen or picture has the parts.
+    font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }
 

@@ -118,6 +118,16 @@ private slots:
         QVERIFY(largestDifference(fine, large) <= 16);
     }
 
+    /// Beside a taller letter there is room for them in any case.
+    void noLetterIsCutOff()
+    {
+        const auto text = [this](const QString &words) {
+            return draw(u"PlainText"_s, {{u"text"_s, words}}, 2);
+        };
+        const QImage image = text(u"1.0000°N"_s);
+        QCOMPARE(text(u"1.0000°N Ắ"_s).copy(image.rect()), image);
+    }
+
     void withAnotherPainterThereIsNoPicture() { QVERIFY(m_paintedByAnother.isNull()); }
 
     void everyDrawingIsTheSame()
