@@ -1,9 +1,8 @@
 #include "Services/Wifi/WifiQRGenerator.h"
 
 #include "Platform/QRCode/QRCode.h"
+#include "Tests/Support/QRReader.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -15,26 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int readerMilliseconds = 20'000;
-
 QString payloadOf(const QString &ssid, const QString &password)
 {
     return WifiQRGenerator::payload(ssid, password, u"WPA"_s);
-}
-
-/// What an independent reader sees in the picture.
-QByteArray readBack(const QImage &image)
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"code.png"_s);
-    if (!image.save(file))
-        return "the picture was not written";
-    QProcess reader;
-    reader.start(u"zbarimg"_s,
-                 {u"--raw"_s, u"--quiet"_s, u"--nodbus"_s, u"-Sbinary"_s, u"--oneshot"_s, file});
-    if (!reader.waitForFinished(readerMilliseconds) || reader.exitCode() != 0)
-        return "nothing was read: " + reader.readAllStandardError();
-    return reader.readAllStandardOutput();
 }
 
 } // namespace
@@ -201,7 +183,7 @@ private slots:
         const QString payload = payloadOf(ssid, password);
         const auto image = WifiQRGenerator::image(payload, scale);
         QVERIFY(image);
-        QCOMPARE(readBack(*image), payload.toUtf8());
+        QCOMPARE(QRReader::read(*image), payload.toUtf8());
     }
 };
 
