@@ -17,7 +17,8 @@ class SystemSettings;
 class WifiClient;
 
 /// The parts of the operating system that the panel's services stand on, and what the history
-/// reads, as the program picked them. Everything pointed to outlives both.
+/// reads, as the program picked them; a program without a window has no pasteboard and no system
+/// settings. Everything pointed to outlives both.
 struct MenuBarFacilities
 {
     /// Each location service has a manager of its own.

@@ -12,14 +12,19 @@ MenuBarServices::MenuBarServices(const MenuBarFacilities &facilities)
     , m_keychain(SecItemKeychainStore::wifiService, *facilities.keychain)
 {}
 
+MenuBarViewModel::Services MenuBarServices::loop()
+{
+    return {.location = m_location,
+            .places = m_places,
+            .weather = m_weather,
+            .wifi = m_wifi,
+            .keychain = m_keychain};
+}
+
 MenuBarRoles MenuBarServices::roles(CheckInRepository *checkInRepository)
 {
     return {.checkInRepository = checkInRepository,
-            .loop = {.location = m_location,
-                     .places = m_places,
-                     .weather = m_weather,
-                     .wifi = m_wifi,
-                     .keychain = m_keychain},
+            .loop = loop(),
             .systemPasswords = m_systemPasswords,
             .pasteboard = *m_facilities.pasteboard,
             .systemSettings = *m_facilities.systemSettings,

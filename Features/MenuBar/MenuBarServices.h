@@ -11,12 +11,16 @@
 
 namespace quorvel {
 
-/// The services of the panel, made for it alone, over the facilities that the program picked.
+/// The services of the panel, or of a command in a terminal, made for it alone, over the facilities
+/// that the program picked.
 class MenuBarServices final
 {
 public:
     explicit MenuBarServices(const MenuBarFacilities &facilities);
 
+    /// What the daily loop asks, living as long as this.
+    [[nodiscard]] MenuBarViewModel::Services loop();
+    /// The same and all else that a panel asks, which needs a pasteboard and system settings.
     /// Living as long as this, and as the repository.
     [[nodiscard]] MenuBarRoles roles(CheckInRepository *checkInRepository);
 

@@ -45,6 +45,11 @@ NetworkManagerWifiClient::NetworkManagerWifiClient(const QDBusConnection &bus,
 
 NetworkManagerWifiClient::~NetworkManagerWifiClient() = default;
 
+void NetworkManagerWifiClient::whenRead(QObject *context, std::function<void()> action)
+{
+    m_model->whenRead(context, std::move(action));
+}
+
 bool NetworkManagerWifiClient::hasInterface() const
 {
     return !m_model->radio().isEmpty();

@@ -3,6 +3,7 @@
 #include "Platform/Wifi/WifiClient.h"
 #include "Platform/Wifi/WifiLimits.h"
 
+#include <functional>
 #include <memory>
 
 class QDBusConnection;
@@ -22,6 +23,10 @@ public:
     /// The bus is the system's, or a closed connection where there is none.
     explicit NetworkManagerWifiClient(const QDBusConnection &bus, const WifiLimits &limits = {});
     ~NetworkManagerWifiClient() override;
+
+    /// Calls back once the service has described the radio, or failed to: at once where it has
+    /// before. Until then there is no interface.
+    void whenRead(QObject *context, std::function<void()> action);
 
     [[nodiscard]] bool hasInterface() const override;
     [[nodiscard]] std::optional<QString> ssid() const override;

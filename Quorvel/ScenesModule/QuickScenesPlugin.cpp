@@ -1,7 +1,9 @@
 #include "Quorvel/ScenesModule/QuickScenesPlugin.h"
 
+#include "Platform/Pasteboard/QtPasteboard.h"
+#include "Platform/SystemSettings/DesktopSystemSettings.h"
 #include "Quorvel/Endpoints.h"
-#include "Quorvel/ScenesModule/LiveFacilities.h"
+#include "Quorvel/LiveFacilities.h"
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
 #include <QProcessEnvironment>
@@ -15,7 +17,7 @@ class LiveScenes final : public Scenes
 public:
     LiveScenes(SceneContext context, const Endpoints &endpoints)
         : m_facilities(endpoints)
-        , m_scenes(std::move(context), m_facilities.menuBar())
+        , m_scenes(std::move(context), menuBar())
     {}
 
     void toggleMenuBarPanel(const QRect &anchor) override { m_scenes.toggleMenuBarPanel(anchor); }
@@ -26,7 +28,17 @@ public:
     }
 
 private:
+    [[nodiscard]] MenuBarFacilities menuBar()
+    {
+        auto facilities = m_facilities.menuBar();
+        facilities.pasteboard = &m_pasteboard;
+        facilities.systemSettings = &m_systemSettings;
+        return facilities;
+    }
+
     LiveFacilities m_facilities;
+    QtPasteboard m_pasteboard;
+    DesktopSystemSettings m_systemSettings;
     QuickScenes m_scenes;
 };
 

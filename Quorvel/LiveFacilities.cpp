@@ -1,4 +1,4 @@
-#include "Quorvel/ScenesModule/LiveFacilities.h"
+#include "Quorvel/LiveFacilities.h"
 
 #include "Platform/Http/HttpClient.h"
 #include "Platform/Keychain/Keychain.h"
@@ -33,10 +33,13 @@ MenuBarFacilities LiveFacilities::menuBar()
             .weatherEndpoint = m_weatherEndpoint,
             .radio = &m_radio,
             .keychain = &Keychain::standard(),
-            .makeKeychain = &Keychain::makeDetached,
-            .pasteboard = &m_pasteboard,
-            .systemSettings = &m_systemSettings,
+             .makeKeychain = &Keychain::makeDetached,
             .clock = &Clock::system()};
+}
+
+void LiveFacilities::whenRadioIsRead(QObject *context, std::function<void()> action)
+{
+    m_radio.whenRead(context, std::move(action));
 }
 
 } // namespace quorvel

@@ -1,31 +1,31 @@
 #pragma once
 
 #include "Features/MenuBar/MenuBarFacilities.h"
-#include "Platform/Pasteboard/QtPasteboard.h"
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
-#include "Platform/SystemSettings/DesktopSystemSettings.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 
 namespace quorvel {
 
 struct Endpoints;
 
-/// The operating system and the web that the program runs on. They come with the scenes: an icon
-/// that nobody clicks asks neither.
+/// The operating system and the web that the daily loop runs on, for the scenes and for the
+/// commands of a terminal. None of it needs a display, and an icon that nobody clicks asks none of
+/// it.
 class LiveFacilities final
 {
 public:
     explicit LiveFacilities(const Endpoints &endpoints);
 
-    /// Living as long as this.
+    /// But for what a window alone needs. Living as long as this.
     [[nodiscard]] MenuBarFacilities menuBar();
+
+    /// Calls back once the radio is known, or that there is none to be known.
+    void whenRadioIsRead(QObject *context, std::function<void()> action);
 
 private:
     OverpassPointsOfInterest m_map;
     QUrl m_weatherEndpoint;
     NetworkManagerWifiClient m_radio;
-    QtPasteboard m_pasteboard;
-    DesktopSystemSettings m_systemSettings;
 };
 
 } // namespace quorvel
