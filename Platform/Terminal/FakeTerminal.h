@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Platform/Terminal/Terminal.h"
+#include "Platform/Terminal/TerminalError.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace quorvel {
+
+/// Keeps what was written, and refuses it as a test says.
+class FakeTerminal final : public Terminal
+{
+public:
+    void print(QByteArrayView result) override
+    {
+        if (failure)
+            throw TerminalError(*failure);
+        ++printCount;
+        printed.append(result);
+    }
+    void note(QByteArrayView words) override { noted.append(words); }
+    [[nodiscard]] bool isWatched() const override { return watched; }
+
+    QByteArray printed;
+    QByteArray noted;
+    int printCount = 0;
+    bool watched = false;
+    /// The `errno` that printing fails with.
+    std::optional<int> failure;
+};
+
+} // namespace quorvel

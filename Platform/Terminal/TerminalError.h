@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Platform/Errors/LocalizedError.h"
+
+namespace quorvel {
+
+/// Output that could not be written, with the system's reason.
+class TerminalError final : public LocalizedError
+{
+public:
+    /// An `errno` value.
+    explicit TerminalError(int code)
+        : m_code(code)
+    {}
+
+    /// Whoever read the output has read enough, as `head` does: nothing to complain about.
+    [[nodiscard]] bool isReaderGone() const;
+    [[nodiscard]] QString errorDescription() const override;
+
+    friend bool operator==(const TerminalError &left, const TerminalError &right)
+    {
+        return left.m_code == right.m_code;
+    }
+
+private:
+    int m_code;
+};
+
+} // namespace quorvel
