@@ -33,7 +33,7 @@ MenuBarFacilities LiveFacilities::menuBar()
             .weatherEndpoint = m_weatherEndpoint,
             .radio = &m_radio,
             .keychain = &Keychain::standard(),
-             .makeKeychain = &Keychain::makeDetached,
+            .makeKeychain = &Keychain::makeDetached,
             .clock = &Clock::system()};
 }
 
