@@ -3,6 +3,7 @@
 #include "Models/CheckIn.h"
 #include "Models/PlaceCandidate.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -16,6 +17,10 @@ class CheckInRepository
 {
 public:
     virtual ~CheckInRepository() = default;
+
+    /// Runs the action while no other process runs one: what it finds out here stays true until it
+    /// has saved. Not within another.
+    virtual void inTurn(const std::function<void()> &action) = 0;
 
     /// Every stored visit, newest first; visits of the same instant in the store's order.
     [[nodiscard]] virtual std::vector<std::shared_ptr<CheckIn>> allCheckIns() = 0;

@@ -24,6 +24,12 @@ public:
         QString m_sentence;
     };
 
+    void inTurn(const std::function<void()> &action) override
+    {
+        note(QStringLiteral("inTurn"));
+        action();
+    }
+
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> allCheckIns() override
     {
         note(QStringLiteral("allCheckIns"));

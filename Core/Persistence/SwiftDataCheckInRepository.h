@@ -15,6 +15,7 @@ public:
                                const CheckInPhotoStore &photoStore,
                                const Clock &clock = Clock::system());
 
+    void inTurn(const std::function<void()> &action) override { m_container->inTurn(action); }
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> allCheckIns() override;
     [[nodiscard]] std::shared_ptr<Cafe> findOrCreateCafe(const PlaceCandidate &from) override;
     [[nodiscard]] bool hasCheckedInToday(const std::optional<QString> &mapItemIdentifier) override;

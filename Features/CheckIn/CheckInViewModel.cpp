@@ -15,15 +15,7 @@ CheckInViewModel::CheckInViewModel(CheckInRepository &checkInRepository,
 void CheckInViewModel::refreshCheckedInTodayStatus(const std::optional<PlaceCandidate> &candidate)
 {
     setSaveState(SaveState::idle());
-    bool hasCheckedIn = false;
-    try {
-        hasCheckedIn = candidate &&
-                       m_checkInRepository.hasCheckedInToday(candidate->mapItemIdentifier) &&
-                       !isUnstored(*candidate);
-    } catch (const LocalizedError &) {
-        // Silent: a store that cannot tell does not keep the user from trying.
-    }
-    setHasCheckedInToday(hasCheckedIn);
+    setHasCheckedInToday(candidate && isStoredToday(*candidate));
 }
 
 // A copy: whoever hears that the save begins may put another snapshot in the original's place.
@@ -33,14 +25,18 @@ void CheckInViewModel::submit(LocatedSnapshot snapshot)
     if (m_hasCheckedInToday || m_saveState.isLoading() || !snapshot.selectedCafe)
         return;
     setSaveState(SaveState::loading());
+    bool isSaved = false;
     try {
-        save(snapshot);
+        isSaved = saveUnlessStored(snapshot);
     } catch (const LocalizedError &error) {
         return setSaveState(SaveState::error(AppError::network(error.errorDescription())));
     }
-    m_notificationCenter.post(checkInDidSave);
+    if (isSaved)
+        m_notificationCenter.post(checkInDidSave);
     // Order: at no moment of these is another save let in.
     setHasCheckedInToday(true);
+    if (!isSaved)
+        return setSaveState(SaveState::idle());
     setSaveState(SaveState::loaded(Saved()));
     clearForm();
 }
@@ -67,6 +63,27 @@ void CheckInViewModel::setWifiPasswordDraft(const QString &draft)
         return;
     m_wifiPasswordDraft = draft;
     emit wifiPasswordDraftChanged();
+}
+
+bool CheckInViewModel::saveUnlessStored(const LocatedSnapshot &snapshot)
+{
+    bool isStored = false;
+    m_checkInRepository.inTurn([&] {
+        isStored = isStoredToday(*snapshot.selectedCafe);
+        if (!isStored)
+            save(snapshot);
+    });
+    return !isStored;
+}
+
+bool CheckInViewModel::isStoredToday(const PlaceCandidate &candidate) const
+{
+    try {
+        return m_checkInRepository.hasCheckedInToday(candidate.mapItemIdentifier) &&
+               !isUnstored(candidate);
+    } catch (const LocalizedError &) {
+        return false; // Silent: a store that cannot tell does not keep the user from trying.
+    }
 }
 
 void CheckInViewModel::save(const LocatedSnapshot &snapshot)

@@ -37,7 +37,8 @@ public:
     void refreshCheckedInTodayStatus(const std::optional<PlaceCandidate> &candidate);
 
     /// Saves the visit. Refused in silence, as the screen says why, without a café, after today's
-    /// visit there, and while another save is under way.
+    /// visit there, also when another process has stored it meanwhile, and while another save is
+    /// under way.
     void submit(LocatedSnapshot snapshot);
 
     void setNote(const QString &note);
@@ -58,6 +59,9 @@ signals:
     void hasCheckedInTodayChanged();
 
 private:
+    /// False where today's visit there is stored already. Throws LocalizedError.
+    [[nodiscard]] bool saveUnlessStored(const LocatedSnapshot &snapshot);
+    [[nodiscard]] bool isStoredToday(const PlaceCandidate &candidate) const;
     /// Throws LocalizedError.
     void save(const LocatedSnapshot &snapshot);
     void fillVisit(const LocatedSnapshot &snapshot, const std::shared_ptr<Cafe> &cafe);

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace quorvel {
@@ -27,9 +28,14 @@ public:
     ModelContainer(const Schema &schema, const StoreConfiguration &configuration);
     ~ModelContainer();
 
+    /// Runs the action while no other process runs one: what it reads stays true until it has
+    /// saved. Not within another. Throws StoreError when a turn does not come.
+    void inTurn(const std::function<void()> &action);
+
     [[nodiscard]] ModelContext &mainContext() { return m_mainContext; }
 
 private:
+    StoreConfiguration m_configuration;
     std::unique_ptr<StoreConnection> m_connection;
     ModelContext m_mainContext;
 };

@@ -53,6 +53,7 @@ struct World
 class PendingRepository final : public CheckInRepository
 {
 public:
+    void inTurn(const std::function<void()> &action) override { action(); }
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> allCheckIns() override { return {}; }
     [[nodiscard]] std::shared_ptr<Cafe> findOrCreateCafe(const PlaceCandidate &) override
     {
@@ -143,7 +144,9 @@ private slots:
         m_form->submit(snapshot());
         QCOMPARE(m_log, QStringList({u"loading"_s, u"posted"_s, u"today"_s, u"loaded"_s, u"note"_s,
                                      u"ratings"_s, u"draft"_s}));
-        QCOMPARE(m_world->repository.calls, QStringList({u"findOrCreateCafe"_s, u"save"_s}));
+        // Asked anew in its own turn: another process may have stored today's visit meanwhile.
+        QCOMPARE(m_world->repository.calls, QStringList({u"inTurn"_s, u"hasCheckedInToday"_s,
+                                                         u"findOrCreateCafe"_s, u"save"_s}));
     }
 
     void afterASaveTheFormIsAsAtTheBeginning()
@@ -178,6 +181,30 @@ private slots:
         QVERIFY(m_form->saveState().isLoaded());
         QCOMPARE(m_form->note(), u"note"_s);
         QVERIFY(m_world->keychain.saved.isEmpty());
+    }
+
+    void aVisitThatAnotherProcessHasStoredMeanwhileIsRefused()
+    {
+        m_form->refreshCheckedInTodayStatus(cafe(u"blue"_s));
+        typeEverything();
+        m_world->repository.checkedInToday = {u"blue"_s};
+        m_form->submit(snapshot());
+        QCOMPARE(m_log, QStringList({u"loading"_s, u"today"_s, u"idle"_s}));
+        QVERIFY(m_form->hasCheckedInToday());
+        QVERIFY(m_world->repository.visits.empty());
+        QVERIFY(m_world->keychain.saved.isEmpty());
+        QCOMPARE(m_form->note(), u"note"_s);
+    }
+
+    void aTurnThatDoesNotComeIsTold()
+    {
+        typeEverything();
+        m_world->repository.failing = {u"inTurn"_s};
+        m_world->repository.failure = u"In use."_s;
+        m_form->submit(snapshot());
+        QCOMPARE(m_form->saveState().errorValue()->errorDescription(), u"Network error: In use."_s);
+        QVERIFY(m_world->repository.visits.empty());
+        formIsKept();
     }
 
     void aSnapshotWithoutACafeIsRefusedBeforeAnythingIsWritten()
@@ -248,7 +275,8 @@ private slots:
         QCOMPARE(m_log, QStringList({u"loading"_s, u"error"_s}));
         QVERIFY(*m_form->saveState().errorValue() ==
                 AppError::network(u"Keychain item exists but is not a valid UTF-8 string."_s));
-        QVERIFY(m_world->repository.calls.isEmpty());
+        QVERIFY(m_world->repository.cafes.empty());
+        QVERIFY(m_world->repository.visits.empty());
         formIsKept();
     }
 
