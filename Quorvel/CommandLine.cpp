@@ -20,6 +20,8 @@ struct ToolkitOption
     Value value;
 };
 
+constexpr std::array commands{"locate"_L1};
+
 constexpr std::array toolkitOptions{
     ToolkitOption{"platform"_L1, ToolkitOption::Value::Next},
     ToolkitOption{"platformpluginpath"_L1, ToolkitOption::Value::Next},
@@ -38,9 +40,14 @@ constexpr std::array toolkitOptions{
 QString helpText()
 {
     return u"Usage: quorvel [option]\n"
+           "       quorvel COMMAND [option...]\n"
            "\n"
            "A tray application for people who work from cafés. It lives as an icon in the\n"
            "status area; starting it again brings it forward.\n"
+           "\n"
+           "Commands, which need no display:\n"
+           "  locate         Find the café that you are in, its weather and its Wi-Fi.\n"
+           "“quorvel COMMAND --help” tells more.\n"
            "\n"
            "Options:\n"
            "  -h, --help     Show this text.\n"
@@ -58,6 +65,13 @@ CommandLine refusal(const QString &reason)
 {
     return {.errors = u"quorvel: "_s + reason + u"\nTry “quorvel --help”.\n"_s,
             .exitStatus = usageError};
+}
+
+/// The first argument alone can name one.
+bool isCommand(const QStringList &arguments)
+{
+    return !arguments.isEmpty() &&
+           std::find(commands.begin(), commands.end(), arguments.constFirst()) != commands.end();
 }
 
 bool isOption(const QString &argument)
@@ -90,6 +104,8 @@ const ToolkitOption *toolkitOption(QStringView name)
 
 CommandLine CommandLine::parse(const QStringList &arguments)
 {
+    if (isCommand(arguments))
+        return {.command = arguments};
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--help"_L1 || *argument == "-h"_L1)
             return answer(helpText());

@@ -15,7 +15,9 @@ struct CommandLine
     QString output = {};
     /// For standard error.
     QString errors = {};
-    /// Nothing: the program is to run.
+    /// A command of the terminal with its own arguments, which its module reads.
+    QStringList command = {};
+    /// Nothing: the program is to run, or the command.
     std::optional<int> exitStatus = {};
 
     /// Reads the arguments, without the program's name. The toolkit's options for every platform

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Features/Scenes/Scenes.h"
-
-#include <QPluginLoader>
+#include "Quorvel/ProgramModule.h"
 
 namespace quorvel {
 
@@ -17,7 +16,7 @@ public:
     [[nodiscard]] std::unique_ptr<Scenes> makeScenes(SceneContext context);
 
 private:
-    QPluginLoader m_module;
+    ProgramModule m_module;
 };
 
 } // namespace quorvel

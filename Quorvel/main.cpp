@@ -5,6 +5,7 @@
 #include "Quorvel/CommandLine.h"
 #include "Quorvel/Endpoints.h"
 #include "Quorvel/QuorvelApp.h"
+#include "Quorvel/TerminalStart.h"
 
 #include <QApplication>
 
@@ -93,12 +94,14 @@ int main(int argc, char **argv)
     quorvel::print(stderr, commandLine.errors);
     if (commandLine.exitStatus)
         return *commandLine.exitStatus;
+    QApplication::setApplicationName(QStringLiteral("quorvel"));
+    if (!commandLine.command.isEmpty())
+        return quorvel::TerminalStart::run(commandLine.command, argc, argv);
     if (!quorvel::hasDisplay())
         return quorvel::refuse("there is no display to show it on.");
     if (const auto mistake = quorvel::endpointMistake())
         return quorvel::refuse(mistake->what());
 
-    QApplication::setApplicationName(QStringLiteral("quorvel"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quorvel"));
     QApplication::setDesktopFileName(quorvel::applicationId);
     const QApplication application(argc, argv);

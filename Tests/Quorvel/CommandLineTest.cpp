@@ -37,6 +37,28 @@ class CommandLineTest final : public QObject
 private slots:
     void withoutArgumentsTheProgramRuns() { QCOMPARE(CommandLine::parse({}), run); }
 
+    void aCommandIsLeftToItsModule_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        for (const QString &name : {u"locate"_s})
+            QTest::newRow(qPrintable(name)) << QStringList{name};
+        QTest::newRow("with arguments")
+            << QStringList{u"locate"_s, u"--json"_s, u"--foo"_s, u"--help"_s, u"bar"_s};
+    }
+
+    void aCommandIsLeftToItsModule()
+    {
+        QFETCH(const QStringList, arguments);
+        QCOMPARE(CommandLine::parse(arguments), (CommandLine{.command = arguments}));
+    }
+
+    void theHelpNamesEveryCommand()
+    {
+        const QString help = CommandLine::parse({u"--help"_s}).output;
+        for (const QString &name : {u"locate"_s})
+            QVERIFY(help.contains(u"\n  "_s + name + u' '));
+    }
+
     void theVersionIsThatOfTheProject_data()
     {
         QTest::addColumn<QString>("argument");
@@ -90,6 +112,11 @@ private slots:
             << QStringList{u"--vers"_s} << u"quorvel: unknown option “--vers”"_s;
         QTest::newRow("argument") << QStringList{u"café.txt"_s}
                                   << u"quorvel: unexpected argument “café.txt”"_s;
+        QTest::newRow("a command in capitals")
+            << QStringList{u"Locate"_s} << u"quorvel: unexpected argument “Locate”"_s;
+        QTest::newRow("a command that is not the first")
+            << QStringList{u"-reverse"_s, u"locate"_s}
+            << u"quorvel: unexpected argument “locate”"_s;
         QTest::newRow("one dash") << QStringList{u"-"_s} << u"quorvel: unexpected argument “-”"_s;
         QTest::newRow("empty") << QStringList{QString()} << u"quorvel: unexpected argument “”"_s;
         QTest::newRow("placeholder")

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Features/Terminal/CommandArguments.h"
+#include "Features/Terminal/TerminalContext.h"
+
+/// "quorvel locate": the daily loop without a window.
+namespace quorvel::LocateCommand {
+
+[[nodiscard]] const CommandSyntax &syntax();
+
+/// Throws LocalizedError.
+[[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
+
+/// What a loop's end means to a script.
+[[nodiscard]] ExitStatus statusOf(const ViewState<LocatedSnapshot> &state);
+
+} // namespace quorvel::LocateCommand

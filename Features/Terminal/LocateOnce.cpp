@@ -1,0 +1,81 @@
+#include "Features/Terminal/LocateOnce.h"
+
+#include "Platform/Terminal/Terminal.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+namespace quorvel {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto progressStep = 1s;
+/// To the beginning of the line, which is emptied.
+constexpr auto takeLineBack = "\r\x1b[K";
+
+/// A line that says that something goes on, and for how long.
+class ProgressLine final
+{
+public:
+    explicit ProgressLine(Terminal &terminal)
+        : m_terminal(terminal)
+    {
+        if (!terminal.isWatched())
+            return;
+        show();
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+            m_seconds += int(progressStep.count());
+            show();
+        });
+        m_timer.start(progressStep);
+    }
+    Q_DISABLE_COPY_MOVE(ProgressLine)
+    ~ProgressLine()
+    {
+        if (m_terminal.isWatched())
+            m_terminal.note(takeLineBack);
+    }
+
+private:
+    void show()
+    {
+        QByteArray line = takeLineBack + QByteArray("Finding your café…");
+        if (m_seconds > 0)
+            line += " " + QByteArray::number(m_seconds) + " s";
+        m_terminal.note(line);
+    }
+
+    Terminal &m_terminal;
+    QTimer m_timer;
+    int m_seconds = 0;
+};
+
+/// Sends, and waits for what becomes of it.
+ViewState<LocatedSnapshot> answerTo(const MenuBarInput &input, MenuBarViewModel &viewModel)
+{
+    QEventLoop wait;
+    QObject::connect(&viewModel, &MenuBarViewModel::stateChanged, &wait, [&] {
+        if (!viewModel.state().isLoading())
+            wait.quit();
+    });
+    viewModel.send(input);
+    wait.exec();
+    return viewModel.state();
+}
+
+} // namespace
+
+ViewState<LocatedSnapshot> locateOnce(MenuBarViewModel &viewModel, Terminal &terminal)
+{
+    const ProgressLine progress(terminal);
+    return answerTo(MenuBarInput::start(), viewModel);
+}
+
+ViewState<LocatedSnapshot> selectOnce(MenuBarViewModel &viewModel, const PlaceCandidate &candidate)
+{
+    return answerTo(MenuBarInput::selectCafe(candidate), viewModel);
+}
+
+} // namespace quorvel

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Features/Terminal/TerminalContext.h"
+
+#include <QStringList>
+
+/// All that the program does in a terminal.
+namespace quorvel::TerminalCommands {
+
+/// Runs the command that the first argument names with the others, and says on standard error what
+/// keeps it from its end.
+[[nodiscard]] ExitStatus run(const QStringList &arguments, const TerminalContext &context);
+
+} // namespace quorvel::TerminalCommands

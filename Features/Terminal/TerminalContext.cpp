@@ -1,0 +1,13 @@
+#include "Features/Terminal/TerminalContext.h"
+
+#include "Core/Support/PrintableText.h"
+#include "Platform/Terminal/Terminal.h"
+
+namespace quorvel {
+
+void complain(Terminal &terminal, const QString &sentence)
+{
+    terminal.note("quorvel: " + PrintableText::line(sentence).toUtf8() + '\n');
+}
+
+} // namespace quorvel

@@ -1,0 +1,74 @@
+#include "Quorvel/TerminalModule/LiveTerminal.h"
+
+#include "Quorvel/Endpoints.h"
+
+#include <QEventLoop>
+#include <QProcessEnvironment>
+#include <QTimer>
+
+namespace quorvel {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A network service that takes longer than this to describe the radio is gone on without.
+constexpr auto radioLimit = 1s;
+
+class SetupError final : public LocalizedError
+{
+public:
+    explicit SetupError(QString reason)
+        : m_reason(std::move(reason))
+    {}
+
+    [[nodiscard]] QString errorDescription() const override { return m_reason; }
+
+private:
+    QString m_reason;
+};
+
+} // namespace
+
+TerminalContext LiveTerminal::context()
+{
+    return {.terminal = m_terminal,
+            .repository = [this]() -> CheckInRepository & { return repository(); },
+            .loop = [this] { return loop(); },
+            .files = FileManager::standard(),
+            .clock = Clock::system()};
+}
+
+CheckInRepository &LiveTerminal::repository()
+{
+    if (!m_environment)
+        m_environment.emplace();
+    if (const auto &error = m_environment->setupError())
+        throw SetupError(*error);
+    return *m_environment->checkInRepository();
+}
+
+MenuBarViewModel::Services LiveTerminal::loop()
+{
+    if (!m_services) {
+        m_facilities.emplace(Endpoints::read(QProcessEnvironment::systemEnvironment()));
+        m_services.emplace(m_facilities->menuBar());
+        waitForRadio();
+    }
+    return m_services->loop();
+}
+
+/// A panel is there long before its user looks; a command would be done before the network service
+/// has said where the machine is joined.
+void LiveTerminal::waitForRadio()
+{
+    QEventLoop wait;
+    QTimer::singleShot(radioLimit, &wait, &QEventLoop::quit);
+    // Queued: the answer may be there before the loop is.
+    m_facilities->whenRadioIsRead(&wait, [&wait] {
+        QMetaObject::invokeMethod(&wait, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    wait.exec();
+}
+
+} // namespace quorvel

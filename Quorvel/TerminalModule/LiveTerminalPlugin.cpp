@@ -1,0 +1,20 @@
+#include "Quorvel/TerminalModule/LiveTerminalPlugin.h"
+
+#include "Core/Support/Task.h"
+#include "Features/Terminal/TerminalCommands.h"
+#include "Quorvel/TerminalModule/LiveTerminal.h"
+
+namespace quorvel {
+
+int LiveTerminalPlugin::run(const QStringList &arguments, Terminal &terminal)
+{
+    int status = 0;
+    {
+        LiveTerminal live(terminal);
+        status = int(TerminalCommands::run(arguments, live.context()));
+    }
+    unwindAbandonedTasks();
+    return status;
+}
+
+} // namespace quorvel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Quorvel/TerminalPlugin.h"
+
+#include <QObject>
+
+namespace quorvel {
+
+/// What the program finds when it loads the module of the terminal's commands.
+class LiveTerminalPlugin final : public QObject, public TerminalPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QUORVEL_TERMINAL_PLUGIN_IID)
+    Q_INTERFACES(quorvel::TerminalPlugin)
+
+public:
+    [[nodiscard]] int run(const QStringList &arguments, Terminal &terminal) override;
+};
+
+} // namespace quorvel

@@ -1,0 +1,256 @@
+"""The program's commands in a terminal, in the district: what they print, and how they end."""
+
+import contextlib
+import json
+import os
+import pty
+import signal
+import subprocess
+import time
+import unittest
+
+from virtual_desktop import VirtualDesktop
+from world import World
+
+PROGRAM = os.environ["QUORVEL_PROGRAM"]
+LIMIT_SECONDS = 60
+PROMPT_SECONDS = 10
+# From Ctrl-C on a keyboard to the shell's prompt.
+INTERRUPT_SECONDS = 1
+LONG_WAIT_SECONDS = 30
+DONE, FAILURE, USAGE, LOCATION_DENIED, NO_CAFE, ALREADY_CHECKED_IN = range(6)
+NEAREST = "Cà phê Gió Sông"
+NETWORK = "Cà phê Gió Sông 5G"
+PASSWORD = "ca phe sua da 35k"
+KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
+
+
+class TerminalCase(unittest.TestCase):
+    def setUp(self):
+        self.world = self.enterContext(World())
+        self.folder = self.world.folder
+
+    def run_command(self, *arguments, status=DONE, prefix=(), **options):
+        """What it printed; what it said aside is in `noted`."""
+        options.setdefault("stdout", subprocess.PIPE)
+        begun = time.monotonic()
+        ended = subprocess.run(
+            [*prefix, PROGRAM, *arguments], env=self.world.environment, check=False,
+            stderr=subprocess.PIPE, stdin=subprocess.DEVNULL, timeout=LIMIT_SECONDS, **options,
+        )
+        self.seconds = time.monotonic() - begun
+        self.noted = ended.stderr.decode()
+        self.assertEqual(ended.returncode, status, self.noted)
+        return (ended.stdout or b"").decode()
+
+    def run_json(self, *arguments, **options):
+        return json.loads(self.run_command(*arguments, "--json", **options))
+
+    def start_command(self, *arguments, **options):
+        process = subprocess.Popen(
+            [PROGRAM, *arguments], env=self.world.environment, stdin=subprocess.DEVNULL, **options
+        )
+        self.addCleanup(end, process)
+        return process
+
+
+def end(process):
+    with contextlib.suppress(ProcessLookupError):
+        process.kill()
+    process.communicate()
+
+
+class LocateTest(TerminalCase):
+    def test_it_prints_what_the_panel_would_show(self):
+        lines = self.run_command("locate").split("\n")
+        self.assertLess(self.seconds, PROMPT_SECONDS)
+        self.assertEqual(lines[:6], [
+            f"{NEAREST} · 14 m away",
+            "18 Đường Mưa Rào, Phường Bến Nghé, Thành phố Hồ Chí Minh",
+            "31° · Feels 36° · Overcast",
+            f"Wi-Fi: {NETWORK} · Strong (-42 dBm)",
+            "Also near:",
+            "   39m  Unnamed",
+        ])
+        self.assertEqual(self.noted, "")
+
+    def test_programs_read_the_same(self):
+        found = self.run_json("locate")
+        self.assertEqual(found["status"], "located")
+        self.assertEqual(found["selectedCafe"], found["nearbyCandidates"][0])
+        self.assertEqual(found["selectedCafe"]["name"], NEAREST)
+        self.assertEqual(len(found["nearbyCandidates"]), len(self.world.district.cafes_within(100)))
+        self.assertEqual(found["weather"]["temperatureC"], 31.4)
+        self.assertEqual(found["wifi"]["ssid"], NETWORK)
+        self.assertEqual(found["wifi"]["hasRememberedPassword"], False)
+
+    def test_a_password_that_is_kept_is_told_of_and_not_printed(self):
+        self.keep_password()
+        self.assertTrue(self.run_json("locate")["wifi"]["hasRememberedPassword"])
+        printed = self.run_command("locate")
+        self.assertIn("password kept", printed)
+        self.assertNotIn(PASSWORD, printed + self.noted)
+
+    def test_names_give_the_terminal_no_orders(self):
+        place = next(place for place in self.world.district.places if place.name == NEAREST)
+        place.tags["name"] = "\x1b]0;owned\x07\x9b2J\u202eCafé\r\x08"
+        printed = self.run_command("locate")
+        self.assertTrue(printed.startswith("�]0;owned��2J�Café � · 14 m away\n"), printed)
+        raw = self.run_command("locate", "--json")
+        self.assertEqual([order for order in "\x1b\x07\x9b\u202e\r\x08" if order in raw], [])
+        self.assertEqual(json.loads(raw)["selectedCafe"]["name"], place.tags["name"])
+
+    def test_a_locale_without_utf_8_changes_nothing(self):
+        for variable in ("LC_ALL", "LANG"):
+            self.world.environment[variable] = "C"
+            self.assertTrue(self.run_command("locate").startswith(NEAREST))
+            self.assertEqual(self.noted, "")
+
+    def keep_password(self):
+        command = ["secret-tool", "store", "--label=test", "service", KEYCHAIN_SERVICE,
+                   "account", NETWORK, "xdg:schema", KEYCHAIN_SERVICE]
+        subprocess.run(command, env=self.world.environment, input=PASSWORD, text=True,
+                       check=True, timeout=LIMIT_SECONDS)
+
+
+class LocateFailureTest(TerminalCase):
+    def test_a_refused_location(self):
+        for how in ("denied", "disallowed"):
+            with self.subTest(how=how):
+                self.world.location.fail(how)
+                self.assertEqual(self.run_command("locate", status=LOCATION_DENIED), "")
+                self.assertEqual(
+                    self.noted,
+                    "quorvel: Location access denied. Open System Settings to enable.\n",
+                )
+                found = self.run_json("locate", status=LOCATION_DENIED)
+                self.assertEqual(found["status"], "locationDenied")
+                self.world.location.recover()
+
+    def test_no_position_and_no_map_still_tell_of_the_network(self):
+        troubles = [(self.world.location.vanish, ()), (self.world.location.fail, (404,))]
+        troubles += [(self.world.places.fail, (how,)) for how in (429, 500, "html", "remark")]
+        troubles += [(self.world.places.vanish, ())]
+        for trouble, arguments in troubles:
+            with self.subTest(trouble=trouble.__qualname__, arguments=arguments):
+                trouble(*arguments)
+                found = self.run_json("locate", status=NO_CAFE)
+                self.assertEqual((found["status"], found["selectedCafe"]), ("noCafe", None))
+                self.assertEqual(found["wifi"]["ssid"], NETWORK)
+                self.world.recover()
+        self.assertEqual(self.run_json("locate")["status"], "located")
+
+    def test_no_weather(self):
+        self.world.weather.fail(503)
+        self.assertIn("\nWeather unavailable\n", self.run_command("locate"))
+        self.assertIsNone(self.run_json("locate")["weather"])
+
+    def test_no_network(self):
+        for trouble in (lambda: self.world.wifi.fail("no radio"), self.world.wifi.vanish,
+                        lambda: self.world.wifi.fail("silence")):
+            trouble()
+            self.assertIn("\nNo Wi-Fi\n", self.run_command("locate"))
+            self.assertLess(self.seconds, PROMPT_SECONDS)
+            self.world.wifi.recover()
+
+    def test_no_keyring(self):
+        for trouble in (self.world.keyring.vanish, lambda: self.world.keyring.fail("locked"),
+                        lambda: self.world.keyring.fail("silence")):
+            trouble()
+            self.assertFalse(self.run_json("locate")["wifi"]["hasRememberedPassword"])
+            self.assertLess(self.seconds, PROMPT_SECONDS)
+            self.world.keyring.recover()
+
+    def test_an_address_that_gives_the_position_away_is_refused(self):
+        self.world.environment["QUORVEL_PLACES_ENDPOINT"] = "http://maps.example/"
+        self.run_command("locate", status=FAILURE)
+        self.assertIn("QUORVEL_PLACES_ENDPOINT", self.noted)
+
+
+class WaitingTest(TerminalCase):
+    def setUp(self):
+        super().setUp()
+        self.world.location.slow(LONG_WAIT_SECONDS)
+
+    def watched(self, *arguments, **environment):
+        """A command that somebody watches, and their end of the screen."""
+        screen, theirs = pty.openpty()
+        self.addCleanup(os.close, screen)
+        self.world.environment.update(environment)
+        process = self.start_command(*arguments, stderr=theirs, stdout=subprocess.PIPE)
+        os.close(theirs)
+        return process, screen
+
+    def test_whoever_watches_sees_that_it_goes_on_and_can_end_it(self):
+        for arguments in (("locate",),):
+            with self.subTest(arguments=arguments):
+                process, screen = self.watched(*arguments, TERM="xterm")
+                self.assertEqual(os.read(screen, 1000).decode(), "\r\x1b[KFinding your café…")
+                self.assertEqual(os.read(screen, 1000).decode(), "\r\x1b[KFinding your café… 1 s")
+                self.assert_ends_at_once(process, signal.SIGINT)
+
+    def test_a_screen_that_cannot_take_a_line_back_gets_none(self):
+        process, screen = self.watched("locate", TERM="dumb")
+        self.wait_until_asked(process)
+        os.set_blocking(screen, False)
+        with self.assertRaises(BlockingIOError):
+            os.read(screen, 1000)
+        self.assert_ends_at_once(process, signal.SIGTERM)
+
+    def test_a_shell_reads_130(self):
+        shell = subprocess.Popen(
+            ["sh", "-c", "\"$0\" locate; echo $?", PROGRAM], env=self.world.environment, text=True,
+            stdout=subprocess.PIPE, start_new_session=True,
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),
+        )
+        self.addCleanup(end, shell)
+        command = self.wait_for(lambda: children(shell.pid))[0]
+        self.wait_until_asked(None)
+        os.kill(command, signal.SIGINT)
+        self.assertEqual(shell.stdout.read(), "130\n")
+
+    def assert_ends_at_once(self, process, told):
+        begun = time.monotonic()
+        process.send_signal(told)
+        self.assertEqual(process.wait(LIMIT_SECONDS), -told)
+        self.assertLess(time.monotonic() - begun, INTERRUPT_SECONDS)
+
+    def wait_until_asked(self, process):
+        """A second into the wait: it has begun, and will not end soon."""
+        begun = time.monotonic()
+        self.wait_for(lambda: time.monotonic() - begun > 1)
+        self.assertTrue(process is None or process.poll() is None)
+
+    def wait_for(self, condition):
+        deadline = time.monotonic() + LIMIT_SECONDS
+        while not (value := condition()):
+            self.assertLess(time.monotonic(), deadline)
+            time.sleep(0.02)
+        return value
+
+
+def children(pid):
+    with open(f"/proc/{pid}/task/{pid}/children", encoding="ascii") as listed:
+        return [int(child) for child in listed.read().split()]
+
+
+class BesideTest(unittest.TestCase):
+    """A running program goes on as if nothing were, and no second icon comes."""
+
+    def test_the_commands_work_beside_a_running_program(self):
+        with VirtualDesktop() as desktop, World(desktop):
+            host = desktop.start_fake_host()
+            program = desktop.start_program(PROGRAM)
+            desktop.wait_until(host.items, "the item registers")
+            for arguments in (("locate",),):
+                command = desktop.start("command", [PROGRAM, *arguments])
+                self.assertEqual(command.status_within(LIMIT_SECONDS), 0, command.output())
+            self.assertEqual(len(host.items()), 1)
+            self.assertEqual(desktop.windows("Quorvel"), [])
+            self.assertTrue(program.is_running())
+            program.terminate()
+            self.assertEqual(program.status_within(PROMPT_SECONDS), 0, program.output())
+
+
+if __name__ == "__main__":
+    unittest.main()
