@@ -20,7 +20,7 @@ struct ToolkitOption
     Value value;
 };
 
-constexpr std::array commands{"locate"_L1, "history"_L1};
+constexpr std::array commands{"locate"_L1, "history"_L1, "export"_L1};
 
 constexpr std::array toolkitOptions{
     ToolkitOption{"platform"_L1, ToolkitOption::Value::Next},
@@ -48,6 +48,7 @@ QString helpText()
            "Commands, which need no display:\n"
            "  locate         Find the café that you are in, its weather and its Wi-Fi.\n"
            "  history        List your visits.\n"
+           "  export         Write all your visits for other programs.\n"
            "“quorvel COMMAND --help” tells more.\n"
            "\n"
            "Options:\n"

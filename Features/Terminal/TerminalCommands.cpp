@@ -1,5 +1,6 @@
 #include "Features/Terminal/TerminalCommands.h"
 
+#include "Features/Terminal/ExportCommand.h"
 #include "Features/Terminal/HistoryCommand.h"
 #include "Features/Terminal/LocateCommand.h"
 #include "Platform/Terminal/Terminal.h"
@@ -23,6 +24,7 @@ struct Command
 constexpr std::array commands{
     Command{&LocateCommand::syntax, &LocateCommand::run},
     Command{&HistoryCommand::syntax, &HistoryCommand::run},
+    Command{&ExportCommand::syntax, &ExportCommand::run},
 };
 
 const Command &commandNamed(const QString &name)

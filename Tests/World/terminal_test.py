@@ -242,7 +242,7 @@ class BesideTest(unittest.TestCase):
             host = desktop.start_fake_host()
             program = desktop.start_program(PROGRAM)
             desktop.wait_until(host.items, "the item registers")
-            for arguments in (("locate",), ("history",)):
+            for arguments in (("locate",), ("history",), ("export", "--format", "csv")):
                 command = desktop.start("command", [PROGRAM, *arguments])
                 self.assertEqual(command.status_within(LIMIT_SECONDS), 0, command.output())
             self.assertEqual(len(host.items()), 1)
