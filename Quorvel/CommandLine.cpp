@@ -20,7 +20,7 @@ struct ToolkitOption
     Value value;
 };
 
-constexpr std::array commands{"locate"_L1, "history"_L1, "export"_L1};
+constexpr std::array commands{"locate"_L1, "history"_L1, "export"_L1, "check-in"_L1};
 
 constexpr std::array toolkitOptions{
     ToolkitOption{"platform"_L1, ToolkitOption::Value::Next},
@@ -49,6 +49,7 @@ QString helpText()
            "  locate         Find the café that you are in, its weather and its Wi-Fi.\n"
            "  history        List your visits.\n"
            "  export         Write all your visits for other programs.\n"
+           "  check-in       Store a visit at the nearest café.\n"
            "“quorvel COMMAND --help” tells more.\n"
            "\n"
            "Options:\n"

@@ -1,5 +1,6 @@
 #include "Features/Terminal/TerminalCommands.h"
 
+#include "Features/Terminal/CheckInCommand.h"
 #include "Features/Terminal/ExportCommand.h"
 #include "Features/Terminal/HistoryCommand.h"
 #include "Features/Terminal/LocateCommand.h"
@@ -25,6 +26,7 @@ constexpr std::array commands{
     Command{&LocateCommand::syntax, &LocateCommand::run},
     Command{&HistoryCommand::syntax, &HistoryCommand::run},
     Command{&ExportCommand::syntax, &ExportCommand::run},
+    Command{&CheckInCommand::syntax, &CheckInCommand::run},
 };
 
 const Command &commandNamed(const QString &name)

@@ -40,7 +40,7 @@ private slots:
     void aCommandIsLeftToItsModule_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        for (const QString &name : {u"locate"_s, u"history"_s, u"export"_s})
+        for (const QString &name : {u"locate"_s, u"history"_s, u"export"_s, u"check-in"_s})
             QTest::newRow(qPrintable(name)) << QStringList{name};
         QTest::newRow("with arguments")
             << QStringList{u"locate"_s, u"--json"_s, u"--foo"_s, u"--help"_s, u"bar"_s};
@@ -55,7 +55,7 @@ private slots:
     void theHelpNamesEveryCommand()
     {
         const QString help = CommandLine::parse({u"--help"_s}).output;
-        for (const QString &name : {u"locate"_s, u"history"_s, u"export"_s})
+        for (const QString &name : {u"locate"_s, u"history"_s, u"export"_s, u"check-in"_s})
             QVERIFY(help.contains(u"\n  "_s + name + u' '));
     }
 

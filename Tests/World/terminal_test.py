@@ -1,10 +1,13 @@
 """The program's commands in a terminal, in the district: what they print, and how they end."""
 
 import contextlib
+import csv
+import io
 import json
 import os
 import pty
 import signal
+import stat
 import subprocess
 import time
 import unittest
@@ -18,11 +21,17 @@ PROMPT_SECONDS = 10
 # From Ctrl-C on a keyboard to the shell's prompt.
 INTERRUPT_SECONDS = 1
 LONG_WAIT_SECONDS = 30
+AT_ONCE = 8
 DONE, FAILURE, USAGE, LOCATION_DENIED, NO_CAFE, ALREADY_CHECKED_IN = range(6)
 NEAREST = "Cà phê Gió Sông"
 NETWORK = "Cà phê Gió Sông 5G"
 PASSWORD = "ca phe sua da 35k"
 KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
+
+
+def without_override():
+    """A command prefix that makes file modes bind a test that runs as root, too."""
+    return ["setpriv", "--bounding-set", "-dac_override"] if os.geteuid() == 0 else []
 
 
 class TerminalCase(unittest.TestCase):
@@ -52,6 +61,9 @@ class TerminalCase(unittest.TestCase):
         )
         self.addCleanup(end, process)
         return process
+
+    def visits(self):
+        return self.run_json("history")["visits"]
 
 
 def end(process):
@@ -182,12 +194,14 @@ class WaitingTest(TerminalCase):
         return process, screen
 
     def test_whoever_watches_sees_that_it_goes_on_and_can_end_it(self):
-        for arguments in (("locate",),):
+        for arguments in (("locate",), ("check-in",)):
             with self.subTest(arguments=arguments):
                 process, screen = self.watched(*arguments, TERM="xterm")
                 self.assertEqual(os.read(screen, 1000).decode(), "\r\x1b[KFinding your café…")
                 self.assertEqual(os.read(screen, 1000).decode(), "\r\x1b[KFinding your café… 1 s")
                 self.assert_ends_at_once(process, signal.SIGINT)
+        self.world.recover()
+        self.assertEqual(self.visits(), [])
 
     def test_a_screen_that_cannot_take_a_line_back_gets_none(self):
         process, screen = self.watched("locate", TERM="dumb")
@@ -234,6 +248,153 @@ def children(pid):
         return [int(child) for child in listed.read().split()]
 
 
+class CheckInTest(TerminalCase):
+    def test_a_visit_is_stored_once_a_day_and_cafe(self):
+        said = self.run_command("check-in", "--outlets", "5", "--noise=1", "--note", "Yên tĩnh")
+        self.assertEqual(said, f"Checked in at {NEAREST}.\n")
+        self.assertEqual(self.run_command("check-in", status=ALREADY_CHECKED_IN), "")
+        self.assertEqual(self.noted, "quorvel: Already checked in today at this café.\n")
+        again = self.run_json("check-in", status=ALREADY_CHECKED_IN)
+        self.assertEqual(again["status"], "alreadyCheckedIn")
+        other = self.run_json("check-in", "--cafe", "node/4200000004")
+        self.assertEqual((other["status"], other["cafe"]["name"]), ("checkedIn", "Unnamed"))
+        newest, first = self.visits()
+        self.assertEqual(newest["cafe"]["mapItemIdentifier"], "node/4200000004")
+        self.assertEqual(first["cafe"]["name"], NEAREST)
+        self.assertEqual(first["cafe"]["lastKnownSSID"], NETWORK)
+        self.assertEqual(first["note"], "Yên tĩnh")
+        self.assertEqual(first["ratings"],
+                         {"wifiSpeed": 3, "outlets": 5, "noise": 1, "quietForCalls": 3})
+        self.assertEqual(first["weather"]["temperatureC"], 31.4)
+
+    def test_of_many_at_once_one_stores_it(self):
+        commands = [self.start_command("check-in", stdout=subprocess.DEVNULL,
+                                       stderr=subprocess.DEVNULL) for _ in range(AT_ONCE)]
+        statuses = sorted(command.wait(LIMIT_SECONDS) for command in commands)
+        self.assertEqual(statuses, [DONE] + [ALREADY_CHECKED_IN] * (AT_ONCE - 1))
+        self.assertEqual(len(self.visits()), 1)
+
+    def test_failures_store_nothing(self):
+        self.world.location.fail("denied")
+        self.run_command("check-in", status=LOCATION_DENIED)
+        self.world.location.recover()
+        self.world.places.fail(500)
+        self.run_command("check-in", status=NO_CAFE)
+        self.world.places.recover()
+        self.run_command("check-in", "--cafe", "nowhere", status=NO_CAFE)
+        self.assertIn("no café “nowhere” is near, but “Cà phê Gió Sông”, ", self.noted)
+        self.run_command("check-in", "--noise", "6", status=USAGE)
+        self.assertEqual(self.visits(), [])
+
+    def test_a_store_that_cannot_be_made_is_said_before_anything_is_asked(self):
+        self.folder.joinpath("data").chmod(0o500)
+        self.run_command("check-in", status=FAILURE, prefix=without_override())
+        self.assertIn("Permission denied", self.noted)
+        self.assertEqual(self.world.places.requests, [])
+
+    def test_a_visit_whose_word_is_lost_is_stored(self):
+        with open("/dev/full", "wb") as full:
+            self.run_command("check-in", status=FAILURE, stdout=full)
+        self.run_command("check-in", status=ALREADY_CHECKED_IN)
+
+
+class HistoryTest(TerminalCase):
+    def test_without_visits_it_says_so(self):
+        self.assertEqual(self.run_command("history"), "No check-ins yet\n")
+        self.assertEqual(self.visits(), [])
+
+    def test_visits_are_listed_from_a_day_on(self):
+        self.run_command("check-in", "--note", "\x1b[2Jsly\u202e")
+        printed = self.run_command("history")
+        self.assertRegex(printed, f"^1 visits · 1 cafés this week\n\nTODAY\n  .* · 31°  {NEAREST}\n"
+                                  "    Wifi 3 · Power 3 · Quiet 3 · Calls 3\n    �.2Jsly�\n$")
+        today = time.strftime("%Y-%m-%d")
+        self.assertEqual(self.run_command("history", "--since", today), printed)
+        self.assertIn("No check-ins since", self.run_command("history", "--since", "2100-01-01"))
+
+    def test_what_is_no_day_is_refused(self):
+        self.run_command("history", "--since", "yesterday", status=USAGE)
+        self.assertEqual(self.noted, "quorvel: “yesterday” is no day as in “2026-03-01”\n"
+                                     "Try “quorvel history --help”.\n")
+
+    def test_a_store_that_is_none_is_left_alone(self):
+        store = self.folder / "data/Quorvel/Quorvel.store"
+        store.parent.mkdir(mode=0o700)
+        store.write_bytes(b"no store" * 100)
+        self.assertEqual(self.run_command("history", status=FAILURE), "")
+        self.assertIn("Quorvel.store", self.noted)
+        self.assertEqual(store.read_bytes(), b"no store" * 100)
+
+
+class ExportTest(TerminalCase):
+    def setUp(self):
+        super().setUp()
+        self.run_command("check-in", "--note", "=1+1, \"quoted\"\nline")
+        self.run_command("check-in", "--cafe", "node/4200000004")
+
+    def test_programs_read_each_format(self):
+        exported = json.loads(self.run_command("export", "--format", "json"))
+        self.assertEqual(exported, self.run_json("history"))
+        second, first = csv.DictReader(
+            io.StringIO(self.run_command("export", "--format", "csv"), newline="")
+        )
+        self.assertEqual(first["note"], "'=1+1, \"quoted\"\nline")
+        self.assertEqual(float(first["longitude"]), 106.701006)
+        self.assertEqual(second["cafeName"], "Unnamed")
+        features = json.loads(self.run_command("export", "--format", "geojson"))["features"]
+        self.assertEqual(features[1]["geometry"],
+                         {"type": "Point", "coordinates": [106.701006, 10.776972]})
+        self.assertEqual(features[1]["properties"]["note"], "=1+1, \"quoted\"\nline")
+
+    def test_a_file_is_whole_and_for_its_user_alone(self):
+        printed = self.run_command("export", "--format", "csv")
+        target = self.folder / "visits.csv"
+        target.write_text("older")
+        target.chmod(0o644)
+        said = self.run_command("export", "--format", "csv", "--output", "visits.csv",
+                                cwd=self.folder)
+        self.assertEqual(said, "")
+        self.assertEqual(target.read_bytes(), printed.encode())
+        self.assertEqual(stat.S_IMODE(target.stat().st_mode), 0o600)
+
+    def test_a_file_that_cannot_be_written_leaves_what_was_there(self):
+        place = self.folder / "closed"
+        place.mkdir()
+        target = place / "visits.csv"
+        target.write_text("older")
+        place.chmod(0o500)
+        self.run_command("export", "--format", "csv", "--output", str(target), status=FAILURE,
+                         prefix=without_override())
+        self.assertIn(str(target), self.noted)
+        self.assertEqual(target.read_text(), "older")
+        self.assertEqual([entry.name for entry in place.iterdir()], ["visits.csv"])
+        self.run_command("export", "--format", "csv", "--output", "/nowhere/visits.csv",
+                         status=FAILURE)
+        self.run_command("export", "--format", "csv", "--output", "/dev/null", status=USAGE)
+
+    def test_what_cannot_be_printed_is_said(self):
+        with open("/dev/full", "wb") as full:
+            self.run_command("export", "--format", "json", status=FAILURE, stdout=full)
+        self.assertEqual(self.noted,
+                         "quorvel: The output could not be written: No space left on device.\n")
+        shell = ["sh", "-c", "exec \"$0\" \"$@\" >&-"]
+        self.run_command("export", "--format", "json", status=FAILURE, prefix=shell)
+        self.assertEqual(self.noted,
+                         "quorvel: The output could not be written: Bad file descriptor.\n")
+
+    def test_a_reader_that_has_read_enough_is_not_complained_of(self):
+        reading, writing = os.pipe()
+        os.close(reading)
+        with os.fdopen(writing, "wb") as gone:
+            self.run_command("export", "--format", "json", status=FAILURE, stdout=gone)
+        self.assertEqual(self.noted, "")
+
+    def test_a_format_is_needed(self):
+        for arguments in ((), ("--format", "xml"), ("--format",), ("--fromat", "csv"), ("csv",)):
+            self.assertEqual(self.run_command("export", *arguments, status=USAGE), "")
+            self.assertIn("Try “quorvel export --help”.", self.noted)
+
+
 class BesideTest(unittest.TestCase):
     """A running program goes on as if nothing were, and no second icon comes."""
 
@@ -242,7 +403,8 @@ class BesideTest(unittest.TestCase):
             host = desktop.start_fake_host()
             program = desktop.start_program(PROGRAM)
             desktop.wait_until(host.items, "the item registers")
-            for arguments in (("locate",), ("history",), ("export", "--format", "csv")):
+            for arguments in (("locate",), ("check-in",), ("history",),
+                              ("export", "--format", "csv")):
                 command = desktop.start("command", [PROGRAM, *arguments])
                 self.assertEqual(command.status_within(LIMIT_SECONDS), 0, command.output())
             self.assertEqual(len(host.items()), 1)
