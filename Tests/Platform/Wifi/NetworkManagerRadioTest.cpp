@@ -97,6 +97,30 @@ private slots:
         QCOMPARE(client->ssid(), std::nullopt);
     }
 
+    void whoWaitsIsToldOnceTheRadioIsKnown()
+    {
+        const QString radio = m_mock.addRadio();
+        join(radio, m_mock.addNetwork(radio, "Cafe"));
+        const auto client = make();
+        QObject context;
+        QStringList heard;
+        const auto note = [&] { heard.append(client->ssid().value_or(u"none"_s)); };
+        client->whenRead(&context, note);
+        QVERIFY(heard.isEmpty());
+        QTRY_COMPARE(heard, QStringList{u"Cafe"_s});
+        client->whenRead(&context, note);
+        QCOMPARE(heard.size(), 2);
+    }
+
+    void whoWaitsForAServiceThatIsNotThereIsToldToo()
+    {
+        NetworkManagerWifiClient client(QDBusConnection(u"nowhere"_s), limits());
+        QObject context;
+        int calls = 0;
+        client.whenRead(&context, [&calls] { ++calls; });
+        QTRY_COMPARE(calls, 1);
+    }
+
     void aNetworkCountsOnceItHasLetTheMachineIn_data()
     {
         QTest::addColumn<uint>("state");
