@@ -1,0 +1,56 @@
+#include "Platform/NotificationCenter/SessionNotifications.h"
+
+#include "Platform/NotificationCenter/NotificationCenter.h"
+
+#include <QDBusMessage>
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// For the bus to take a message; one that hangs does not keep a command from its end.
+constexpr int limitMilliseconds = 500;
+
+QString objectPath()
+{
+    return u"/com/zantho/quorvel"_s;
+}
+
+QString interface()
+{
+    return u"com.zantho.quorvel.Notifications"_s;
+}
+
+QString signalName()
+{
+    return u"Posted"_s;
+}
+
+} // namespace
+
+SessionNotifications::SessionNotifications(QDBusConnection bus, NotificationCenter &center)
+    : m_center(center)
+{
+    if (bus.isConnected())
+        bus.connect(QString(), objectPath(), interface(), signalName(), this, SLOT(hear(QString)));
+}
+
+void SessionNotifications::announce(const QDBusConnection &bus, const QString &name)
+{
+    if (!bus.isConnected())
+        return;
+    bus.send(QDBusMessage::createSignal(objectPath(), interface(), signalName()) << name);
+    // Order: the bus takes messages one after the other, and answers this one when it has that.
+    const auto ping = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
+                                                     u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);
+    static_cast<void>(bus.call(ping, QDBus::Block, limitMilliseconds));
+}
+
+void SessionNotifications::hear(const QString &name)
+{
+    m_center.post(name);
+}
+
+} // namespace quorvel
