@@ -1,6 +1,9 @@
 #include "Quorvel/ScenesModule/QuickScenesPlugin.h"
 
+#include "Platform/NotificationCenter/NotificationCenter.h"
+#include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
+#include "Platform/SessionBus/SessionBus.h"
 #include "Platform/SystemSettings/DesktopSystemSettings.h"
 #include "Quorvel/Endpoints.h"
 #include "Quorvel/LiveFacilities.h"
@@ -36,6 +39,8 @@ private:
         return facilities;
     }
 
+    // The history follows what the terminal's commands store.
+    SessionNotifications m_notifications{SessionBus::connection(), NotificationCenter::standard()};
     LiveFacilities m_facilities;
     QtPasteboard m_pasteboard;
     DesktopSystemSettings m_systemSettings;

@@ -1,5 +1,7 @@
 #include "Quorvel/TerminalModule/LiveTerminal.h"
 
+#include "Platform/NotificationCenter/SessionNotifications.h"
+#include "Platform/SessionBus/SessionBus.h"
 #include "Quorvel/Endpoints.h"
 
 #include <QEventLoop>
@@ -29,6 +31,13 @@ private:
 };
 
 } // namespace
+
+LiveTerminal::LiveTerminal(Terminal &terminal)
+    : m_terminal(terminal)
+    , m_saveObserver(NotificationCenter::standard().observe(checkInDidSave, [] {
+        SessionNotifications::announce(SessionBus::connection(), checkInDidSave);
+    }))
+{}
 
 TerminalContext LiveTerminal::context()
 {

@@ -3,6 +3,7 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Features/MenuBar/MenuBarServices.h"
 #include "Features/Terminal/TerminalContext.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Quorvel/LiveFacilities.h"
 
 #include <optional>
@@ -14,9 +15,7 @@ class LiveTerminal final
 {
 public:
     /// The terminal outlives this.
-    explicit LiveTerminal(Terminal &terminal)
-        : m_terminal(terminal)
-    {}
+    explicit LiveTerminal(Terminal &terminal);
 
     /// Living as long as this.
     [[nodiscard]] TerminalContext context();
@@ -27,6 +26,7 @@ private:
     void waitForRadio();
 
     Terminal &m_terminal;
+    NotificationCenter::Observation m_saveObserver;
     std::optional<AppEnvironment> m_environment;
     std::optional<LiveFacilities> m_facilities;
     std::optional<MenuBarServices> m_services;

@@ -6,12 +6,14 @@ import io
 import json
 import os
 import pty
+import shutil
 import signal
 import stat
 import subprocess
 import time
 import unittest
 
+from accessible_program import AccessibleProgram
 from virtual_desktop import VirtualDesktop
 from world import World
 
@@ -23,6 +25,8 @@ INTERRUPT_SECONDS = 1
 LONG_WAIT_SECONDS = 30
 AT_ONCE = 8
 DONE, FAILURE, USAGE, LOCATION_DENIED, NO_CAFE, ALREADY_CHECKED_IN = range(6)
+REFUSAL = "Already checked in today at this café."
+SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
 NEAREST = "Cà phê Gió Sông"
 NETWORK = "Cà phê Gió Sông 5G"
 PASSWORD = "ca phe sua da 35k"
@@ -178,6 +182,13 @@ class LocateFailureTest(TerminalCase):
         self.run_command("locate", status=FAILURE)
         self.assertIn("QUORVEL_PLACES_ENDPOINT", self.noted)
 
+    def test_a_program_without_its_module_says_so(self):
+        alone = shutil.copy(PROGRAM, self.folder)
+        ended = subprocess.run([alone, "locate"], env=self.world.environment, check=False,
+                               capture_output=True, text=True, timeout=LIMIT_SECONDS)
+        self.assertEqual((ended.returncode, ended.stdout), (FAILURE, ""))
+        self.assertIn("quorvel: Quorvel is not installed completely", ended.stderr)
+
 
 class WaitingTest(TerminalCase):
     def setUp(self):
@@ -253,7 +264,7 @@ class CheckInTest(TerminalCase):
         said = self.run_command("check-in", "--outlets", "5", "--noise=1", "--note", "Yên tĩnh")
         self.assertEqual(said, f"Checked in at {NEAREST}.\n")
         self.assertEqual(self.run_command("check-in", status=ALREADY_CHECKED_IN), "")
-        self.assertEqual(self.noted, "quorvel: Already checked in today at this café.\n")
+        self.assertEqual(self.noted, f"quorvel: {REFUSAL}\n")
         again = self.run_json("check-in", status=ALREADY_CHECKED_IN)
         self.assertEqual(again["status"], "alreadyCheckedIn")
         other = self.run_json("check-in", "--cafe", "node/4200000004")
@@ -412,6 +423,42 @@ class BesideTest(unittest.TestCase):
             self.assertTrue(program.is_running())
             program.terminate()
             self.assertEqual(program.status_within(PROMPT_SECONDS), 0, program.output())
+
+    def test_an_open_panel_refuses_the_visit_that_a_command_has_stored_meanwhile(self):
+        with VirtualDesktop(services=SERVICES) as desktop, World(desktop):
+            window = self.open_panel(desktop)
+            self.check_in(desktop)
+            self.assertIsNone(window.find(REFUSAL))
+            window.find("Check In").press()
+            self.wait_for(desktop, window, REFUSAL)
+
+    def test_an_open_history_lists_the_visit_that_a_command_stores(self):
+        with VirtualDesktop(services=SERVICES) as desktop, World(desktop):
+            window = self.open_panel(desktop)
+            window.find("Check-ins").press()
+            self.wait_for(desktop, window, "No check-ins yet")
+            self.check_in(desktop)
+            self.wait_for(desktop, window, "1 visits · 1 cafés this week")
+            # The panel comes back, and knows of it, too.
+            desktop.run_program(PROGRAM)
+            self.wait_for(desktop, window, REFUSAL)
+
+    def open_panel(self, desktop):
+        """Where there is no tray, it opens by itself."""
+        program = desktop.start_program(PROGRAM, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        desktop.wait_for_window("Quorvel")
+        window = AccessibleProgram(desktop.bus_address, program.pid)
+        self.addCleanup(window.close)
+        self.wait_for(desktop, window, NEAREST)
+        return window
+
+    def check_in(self, desktop):
+        command = desktop.start("command", [PROGRAM, "check-in"])
+        self.assertEqual(command.status_within(LIMIT_SECONDS), DONE, command.output())
+
+    @staticmethod
+    def wait_for(desktop, window, name):
+        return desktop.wait_until(lambda: window.find(name), f"“{name}” is seen")
 
 
 if __name__ == "__main__":
