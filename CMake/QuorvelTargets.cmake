@@ -25,7 +25,7 @@ endif()
 set(QUORVEL_TEST_ENVIRONMENT)
 if(QUORVEL_SANITIZERS)
   set(QUORVEL_TEST_ENVIRONMENT
-    # The program and its scenes module share what both define; the first definition is used.
+    # The program and its modules share what both define; the first definition is used.
     ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:detect_odr_violation=0
     UBSAN_OPTIONS=print_stacktrace=1)
 endif()
