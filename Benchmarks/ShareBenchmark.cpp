@@ -1,0 +1,99 @@
+#include "Benchmarks/Comparison.h"
+#include "Core/Keychain/SecItemKeychainStore.h"
+#include "Features/History/VisitDetail.h"
+#include "Features/History/VisitPicture.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Keychain/FakeKeychain.h"
+#include "Platform/Pasteboard/FakePasteboard.h"
+#include "Platform/Pasteboard/PictureOffer.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QQuickWindow>
+#include <QThreadPool>
+
+using namespace quorvel;
+using namespace quorvel::benchmarks;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rounds = 31;
+constexpr double aimedDrawing = 1.0;
+constexpr double aimedPasting = 1.0;
+const QString ssid = u"Quán Cà Phê Đợi"_s;
+
+/// With everything that a card may have but a photo.
+std::shared_ptr<CheckIn> fullVisit()
+{
+    const auto cafe = std::make_shared<Cafe>(QUuid::createUuid(), u"Mây Trắng — Phố Cổ"_s, 21.03,
+                                             105.85, ssid, std::nullopt);
+    return std::make_shared<CheckIn>(
+        QUuid::createUuid(), Clock::system().now(), u"Quiet in the morning. "_s.repeated(4),
+        u"12 Tôn Đức Thắng, Quận 1"_s, std::nullopt,
+        WorkRatings{.wifiSpeed = 5, .outlets = 4, .noise = 2, .quietForCalls = 1},
+        WeatherSnapshot{.temperatureC = 21.5, .weatherCode = 2, .isDay = true}, cafe);
+}
+
+std::unique_ptr<Keychain> keychainWithPassword()
+{
+    auto keychain = std::make_unique<FakeKeychain>();
+    SecItemKeychainStore(SecItemKeychainStore::wifiService, *keychain)
+        .savePassword(QString(63, u'x'), ssid);
+    return keychain;
+}
+
+/// Its code is on the card when this returns.
+void finishLoading(VisitDetail &detail)
+{
+    detail.load();
+    QThreadPool::globalInstance()->waitForDone();
+    QCoreApplication::sendPostedEvents();
+    if (!detail.hasWifiQR())
+        qFatal("The card has no code");
+}
+
+QByteArray bareEncoding(const QImage &image)
+{
+    QBuffer buffer;
+    if (!image.save(&buffer, "PNG"))
+        qFatal("The picture cannot be put into a file");
+    return buffer.data();
+}
+
+} // namespace
+
+/// What a press on Share costs, against Qt's own way to put the finished picture into a file.
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    const QGuiApplication application(argc, argv);
+    QQmlEngine engine;
+    FakePasteboard pasteboard;
+    VisitDetail detail(fullVisit(), {.checkInRepository = nullptr,
+                                     .photoStore = CheckInPhotoStore(FileManager::standard()),
+                                     .makeKeychain = keychainWithPassword,
+                                     .clock = Clock::system(),
+                                     .pasteboard = pasteboard,
+                                     .fileManager = FileManager::standard(),
+                                     .renderCard = {}});
+    finishLoading(detail);
+    // The first one compiles the view, which the window that shows it has done before a share.
+    const QImage image = VisitPicture::image(engine, detail);
+    const auto draw = [&] {
+        return timeOf(
+            [&] { (void)PictureOffer(VisitPicture::image(engine, detail), Secrecy::Secret); });
+    };
+    const auto paste = [&image] {
+        const PictureOffer offer(image, Secrecy::Secret);
+        return timeOf([&offer] { (void)offer.data(u"image/png"_s); });
+    };
+    const auto encode = [&image] { return timeOf([&image] { (void)bareEncoding(image); }); };
+
+    printHeading("sharing a visit, against a bare PNG of its picture");
+    printRow("press to clipboard", interleaved(rounds, draw, encode), aimedDrawing);
+    printRow("first paste", interleaved(rounds, paste, encode), aimedPasting);
+    return 0;
+}
