@@ -26,6 +26,7 @@ NEAREST = "Cà phê Gió Sông"
 CHOSEN = "Sân Trong – Cà phê & Sách"
 NETWORK = "Cà phê Gió Sông 5G"
 PASSWORD = "ca phe sua da 35k"
+CODE = f"WIFI:T:WPA;S:{NETWORK};P:{PASSWORD};;"
 NOTE = "Yên tĩnh, ổ cắm đầy đủ – sẽ quay lại."
 KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
 REFUSAL = "Already checked in today at this café."
@@ -61,6 +62,8 @@ class Tour:
         self._step("The history lists the visit", self._list_visits)
         self._step("A click on the visit opens its card", self._open_visit)
         self._step("A camera joins the Wi-Fi by the card", self._scan)
+        self._step("A press on Share copies the card", self._share)
+        self._step("Another program pastes it, code and all", self._paste)
         self._step("The way back leads to the list", self._go_back)
         self._step("A visit somewhere else comes into the list by itself", self._check_in_elsewhere)
         self._step("Store and keychain hold what was typed, once", self._look_behind)
@@ -168,12 +171,24 @@ class Tour:
         picture = self._desktop.settled_picture()
         shot = self._folder / "scanned.png"
         picture.write_png(shot)
-        command = ["zbarimg", "--raw", "--quiet", "--nodbus", "-Sbinary", "--oneshot", shot]
-        read = subprocess.run(command, capture_output=True, timeout=COMMAND_SECONDS, check=False)
+        self._expect("the code", self._read_code(shot), CODE)
         shot.unlink()
-        expected = f"WIFI:T:WPA;S:{NETWORK};P:{PASSWORD};;"
-        self._expect("the code", read.stdout.decode().strip(), expected)
         return picture
+
+    def _share(self):
+        self._person.click("Share")
+        self._person.wait_for("Copied!")
+        picture = self._desktop.picture()
+        self._person.wait_for("Share")
+        return picture
+
+    def _paste(self):
+        pasted = self._folder / "pasted.png"
+        with open(pasted, "wb") as file:
+            command = ["xclip", "-selection", "clipboard", "-t", "image/png", "-o"]
+            subprocess.run(command, env=self._desktop.environment, stdout=file,
+                           timeout=COMMAND_SECONDS, check=True)
+        self._expect("the pasted code", self._read_code(pasted), CODE)
 
     def _go_back(self):
         self._person.click("Check-ins")
@@ -214,6 +229,11 @@ class Tour:
         ).fetchall()
         connection.close()
         return visits
+
+    def _read_code(self, picture):
+        command = ["zbarimg", "--raw", "--quiet", "--nodbus", "-Sbinary", "--oneshot", picture]
+        read = subprocess.run(command, capture_output=True, timeout=COMMAND_SECONDS, check=False)
+        return read.stdout.decode().strip()
 
     def _kept_password(self):
         command = ["secret-tool", "lookup", "service", KEYCHAIN_SERVICE, "account", NETWORK]
