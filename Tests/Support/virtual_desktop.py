@@ -2,7 +2,6 @@
 
 import os
 import pathlib
-import re
 import subprocess
 import tempfile
 import time
@@ -26,7 +25,15 @@ RESTLESS_SECONDS = 3
 WAIT_SECONDS = 15
 COMMAND_SECONDS = 10
 TYPING_MILLISECONDS = 25
-LEARNING_SECONDS = 0.1
+# Function keys that no program waits for.
+SPARE_KEYS = [f"FK{number}" for number in range(13, 25)]
+KEYMAP = """xkb_keymap {
+    xkb_keycodes { include "evdev+aliases(qwerty)" };
+    xkb_types { include "complete" };
+    xkb_compat { include "complete" };
+    xkb_symbols { include "pc+us+inet(evdev)" %s };
+};
+"""
 
 
 def process_id(bus, name):
@@ -163,13 +170,19 @@ class VirtualDesktop:
     def press_key(self, *keys):
         self._ask("xdotool", "key", *keys)
 
+    def add_letters(self, text):
+        """Gives the keyboard keys for the letters that it lacks, at most one for each spare key.
+        Before a program starts: one that runs can miss a letter while it learns of a new key."""
+        letters = sorted({letter for letter in text if not letter.isascii()})
+        assert len(letters) <= len(SPARE_KEYS)
+        keys = [f"key <{key}> {{ [ U{ord(letter):04X} ] }};"
+                for key, letter in zip(SPARE_KEYS, letters)]
+        keymap = self.folder / "keymap.xkb"
+        keymap.write_text(KEYMAP % " ".join(keys))
+        self._ask("xkbcomp", "-w0", str(keymap), self.environment["DISPLAY"])
+
     def type_text(self, text):
-        """As on a keyboard that has every letter. For one that it has not, the server is taught a
-        key, and the program needs the time to hear of it before the next one."""
-        for part in re.split("([^ -~])", text):
-            self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), part)
-            if not part.isascii():
-                time.sleep(LEARNING_SECONDS)
+        self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
 
     def let_double_click_time_pass(self):
         """Waits so long that the next click counts as a new one."""

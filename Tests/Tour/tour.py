@@ -85,6 +85,7 @@ class Tour:
     def _start(self):
         self._desktop.start_tray("xfce4-panel")
         self._world.location.slow(FIX_SECONDS)
+        self._desktop.add_letters(NOTE)
         self._process = self._desktop.start_program(
             self._program, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"
         )
