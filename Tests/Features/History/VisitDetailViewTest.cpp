@@ -1,7 +1,7 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
+#include "Tests/Support/QRReader.h"
 
 #include <QAccessible>
-#include <QProcess>
 
 #include <optional>
 
@@ -12,7 +12,6 @@ namespace quorvel::tests {
 namespace {
 
 constexpr int manyVisits = 40;
-constexpr int readerMilliseconds = 20'000;
 
 Visits visits()
 {
@@ -28,21 +27,6 @@ QImage picture(const QColor &color)
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(color);
     return image;
-}
-
-/// What a camera sees in the picture.
-QString scanned(const QImage &image)
-{
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(u"code.png"_s);
-    if (!image.save(file))
-        return u"the picture was not written"_s;
-    QProcess reader;
-    reader.start(u"zbarimg"_s,
-                 {u"--raw"_s, u"--quiet"_s, u"--nodbus"_s, u"-Sbinary"_s, u"--oneshot"_s, file});
-    if (!reader.waitForFinished(readerMilliseconds))
-        return u"the reader did not end"_s;
-    return QString::fromUtf8(reader.readAllStandardOutput()).trimmed();
 }
 
 } // namespace
@@ -194,8 +178,8 @@ private slots:
         newest()->cafe()->setLastKnownSSID(ssid);
         history().window().resize(600, 900);
         openNewest();
-        QCOMPARE(scanned(history().window().grabWindow()),
-                 u"WIFI:T:WPA;S:%1;P:%2;;"_s.arg(ssid, password));
+        QCOMPARE(QRReader::read(history().window().grabWindow()),
+                 u"WIFI:T:WPA;S:%1;P:%2;;"_s.arg(ssid, password).toUtf8());
     }
 
     void theBannerShowsThePhotoWhileThereIsOne()
