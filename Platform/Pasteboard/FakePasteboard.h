@@ -14,13 +14,19 @@ public:
     void clearContents() override
     {
         calls.append(QStringLiteral("clear"));
+        text.clear();
         secret.clear();
         image = QImage();
     }
-    void setSecret(const QString &text) override
+    void setText(const QString &offered) override
+    {
+        calls.append(QStringLiteral("text"));
+        text = offered;
+    }
+    void setSecret(const QString &offered) override
     {
         calls.append(QStringLiteral("secret"));
-        secret = text;
+        secret = offered;
     }
     void setImage(const QImage &offered, Secrecy secrecy,
                   Completion<Acceptance> completion) override
@@ -31,6 +37,7 @@ public:
         acceptances.call(std::move(completion));
     }
 
+    QString text;
     QString secret;
     QImage image;
     QStringList calls;

@@ -20,6 +20,8 @@ public:
     virtual ~Pasteboard() = default;
 
     virtual void clearContents() = 0;
+    /// Replaces what is there with a text that anybody may keep.
+    virtual void setText(const QString &text) = 0;
     /// Replaces what is there with a text that is not to be kept.
     virtual void setSecret(const QString &text) = 0;
     /// Replaces what is there with a picture, and tells whether other programs can paste it.

@@ -41,6 +41,11 @@ void QtPasteboard::clearContents()
     clipboard().clear();
 }
 
+void QtPasteboard::setText(const QString &text)
+{
+    clipboard().setText(text);
+}
+
 void QtPasteboard::setSecret(const QString &text)
 {
     auto *data = new QMimeData; // The clipboard takes it.

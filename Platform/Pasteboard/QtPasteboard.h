@@ -11,6 +11,7 @@ class QtPasteboard final : public Pasteboard
 {
 public:
     void clearContents() override;
+    void setText(const QString &text) override;
     void setSecret(const QString &text) override;
     void setImage(const QImage &image, Secrecy secrecy, Completion<Acceptance> completion) override;
 

@@ -16,6 +16,15 @@ class QtPasteboardTest final : public QObject
     Q_OBJECT
 
 private slots:
+    void aTextIsPlainAndNoSecret()
+    {
+        QtPasteboard().setSecret(u"before"_s);
+        QtPasteboard().setText(u"<b>log</b>"_s);
+        QCOMPARE(clipboard().text(), u"<b>log</b>"_s);
+        QVERIFY(!clipboard().mimeData()->hasHtml());
+        QVERIFY(!clipboard().mimeData()->hasFormat(u"x-kde-passwordManagerHint"_s));
+    }
+
     void aSecretIsPlainTextMarkedAsOne()
     {
         clipboard().setText(u"before"_s);
