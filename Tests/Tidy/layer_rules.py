@@ -15,7 +15,7 @@ ALLOWED = {
     "Core/DesignSystem": ("Core/Support", "Models", "Platform"),
     "Core/DI": ("Core/Keychain", "Core/Persistence", "Core/Support", "Models", "Platform"),
     "Features": ("Core", "Services", "Models", "Platform"),
-    "_Probes": ("Core", "Services", "Models", "Platform"),
+    "_Probes": ("Features", "Core", "Services", "Models", "Platform"),
     "Quorvel": ("_Probes", "Features", "Core", "Services", "Models", "Platform"),
 }
 

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "_Probes/LogLine.h"
+#include "_Probes/ProbeRoles.h"
+
+#include <QPointer>
+#include <QStringList>
+
+#include <optional>
+
+namespace quorvel {
+
+class CheckIn;
+
+/// The diagnostics by hand: what the services know at the launch, and what they answer to each
+/// action, as lines of a log. It goes on when its window closes, and ends in silence when it is
+/// destroyed itself.
+class ProbeViewModel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A café that was found.
+    struct Row
+    {
+        QString id;
+        QString name;
+        QString distance; ///< "42 m"
+        QString category;
+
+        friend bool operator==(const Row &, const Row &) = default;
+    };
+
+    /// Reads the network's name before anything asks for the position, so that `ssidAfter` can show
+    /// whether that makes a difference.
+    explicit ProbeViewModel(ProbeRoles roles, QObject *parent = nullptr);
+
+    /// One position, and then the network's name again. Ignored while it is under way.
+    void locate();
+    /// The cafés around the last position, as the service gives them. Ignored while it is under
+    /// way.
+    void searchCafes();
+    void readCheckIns();
+    /// The log, as far as a stranger may read it, to be pasted.
+    void copyLog();
+
+    [[nodiscard]] AuthorizationStatus authStatus() const { return m_authStatus; }
+    [[nodiscard]] const QString &coordinates() const { return m_coordinates; }
+    [[nodiscard]] const QString &accuracy() const { return m_accuracy; }
+    [[nodiscard]] const QString &ssidBefore() const { return m_ssidBefore; }
+    [[nodiscard]] const QString &ssidAfter() const { return m_ssidAfter; }
+    [[nodiscard]] const QList<Row> &cafes() const { return m_cafes; }
+    [[nodiscard]] bool isLocating() const { return m_isLocating; }
+    [[nodiscard]] bool isSearching() const { return m_isSearching; }
+    /// Whether locating made a difference to the network's name; empty before.
+    [[nodiscard]] const QString &verdict() const { return m_verdict; }
+    [[nodiscard]] const QList<LogLine> &logLines() const { return m_logLines; }
+    [[nodiscard]] int checkInCount() const { return m_checkInCount; }
+    /// Newest first: when, and where.
+    [[nodiscard]] const QStringList &recentCheckIns() const { return m_recentCheckIns; }
+
+signals:
+    void changed();
+
+private:
+    using Kind = LogLine::Kind;
+
+    [[nodiscard]] static Task<> locate(QPointer<ProbeViewModel> self);
+    [[nodiscard]] static Task<> search(QPointer<ProbeViewModel> self, Coordinate around);
+    [[nodiscard]] QString readSSID(const QString &when);
+    void note(const Location &location);
+    void note(const std::vector<PlaceCandidate> &cafes);
+    void note(const std::vector<std::shared_ptr<CheckIn>> &visits);
+    void judge();
+    void append(const QString &text, Kind kind);
+    void append(const QString &text, Kind kind, const QString &shareableText);
+
+    ProbeRoles m_roles;
+    AuthorizationStatus m_authStatus;
+    QString m_coordinates;
+    QString m_accuracy;
+    QString m_ssidBefore = QStringLiteral("(not checked)");
+    QString m_ssidAfter = QStringLiteral("(not checked)");
+    QList<Row> m_cafes;
+    bool m_isLocating = false;
+    QString m_verdict;
+    QList<LogLine> m_logLines;
+    int m_checkInCount = 0;
+    QStringList m_recentCheckIns;
+
+    bool m_isSearching = false;
+    std::optional<Coordinate> m_position;
+    /// Of networks and cafés: no stranger is to read them.
+    QStringList m_names;
+};
+
+} // namespace quorvel
