@@ -10,6 +10,8 @@
 #include "Platform/Appearance/Appearance.h"
 #include "Platform/Errors/LocalizedError.h"
 #include "Platform/Files/FileManager.h"
+#include "_Probes/ProbeScreen.h"
+#include "_Probes/ProbeServices.h"
 
 #include <QHash>
 #include <QQuickWindow>
@@ -111,8 +113,11 @@ QQuickWindow *QuickScenes::window(const QString &identifier)
 
 QVariantMap QuickScenes::propertiesOf(const QString &identifier)
 {
-    if (identifier != u"history"_s)
-        return {};
+    return {{u"screen"_s, identifier == u"history"_s ? makeHistory() : makeProbe()}};
+}
+
+QVariant QuickScenes::makeHistory()
+{
     m_history = std::make_unique<HistoryScreen>(
         HistoryRoles{.checkInRepository = m_context.environment->checkInRepository(),
                      .photoStore = CheckInPhotoStore(FileManager::standard()),
@@ -123,7 +128,14 @@ QVariantMap QuickScenes::propertiesOf(const QString &identifier)
                      .renderCard = [this](VisitDetail &detail) {
                          return VisitPicture::image(m_engine, detail);
                      }});
-    return {{u"screen"_s, QVariant::fromValue(m_history.get())}};
+    return QVariant::fromValue(m_history.get());
+}
+
+QVariant QuickScenes::makeProbe()
+{
+    m_probeServices = std::make_unique<ProbeServices>(m_facilities);
+    m_probe = std::make_unique<ProbeScreen>(m_probeServices->roles(*m_context.environment));
+    return QVariant::fromValue(m_probe.get());
 }
 
 void QuickScenes::followAppearance()

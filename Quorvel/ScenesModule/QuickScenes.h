@@ -17,6 +17,8 @@ namespace quorvel {
 class HistoryScreen;
 class MenuBarPanel;
 class MenuBarServices;
+class ProbeScreen;
+class ProbeServices;
 
 /// The three scenes in Qt Quick: the panel and the two windows, on one engine.
 class QuickScenes final : public QObject, public Scenes
@@ -41,6 +43,8 @@ private:
     void openRequestedWindow(const QString &identifier);
     /// What the window's view requires.
     [[nodiscard]] QVariantMap propertiesOf(const QString &identifier);
+    [[nodiscard]] QVariant makeHistory();
+    [[nodiscard]] QVariant makeProbe();
     void followAppearance();
 
     SceneContext m_context;
@@ -50,6 +54,8 @@ private:
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;
     // Order: what a window is bound to outlives it.
     std::unique_ptr<HistoryScreen> m_history;
+    std::unique_ptr<ProbeServices> m_probeServices;
+    std::unique_ptr<ProbeScreen> m_probe;
     std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };
 

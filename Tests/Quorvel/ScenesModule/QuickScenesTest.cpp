@@ -125,6 +125,18 @@ private slots:
         QTRY_VERIFY(QuickTest::find(window->contentItem(), "text", cafe));
     }
 
+    void theProbeAsksWhatTheProgramRunsOn()
+    {
+        const auto cafe = u"Café "_s + QUuid::createUuid().toString();
+        visit(cafe);
+        QVERIFY(m_scenes->openWindow(u"probe8"_s));
+        QQuickWindow *window = m_scenes->window(u"probe8"_s);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Read check-ins"_s));
+        QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Copy log"_s));
+        QVERIFY(m_facilities.pasteboard.text.contains(u"check-in(s) stored\n(left out)\n"_s));
+    }
+
     void newCheckInClosesTheHistory()
     {
         QVERIFY(m_scenes->openWindow(u"history"_s));

@@ -1,0 +1,48 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quorvel.Probes
+
+// The diagnostics: the daily loop on top, then the actions, and below them what they answered.
+FocusScope {
+    id: root
+
+    required property ProbeScreen screen
+    readonly property real margin: 16
+
+    signal dismissRequested
+
+    objectName: "ProbeView"
+
+    Keys.onEscapePressed: root.dismissRequested()
+
+    DailyLoopPanel {
+        id: panel
+
+        anchors.left: parent.left
+        anchors.margins: root.margin
+        anchors.right: parent.right
+        anchors.top: parent.top
+        focus: true
+        loop: root.screen.loop
+    }
+
+    ProbeActions {
+        id: actions
+
+        anchors.left: parent.left
+        anchors.margins: root.margin
+        anchors.right: parent.right
+        anchors.top: panel.bottom
+        screen: root.screen
+    }
+
+    ProbeLog {
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.margins: root.margin
+        anchors.right: parent.right
+        anchors.top: actions.bottom
+        lines: root.screen.log
+    }
+}
