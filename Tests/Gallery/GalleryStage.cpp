@@ -15,6 +15,7 @@ namespace {
 constexpr qreal panelWidth = 340;
 constexpr qreal contentHeight = 540;
 constexpr QSizeF historySize(600, 540);
+constexpr QSizeF probeSize(560, 560);
 constexpr qreal formMargin = 16;
 constexpr int manyAnswers = 200;
 
@@ -82,6 +83,14 @@ void GalleryStage::showVisit()
     HistoryWorld::finishLoading();
 }
 
+void GalleryStage::showProbe()
+{
+    m_probe.emplace(m_probeWorld.roles());
+    put(ViewFactory::make(m_engine, u"Probes"_s, u"ProbeView"_s,
+                          {{u"screen"_s, QVariant::fromValue(&*m_probe)}}),
+        probeSize, 0);
+}
+
 void GalleryStage::show(const QString &module, const QString &view, const QVariantMap &properties)
 {
     put(ViewFactory::make(m_engine, module, view, properties), {panelWidth, contentHeight}, 0);
@@ -115,6 +124,9 @@ void GalleryStage::keepAnswering()
         m_world.willHear({{u"Cà phê Gió Sông"_s, -55}});
         m_world.loop.wifi.joins.willFail(AppError::network(u"refused"_s));
         m_world.systemPasswords.passwords.willSucceed(std::nullopt);
+        m_probeWorld.loop.willFindAll();
+        m_probeWorld.willLocate(LoopWorld::home());
+        m_probeWorld.places.calls.willSucceed(LoopWorld::found());
     }
 }
 

@@ -5,6 +5,8 @@
 #include "Features/MenuBar/MenuBarScene.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/MenuBar/PanelWorld.h"
+#include "Tests/Probes/ProbeWorld.h"
+#include "_Probes/ProbeScreen.h"
 
 #include <QMarginsF>
 #include <QQuickItem>
@@ -35,6 +37,8 @@ public:
     void showHistory();
     /// The same with its newest visit open, and all of that loaded.
     void showVisit();
+    /// The content of the diagnostics' window.
+    void showProbe();
     void show(const QString &module, const QString &view, const QVariantMap &properties);
     void showSheet();
     /// The button of this label, in the view.
@@ -47,6 +51,8 @@ public:
 
     [[nodiscard]] PanelWorld &world() { return m_world; }
     [[nodiscard]] HistoryWorld &historyWorld() { return m_historyWorld; }
+    [[nodiscard]] ProbeWorld &probeWorld() { return m_probeWorld; }
+    [[nodiscard]] ProbeScreen &probe() { return *m_probe; }
     [[nodiscard]] MenuBarScene &scene() { return *m_scene; }
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
     [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
@@ -64,8 +70,10 @@ private:
     // Order: what the view is bound to outlives it.
     PanelWorld m_world;
     HistoryWorld m_historyWorld;
+    ProbeWorld m_probeWorld;
     std::optional<MenuBarScene> m_scene;
     std::optional<HistoryScreen> m_history;
+    std::optional<ProbeScreen> m_probe;
     LaunchAtLoginToggle m_launchAtLogin;
     std::unique_ptr<QQuickItem> m_view;
     qreal m_margin = 0;

@@ -39,7 +39,7 @@ void failed(GalleryStage &stage)
 
 QList<GalleryState> GalleryStates::all()
 {
-    return ofPanel() + ofLocatedView() + ofPicker() + ofWifi() + ofHistory() +
+    return ofPanel() + ofLocatedView() + ofPicker() + ofWifi() + ofHistory() + ofProbe() +
            QList<GalleryState>{{u"DesignSystem/sheet"_s, [](auto &stage) { stage.showSheet(); }}};
 }
 

@@ -23,6 +23,7 @@ namespace GalleryStates {
 [[nodiscard]] QList<GalleryState> ofPicker();
 [[nodiscard]] QList<GalleryState> ofWifi();
 [[nodiscard]] QList<GalleryState> ofHistory();
+[[nodiscard]] QList<GalleryState> ofProbe();
 
 } // namespace GalleryStates
 } // namespace quorvel::tests
