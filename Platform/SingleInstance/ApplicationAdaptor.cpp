@@ -36,8 +36,7 @@ QVariantMap ApplicationAdaptor::platformData(const Activation &activation)
 
 void ApplicationAdaptor::Activate(const QVariantMap &platformData)
 {
-    emit m_instance->activated({.token = platformData.value(tokenKey).toString(),
-                                .startupId = platformData.value(startupIdKey).toString()});
+    activate(platformData, Request::Panel);
 }
 
 void ApplicationAdaptor::Open(const QStringList &, const QVariantMap &, const QDBusMessage &message)
@@ -46,9 +45,20 @@ void ApplicationAdaptor::Open(const QStringList &, const QVariantMap &, const QD
 }
 
 void ApplicationAdaptor::ActivateAction(const QString &name, const QVariantList &,
-                                        const QVariantMap &, const QDBusMessage &message)
+                                        const QVariantMap &platformData,
+                                        const QDBusMessage &message)
 {
-    refuse(message, QDBusError::InvalidArgs, u"Quorvel has no action “%1”."_s.arg(name));
+    if (name == diagnostics)
+        activate(platformData, Request::Diagnostics);
+    else
+        refuse(message, QDBusError::InvalidArgs, u"Quorvel has no action “%1”."_s.arg(name));
+}
+
+void ApplicationAdaptor::activate(const QVariantMap &platformData, Request request)
+{
+    emit m_instance->activated({.token = platformData.value(tokenKey).toString(),
+                                .startupId = platformData.value(startupIdKey).toString(),
+                                .request = request});
 }
 
 } // namespace quorvel

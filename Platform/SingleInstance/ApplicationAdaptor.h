@@ -4,18 +4,22 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
+#include <QLatin1StringView>
 #include <QVariantMap>
 
 namespace quorvel {
 
-/// The face that every desktop application shows on the bus: here it can be brought forward, and
-/// nothing else.
+/// The face that every desktop application shows on the bus: here it can be brought forward, or
+/// have its diagnostics opened, and nothing else.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
+    /// The one action.
+    static constexpr QLatin1StringView diagnostics{"diagnostics"};
+
     explicit ApplicationAdaptor(SingleInstance *instance);
 
     [[nodiscard]] static QVariantMap platformData(const Activation &activation);
@@ -28,6 +32,8 @@ public slots:
                         const QVariantMap &platformData, const QDBusMessage &message);
 
 private:
+    void activate(const QVariantMap &platformData, Request request);
+
     SingleInstance *m_instance;
 };
 

@@ -21,10 +21,12 @@ const QString interfaceName = u"org.freedesktop.Application"_s;
 } // namespace
 
 DBusSingleInstance::DBusSingleInstance(const QProcessEnvironment &environment,
-                                       std::chrono::milliseconds limit, QObject *parent)
+                                       std::chrono::milliseconds limit, Request request,
+                                       QObject *parent)
     : SingleInstance(parent)
     , m_environment(environment)
     , m_limit(limit)
+    , m_request(request)
 {
     new ApplicationAdaptor(this);
 }
@@ -81,9 +83,12 @@ bool DBusSingleInstance::activateOwner() const
 {
     const Activation activation{.token = m_environment.value(u"XDG_ACTIVATION_TOKEN"_s),
                                 .startupId = m_environment.value(u"DESKTOP_STARTUP_ID"_s)};
-    QDBusMessage message =
-        QDBusMessage::createMethodCall(applicationId, objectPath, interfaceName, u"Activate"_s);
+    const bool isAction = m_request == Request::Diagnostics;
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        applicationId, objectPath, interfaceName, isAction ? u"ActivateAction"_s : u"Activate"_s);
     message.setAutoStartService(false);
+    if (isAction)
+        message << QString(ApplicationAdaptor::diagnostics) << QVariantList();
     message << ApplicationAdaptor::platformData(activation);
     const QDBusMessage reply =
         SessionBus::connection().call(message, QDBus::Block, int(m_limit.count()));

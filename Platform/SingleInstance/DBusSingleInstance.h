@@ -18,10 +18,11 @@ public:
     /// waits longer for a window.
     static constexpr std::chrono::seconds answerLimit{5};
 
-    /// The environment is that of this start; needs an application object.
+    /// The environment is that of this start, and the request is what it hands over; needs an
+    /// application object.
     explicit DBusSingleInstance(const QProcessEnvironment &environment,
                                 std::chrono::milliseconds limit = answerLimit,
-                                QObject *parent = nullptr);
+                                Request request = Request::Panel, QObject *parent = nullptr);
     ~DBusSingleInstance() override;
 
     [[nodiscard]] Claim claim() override;
@@ -35,6 +36,7 @@ private:
 
     QProcessEnvironment m_environment;
     std::chrono::milliseconds m_limit;
+    Request m_request;
     bool m_isOnBus = false;
 };
 

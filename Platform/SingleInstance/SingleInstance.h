@@ -5,13 +5,17 @@
 
 namespace quorvel {
 
-/// What the desktop hands to a start so that its window may come to the front. Either may be empty.
+/// What somebody wants to see who starts the program.
+enum class Request { Panel, Diagnostics };
+
+/// What the desktop hands to a start so that its window may come to the front, and which window.
 struct Activation
 {
-    /// Of the Wayland kind.
+    /// Of the Wayland kind; may be empty, as the next.
     QString token = {};
     /// Of the X11 kind, where a window needs none to come forward.
     QString startupId = {};
+    Request request = Request::Panel;
 
     friend bool operator==(const Activation &, const Activation &) = default;
 };

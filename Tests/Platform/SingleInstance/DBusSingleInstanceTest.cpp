@@ -183,6 +183,31 @@ private slots:
         QCOMPARE(lastActivation(activated), (Activation{u"a"_s, u"b"_s}));
     }
 
+    void theDesktopMayAskForTheDiagnostics()
+    {
+        DBusSingleInstance instance(environment());
+        const QSignalSpy activated(&instance, &SingleInstance::activated);
+        QCOMPARE(instance.claim(), Claim::Primary);
+        const QDBusMessage reply =
+            call(u"ActivateAction"_s,
+                 {u"diagnostics"_s, QVariantList(), QVariantMap{{u"activation-token"_s, u"a"_s}}});
+        QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+        QCOMPARE(activated.count(), 1);
+        QCOMPARE(lastActivation(activated), (Activation{u"a"_s, {}, Request::Diagnostics}));
+    }
+
+    void aSecondStartHandsOverWhatItWants()
+    {
+        const auto peer = startPeer();
+        QCOMPARE(nextLine(*peer), QByteArray("Primary"));
+        {
+            DBusSingleInstance instance(environment(), 5s, Request::Diagnostics);
+            QCOMPARE(instance.claim(), Claim::HandedOver);
+        }
+        QCOMPARE(nextLine(*peer), QByteArray("activated for diagnostics"));
+        end(*peer);
+    }
+
     void filesAndActionsAreRefused_data()
     {
         QTest::addColumn<QString>("member");

@@ -39,7 +39,11 @@ int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
     DBusSingleInstance instance(QProcessEnvironment::systemEnvironment());
-    QObject::connect(&instance, &SingleInstance::activated, &instance, [] { say("activated"); });
+    QObject::connect(&instance, &SingleInstance::activated, &instance,
+                     [](const Activation &activation) {
+                         const bool isPanel = activation.request == Request::Panel;
+                         say(isPanel ? "activated" : "activated for diagnostics");
+                     });
 
     const SingleInstance::Claim claim = instance.claim();
     say(nameOf(claim));
