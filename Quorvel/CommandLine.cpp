@@ -55,6 +55,7 @@ QString helpText()
            "Options:\n"
            "  -h, --help     Show this text.\n"
            "  -v, --version  Show the version.\n"
+           "  --probe        Open the diagnostics.\n"
            "\n"
            "Options of the Qt toolkit such as “-platform” and “-style” work too.\n"_s;
 }
@@ -109,11 +110,16 @@ CommandLine CommandLine::parse(const QStringList &arguments)
 {
     if (isCommand(arguments))
         return {.command = arguments};
+    CommandLine start;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--help"_L1 || *argument == "-h"_L1)
             return answer(helpText());
         if (*argument == "--version"_L1 || *argument == "-v"_L1)
             return answer(u"Quorvel " QUORVEL_VERSION "\n"_s);
+        if (*argument == "--probe"_L1) {
+            start.window = Window::Diagnostics;
+            continue;
+        }
         if (!isOption(*argument))
             return refusal(u"unexpected argument “%1”"_s.arg(*argument));
         const QStringView name = nameOf(*argument);
@@ -124,7 +130,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         if (takesNext && ++argument == arguments.end())
             return refusal(u"option “%1” needs a value"_s.arg(arguments.constLast()));
     }
-    return {};
+    return start;
 }
 
 } // namespace quorvel

@@ -11,12 +11,16 @@ namespace quorvel {
 /// object or a display.
 struct CommandLine
 {
+    enum class Window { None, Diagnostics };
+
     /// For standard output.
     QString output = {};
     /// For standard error.
     QString errors = {};
     /// A command of the terminal with its own arguments, which its module reads.
     QStringList command = {};
+    /// What the program opens when it runs, or has the one that runs already open.
+    Window window = Window::None;
     /// Nothing: the program is to run, or the command.
     std::optional<int> exitStatus = {};
 

@@ -9,6 +9,8 @@
 
 namespace quorvel {
 
+using namespace Qt::StringLiterals;
+
 QuorvelApp::QuorvelApp()
     : m_label(m_statusItem)
     , m_traylessOpening(m_statusItem)
@@ -16,8 +18,8 @@ QuorvelApp::QuorvelApp()
     if (const auto &error = m_environment.setupError())
         qWarning("quorvel: %s", qUtf8Printable(*error));
     connect(&m_statusItem, &StatusItem::activated, this, &QuorvelApp::togglePanel);
-    connect(&m_statusItem, &StatusItem::openRequested, this, [this] { openPanel(); });
-    connect(&m_traylessOpening, &TraylessOpening::openRequested, this, [this] { openPanel(); });
+    connect(&m_statusItem, &StatusItem::openRequested, this, &QuorvelApp::openPanel);
+    connect(&m_traylessOpening, &TraylessOpening::openRequested, this, &QuorvelApp::openPanel);
     connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
     // Once the icon is up: by the first click the desktop has told whether it is dark.
     connect(&m_statusItem, &StatusItem::isShownChanged, this, [this] { appearance(); });
@@ -25,12 +27,27 @@ QuorvelApp::QuorvelApp()
 
 QuorvelApp::~QuorvelApp() = default;
 
-void QuorvelApp::openPanel(const Activation &activation)
+void QuorvelApp::open(const Activation &activation)
 {
     // The toolkit takes the token from here when it next asks a Wayland desktop for focus.
     if (!activation.token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
+    switch (activation.request) {
+    case Request::Panel:
+        return openPanel();
+    case Request::Diagnostics:
+        return openDiagnostics();
+    }
+}
+
+void QuorvelApp::openPanel()
+{
     withScenes([this](Scenes &scenes) { scenes.openMenuBarPanel(m_statusItem.geometry()); });
+}
+
+void QuorvelApp::openDiagnostics()
+{
+    withScenes([](Scenes &scenes) { static_cast<void>(scenes.openWindow(u"probe8"_s)); });
 }
 
 void QuorvelApp::togglePanel()

@@ -23,10 +23,12 @@ public:
     QuorvelApp();
     ~QuorvelApp() override;
 
-    /// Shows the panel: the desktop, a later start of the program, or a menu asked for it.
-    void openPanel(const Activation &activation = {});
+    /// Shows what the desktop, or this or a later start of the program, asked for.
+    void open(const Activation &activation);
 
 private:
+    void openPanel();
+    void openDiagnostics();
     void togglePanel();
     template <class Action>
     void withScenes(Action action);

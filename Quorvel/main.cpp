@@ -47,6 +47,12 @@ std::optional<EndpointError> endpointMistake()
     }
 }
 
+Request requestOf(const CommandLine &commandLine)
+{
+    return commandLine.window == CommandLine::Window::Diagnostics ? Request::Diagnostics
+                                                                  : Request::Panel;
+}
+
 /// Qt ends the process with a core dump where there is no display; a sentence is kinder.
 bool hasDisplay()
 {
@@ -55,20 +61,25 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-int runAsPrimary(SingleInstance &instance)
+int runAsPrimary(SingleInstance &instance, Request request)
 {
     QApplication::setQuitOnLastWindowClosed(false);
     const TerminationListener termination;
     QObject::connect(&termination, &TerminationListener::terminationRequested, qApp,
                      &QCoreApplication::quit);
     QuorvelApp app;
-    QObject::connect(&instance, &SingleInstance::activated, &app, &QuorvelApp::openPanel);
+    QObject::connect(&instance, &SingleInstance::activated, &app, &QuorvelApp::open);
+    // The panel opens by itself only where no icon does.
+    if (request != Request::Panel)
+        QMetaObject::invokeMethod(
+            &app, [&app, request] { app.open({.request = request}); }, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }
 
-int run()
+int run(Request request)
 {
-    DBusSingleInstance instance(QProcessEnvironment::systemEnvironment());
+    DBusSingleInstance instance(QProcessEnvironment::systemEnvironment(),
+                                DBusSingleInstance::answerLimit, request);
     switch (instance.claim()) {
     case SingleInstance::Claim::HandedOver:
         return EXIT_SUCCESS;
@@ -78,7 +89,7 @@ int run()
     case SingleInstance::Claim::NoBus:
         break;
     }
-    const int status = runAsPrimary(instance);
+    const int status = runAsPrimary(instance, request);
     unwindAbandonedTasks();
     return status;
 }
@@ -105,5 +116,5 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Quorvel"));
     QApplication::setDesktopFileName(quorvel::applicationId);
     const QApplication application(argc, argv);
-    return quorvel::run();
+    return quorvel::run(quorvel::requestOf(commandLine));
 }

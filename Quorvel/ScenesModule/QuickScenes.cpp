@@ -73,7 +73,7 @@ bool QuickScenes::openWindow(const QString &identifier)
     return true;
 }
 
-/// The request comes out of the QML engine, which no exception may pass.
+/// Such as the QML engine, which no exception may pass.
 void QuickScenes::openRequestedWindow(const QString &identifier)
 {
     try {

@@ -39,8 +39,10 @@ public:
     /// Null when no window has this identifier. Throws ViewError.
     [[nodiscard]] QQuickWindow *window(const QString &identifier);
 
-private:
+    /// The same for whoever cannot hear that it failed: the log does.
     void openRequestedWindow(const QString &identifier);
+
+private:
     /// What the window's view requires.
     [[nodiscard]] QVariantMap propertiesOf(const QString &identifier);
     [[nodiscard]] QVariant makeHistory();

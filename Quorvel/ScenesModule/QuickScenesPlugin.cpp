@@ -27,7 +27,12 @@ public:
     void openMenuBarPanel(const QRect &anchor) override { m_scenes.openMenuBarPanel(anchor); }
     [[nodiscard]] bool openWindow(const QString &identifier) override
     {
-        return m_scenes.openWindow(identifier);
+        if (identifier != u"probe8")
+            return m_scenes.openWindow(identifier);
+        // It tells at once which network there is, and a radio that is not read yet has none.
+        m_facilities.whenRadioIsRead(
+            &m_scenes, [this, identifier] { m_scenes.openRequestedWindow(identifier); });
+        return true;
     }
 
 private:

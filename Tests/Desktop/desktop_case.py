@@ -7,6 +7,8 @@ from virtual_desktop import VirtualDesktop
 
 PROGRAM = os.environ["QUORVEL_PROGRAM"]
 PANEL = "Quorvel"
+# The toolkit adds the name of the program to a title that lacks it.
+DIAGNOSTICS = "Probe8 — Quorvel"
 
 
 class DesktopCase(unittest.TestCase):
@@ -18,8 +20,8 @@ class DesktopCase(unittest.TestCase):
     def start_program(self, *arguments, **options):
         return self.desktop.start_program(PROGRAM, *arguments, **options)
 
-    def start_program_again(self):
-        return self.desktop.run_program(PROGRAM)
+    def start_program_again(self, *arguments):
+        return self.desktop.run_program(PROGRAM, *arguments)
 
     def start_shown_program(self, tray="trayer"):
         """The program with its icon already in a tray of that kind."""

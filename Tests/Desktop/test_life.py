@@ -4,7 +4,7 @@ import os
 import shutil
 import unittest
 
-from desktop_case import PANEL, PROGRAM, DesktopCase
+from desktop_case import DIAGNOSTICS, PANEL, PROGRAM, DesktopCase
 
 
 def without_override():
@@ -27,6 +27,22 @@ class SecondStartTest(DesktopCase):
         self.desktop.wait_until_reachable(first)
         self.assertEqual(self.start_program_again(), 0)
         self.desktop.wait_for_window(PANEL)
+
+
+class DiagnosticsTest(DesktopCase):
+    def test_a_start_opens_them_beside_its_icon(self):
+        self.desktop.start_tray("trayer")
+        program = self.start_program("--probe")
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.desktop.wait_for_icon()
+        self.assert_ends_well(program)
+
+    def test_a_second_start_opens_those_of_the_first(self):
+        first = self.start_shown_program()
+        self.assertEqual(self.start_program_again("--probe"), 0)
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.assertEqual(self.desktop.windows(PANEL), [])
+        self.assertTrue(first.is_running())
 
 
 class StoreTest(DesktopCase):

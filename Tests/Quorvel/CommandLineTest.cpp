@@ -37,6 +37,16 @@ class CommandLineTest final : public QObject
 private slots:
     void withoutArgumentsTheProgramRuns() { QCOMPARE(CommandLine::parse({}), run); }
 
+    void theProbeIsOpenedByTheProgramThatRuns()
+    {
+        const CommandLine probe{.window = CommandLine::Window::Diagnostics};
+        QCOMPARE(CommandLine::parse({u"--probe"_s}), probe);
+        QCOMPARE(CommandLine::parse({u"-reverse"_s, u"--probe"_s, u"--probe"_s}), probe);
+        QCOMPARE(CommandLine::parse({u"-probe"_s}).exitStatus, 2);
+        QCOMPARE(CommandLine::parse({u"--probe"_s, u"--foo"_s}).exitStatus, 2);
+        QVERIFY(CommandLine::parse({u"--help"_s}).output.contains(u"\n  --probe "_s));
+    }
+
     void aCommandIsLeftToItsModule_data()
     {
         QTest::addColumn<QStringList>("arguments");
