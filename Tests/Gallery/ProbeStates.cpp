@@ -53,7 +53,7 @@ void underWay(GalleryStage &stage)
     stage.press(u"Locate"_s);
 }
 
-void failed(GalleryStage &stage)
+void loopFailed(GalleryStage &stage)
 {
     stage.showProbe();
     auto &world = stage.probeWorld();
@@ -87,7 +87,7 @@ QList<GalleryState> GalleryStates::ofProbe()
             {u"ProbeView/under-way"_s, underWay},
             {u"ProbeView/found"_s, found},
             {u"ProbeView/degraded"_s, degraded},
-            {u"ProbeView/failed"_s, failed}};
+            {u"ProbeView/failed"_s, loopFailed}};
 }
 
 } // namespace quorvel::tests
