@@ -38,6 +38,10 @@ Rectangle {
             text: "27°"
         }
 
+        SelectableText {
+            text: "Quán Sách is 42 m away"
+        }
+
         Row {
             spacing: 12
 
