@@ -1,19 +1,14 @@
 // What the object store costs over plain SQLite, on a history of years.
 
 #include "Benchmarks/Comparison.h"
+#include "Benchmarks/DataFolder.h"
 #include "Benchmarks/PlainStore.h"
 #include "Benchmarks/SampleVisits.h"
-#include "Core/Persistence/ModelContainer+App.h"
-#include "Core/Persistence/SwiftDataCheckInRepository.h"
 #include "Features/History/HistoryGrouping.h"
 #include "Features/History/HistoryListModel.h"
-#include "Platform/Files/XdgFileManager.h"
 
-#include <QDir>
 #include <QFile>
 #include <QStorageInfo>
-#include <QTemporaryDir>
-#include <sys/wait.h>
 
 #include <malloc.h>
 #include <unistd.h>
@@ -25,60 +20,11 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int visitCount = 100'000;
-constexpr int cafeCount = 500;
 constexpr int saveRounds = 400;
 constexpr int loadRounds = 9;
 constexpr int lookUpRounds = 400;
-/// Different ones: an identifier stands in the store once.
-constexpr quint32 fillSeed = 1;
-constexpr quint32 saveSeed = 2;
+constexpr quint32 saveSeed = DataFolder::fillSeed + 1;
 constexpr double bytesPerMegabyte = 1e6;
-
-/// A data folder on a disk, gone with its owner.
-struct DataFolder
-{
-    // The system keeps this one across restarts, so it is not in memory.
-    QTemporaryDir folder{u"/var/tmp/quorvel-benchmark-XXXXXX"_s};
-    XdgFileManager files{{.dataHome = folder.path()}};
-
-    [[nodiscard]] QString store() const { return folder.filePath(u"Quorvel/Quorvel.store"_s); }
-    [[nodiscard]] std::unique_ptr<ModelContainer> open() const
-    {
-        return AppModelContainer::make(InMemory::No, files);
-    }
-    void copyStore(const DataFolder &from) const
-    {
-        if (!QDir(folder.path()).mkdir(u"Quorvel"_s) || !QFile::copy(from.store(), store()))
-            qFatal("the store could not be copied");
-    }
-    [[nodiscard]] SwiftDataCheckInRepository repository() const
-    {
-        return SwiftDataCheckInRepository(open(), CheckInPhotoStore(files));
-    }
-};
-
-void fill(const DataFolder &folder)
-{
-    SampleVisits visits(cafeCount, fillSeed);
-    const auto container = folder.open();
-    for (int i = 0; i < visitCount; ++i)
-        container->mainContext().insert(visits.next());
-    container->mainContext().save();
-}
-
-/// In a process of its own, so that the heap of this one has no holes that loaded objects would
-/// fill unseen.
-void fillApart(const DataFolder &folder)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        fill(folder);
-        _exit(0);
-    }
-    int status = -1;
-    if (waitpid(child, &status, 0) != child || status != 0)
-        qFatal("the store could not be filled");
-}
 
 struct Memory
 {
@@ -131,7 +77,7 @@ PlainVisit plain(const CheckIn &visit)
 
 void compareSaves(const DataFolder &folder, const DataFolder &plainFolder)
 {
-    SampleVisits visits(cafeCount, saveSeed);
+    SampleVisits visits(DataFolder::cafeCount, saveSeed);
     auto repository = folder.repository();
     PlainStore plainStore(plainFolder.store().toStdString());
     const auto cafe = repository.findOrCreateCafe(
@@ -218,11 +164,12 @@ void compareLookUps(const DataFolder &folder)
     const DateInterval today = Clock::system().calendar().day(Clock::system().now());
     int cafe = 0;
     const auto ours = [&] {
-        const QString identifier = SampleVisits::mapItemIdentifier(++cafe % cafeCount);
+        const QString identifier = SampleVisits::mapItemIdentifier(++cafe % DataFolder::cafeCount);
         return timeOf([&] { (void)repository.hasCheckedInToday(identifier); });
     };
     const auto reference = [&] {
-        const auto identifier = SampleVisits::mapItemIdentifier(cafe % cafeCount).toStdString();
+        const auto identifier =
+            SampleVisits::mapItemIdentifier(cafe % DataFolder::cafeCount).toStdString();
         return timeOf([&] {
             (void)plainStore.hasVisit(identifier, today.start.time_since_epoch().count(),
                                       today.end.time_since_epoch().count());
@@ -240,9 +187,9 @@ int main()
     using namespace quorvel::benchmarks;
     const DataFolder folder;
     const DataFolder plainFolder;
-    std::printf("%d visits to %d cafés, on %s\n", visitCount, cafeCount,
+    std::printf("%d visits to %d cafés, on %s\n", visitCount, DataFolder::cafeCount,
                 QStorageInfo(folder.folder.path()).fileSystemType().constData());
-    fillApart(folder);
+    folder.fill(visitCount);
     plainFolder.copyStore(folder);
     printHeading("Object store against plain SQLite");
     measureMemory(folder);
