@@ -12,7 +12,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 largestFileBytes = 64 * 1024 * 1024;
+constexpr qint64 largestFileBytes = 64LL * 1024 * 1024;
 /// A progressive JPEG is in memory whole while it is read, three bytes to the pixel.
 constexpr qint64 largestPixels = 128'000'000;
 
