@@ -7,6 +7,11 @@ target_compile_features(quorvel_options INTERFACE cxx_std_20)
 target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(quorvel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# Where several files are read as one, gcc takes what each has to itself for a header's.
+if(CMAKE_UNITY_BUILD)
+  target_compile_options(quorvel_options INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+endif()
 target_compile_definitions(quorvel_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_URL_CAST_FROM_STRING)
