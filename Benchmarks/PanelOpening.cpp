@@ -1,5 +1,6 @@
 // What a click on the icon costs: from the click to the panel's frame, the first time in the
 // process (with loading the module) and again, and the memory that the program then holds.
+#include "Core/DI/AppEnvironment.h"
 #include "Features/Scenes/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
 
@@ -63,6 +64,7 @@ double memory(const QByteArray &line)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    AppEnvironment environment;
     settle();
     const double before = memory("Pss");
 
@@ -75,7 +77,8 @@ int main(int argc, char **argv)
     const double loaded = double(click.nsecsElapsed()) / 1e6;
     FakeAppearance appearance;
     const auto scenes = plugin->makeScenes(
-        {.appearance = &appearance,
+        {.environment = &environment,
+         .appearance = &appearance,
          .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
          .quit = [] {}});
     scenes->toggleMenuBarPanel(anchor);
