@@ -24,6 +24,7 @@ constexpr int cafeCount = 40;
 std::vector<PlaceCandidate> cafes()
 {
     std::vector<PlaceCandidate> cafes;
+    cafes.reserve(cafeCount);
     for (int i = 0; i < cafeCount; ++i)
         cafes.push_back({.id = QString::number(i),
                          .name = u"Café %1"_s.arg(i),
