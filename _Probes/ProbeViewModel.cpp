@@ -1,6 +1,7 @@
 #include "_Probes/ProbeViewModel.h"
 
 #include "Core/Persistence/CheckInRepository.h"
+#include "Features/History/HistoryTexts.h"
 #include "Platform/Pasteboard/Pasteboard.h"
 #include "_Probes/ProbeTexts.h"
 #include "_Probes/ShareableText.h"
@@ -16,10 +17,6 @@ namespace {
 
 constexpr double radiusMeters = 100;
 constexpr std::size_t listedCheckIns = 5;
-QString cafeName(const CheckIn &checkIn)
-{
-    return checkIn.cafe() ? checkIn.cafe()->name() : u"Unknown café"_s;
-}
 
 } // namespace
 
@@ -163,8 +160,8 @@ void ProbeViewModel::note(const std::vector<std::shared_ptr<CheckIn>> &visits)
     const Calendar calendar = m_roles.clock.calendar();
     for (const auto &visit : std::span(visits).first(std::min(visits.size(), listedCheckIns))) {
         const auto time = calendar.localTime(visit->date()).toString(u"yyyy-MM-dd HH:mm"_s);
-        m_recentCheckIns.append(time + u" · "_s + cafeName(*visit));
-        m_names.append(cafeName(*visit));
+        m_recentCheckIns.append(time + u" · "_s + HistoryTexts::title(*visit));
+        m_names.append(HistoryTexts::title(*visit));
         append(m_recentCheckIns.last(), Kind::Normal, ShareableText::leftOut());
     }
 }
