@@ -9,17 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-namespace {
-
-constexpr int done = 0;
-constexpr int failure = 1;
-constexpr int usage = 2;
-constexpr int locationDenied = 3;
-constexpr int noCafe = 4;
-constexpr int alreadyCheckedIn = 5;
-
-} // namespace
-
 class CheckInCommandTest final : public QObject
 {
     Q_OBJECT

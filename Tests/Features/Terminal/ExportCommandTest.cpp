@@ -14,10 +14,6 @@ namespace quorvel::tests {
 
 namespace {
 
-constexpr int done = 0;
-constexpr int failure = 1;
-constexpr int usage = 2;
-
 std::shared_ptr<CheckIn> visit()
 {
     return std::make_shared<CheckIn>(QUuid::createUuid(), instant(u"2026-11-20T10:00:00Z"_s),

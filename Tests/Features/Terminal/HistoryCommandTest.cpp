@@ -11,10 +11,6 @@ namespace quorvel::tests {
 
 namespace {
 
-constexpr int done = 0;
-constexpr int failure = 1;
-constexpr int usage = 2;
-
 std::shared_ptr<CheckIn> visit(const QString &date, const QString &cafe, const QString &note = {})
 {
     const auto place =

@@ -11,16 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-namespace {
-
-constexpr int done = 0;
-constexpr int failure = 1;
-constexpr int usage = 2;
-constexpr int locationDenied = 3;
-constexpr int noCafe = 4;
-
-} // namespace
-
 class LocateCommandTest final : public QObject
 {
     Q_OBJECT

@@ -11,6 +11,14 @@
 
 namespace quorvel::tests {
 
+// What scripts rely on, as the documents number it.
+inline constexpr int done = 0;
+inline constexpr int failure = 1;
+inline constexpr int usage = 2;
+inline constexpr int locationDenied = 3;
+inline constexpr int noCafe = 4;
+inline constexpr int alreadyCheckedIn = 5;
+
 /// A terminal in the loop's world, and what its commands left on it.
 struct TerminalWorld
 {
