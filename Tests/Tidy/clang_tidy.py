@@ -1,9 +1,11 @@
-"""Runs clang-tidy over the compiled files of a build folder, each target's together and once
+"""Runs clang-tidy over the compiled files of a build folder, each room's together and once
 until one of them changes.
 
-Most of the time goes into what the files include, which is nearly the same for all of a target: a
-batch of them is read as one. It counts as the same while its files, the headers that they were
-built from, their compiler flags and the checks are the same, byte for byte.
+Most of the time goes into what the files include, which is nearly the same for all of a room: a
+batch of them is read as one. Two files of one batch may not give different things the same name,
+even to themselves: such a batch is read target by target instead. A batch counts as the same
+while its files, the headers that they were built from, their compiler flags and the checks are
+the same, byte for byte.
 """
 
 import concurrent.futures
@@ -38,26 +40,49 @@ def project_commands(build):
     }
 
 
+def room_of(command):
+    """What is read together: a folder of the root, as far as its files mean the same by Qt's
+    words. Each benchmark has a main of its own."""
+    room = pathlib.Path(command["file"]).relative_to(ROOT).parts[0]
+    if room == "Benchmarks":
+        return target_of(command)
+    return room, "-DQT_NO_KEYWORDS" in command["command"]
+
+
+def target_of(command):
+    return output_of(command).split(".dir/")[0]
+
+
+def grouped(commands, key):
+    groups = {}
+    for command in commands:
+        groups.setdefault(key(command), []).append(command)
+    return list(groups.values())
+
+
 def batches(commands):
-    """The commands of each target, at most so many at once."""
-    by_target = {}
-    for _, command in sorted(commands.items()):
-        target = output_of(command).split(".dir/")[0]
-        by_target.setdefault(target, []).append(command)
-    return [
-        commands[start : start + BATCH]
-        for commands in by_target.values()
-        for start in range(0, len(commands), BATCH)
-    ]
+    """The commands of each room, at most so many at once, as even as can be."""
+    parts = []
+    for group in grouped((command for _, command in sorted(commands.items())), room_of):
+        count = -(-len(group) // BATCH)
+        parts += [group[i * len(group) // count : (i + 1) * len(group) // count]
+                  for i in range(count)]
+    return parts
 
 
 def flags_of(command):
-    """Without the compiler, its cache, and what names the one file."""
-    words = shlex.split(command["command"])
+    """Without the compiler, its cache, and what names the one file; a folder stays with the word
+    before it."""
+    words = shlex.split(command["command"].replace("-isystem ", "-isystem"))
     first = next(i for i, word in enumerate(words) if word.startswith("-"))
     output = words.index("-o")
     return [word for word in words[first:output] + words[output + 2 :]
             if word not in ("-c", command["file"])]
+
+
+def flags_of_all(batch):
+    """Each once, in the order of their first use."""
+    return list(dict.fromkeys(word for command in batch for word in flags_of(command)))
 
 
 def headers_by_object(build):
@@ -82,7 +107,7 @@ def output_of(command):
 
 
 def fingerprint(batch, headers):
-    digest = hashlib.sha256(" ".join([*SHALLOW, *flags_of(batch[0])]).encode())
+    digest = hashlib.sha256(" ".join([*SHALLOW, *flags_of_all(batch)]).encode())
     files = {pathlib.Path(command["file"]) for command in batch}
     for command in batch:
         files.update(headers.get(output_of(command), []))
@@ -92,22 +117,30 @@ def fingerprint(batch, headers):
     return digest.hexdigest()
 
 
-def check(batch, stamp):
-    """Returns what clang-tidy said against the batch, or nothing."""
-    unity = stamp.with_suffix(".cpp")
+def complaint_about(batch, unity):
+    """What clang-tidy says against the batch, or nothing."""
     unity.write_text("".join(f'#include "{command["file"]}" // NOLINT\n' for command in batch))
     finished = subprocess.run(
         ["clang-tidy", "--quiet", f"--config-file={CHECKS}", *SHALLOW, unity,
-         "--", *flags_of(batch[0])],
+         "--", *flags_of_all(batch)],
         cwd=batch[0]["directory"], capture_output=True, text=True, check=False,
     )
     unity.unlink()
     # A configuration that it cannot read is no failure to clang-tidy: it goes on without.
     unread = ".clang-tidy:" in finished.stderr
-    if finished.returncode == 0 and not unread:
+    return finished.stdout + finished.stderr if finished.returncode or unread else ""
+
+
+def check(batch, stamp):
+    """Returns what there is to change in the batch, or nothing, and remembers that."""
+    unity = stamp.with_suffix(".cpp")
+    complaint = complaint_about(batch, unity)
+    targets = grouped(batch, target_of)
+    if complaint and len(targets) > 1:
+        complaint = "".join(complaint_about(target, unity) for target in targets)
+    if not complaint:
         stamp.touch()
-        return ""
-    return finished.stdout + finished.stderr
+    return complaint
 
 
 def main(build):
