@@ -22,6 +22,8 @@ LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkI
     connect(&checkIn, &CheckInViewModel::saveStateChanged, this, &LocatedScreen::checkInChanged);
     connect(&checkIn, &CheckInViewModel::hasCheckedInTodayChanged, this,
             &LocatedScreen::checkInChanged);
+    connect(&checkIn, &CheckInViewModel::saveStateChanged, this, &LocatedScreen::isInUseChanged);
+    connect(&m_wifi, &WifiScreen::changed, this, &LocatedScreen::isInUseChanged);
     updateRatings();
     followLoop();
 }
@@ -79,6 +81,19 @@ QString LocatedScreen::errorText() const
 QString LocatedScreen::hintText() const
 {
     return LocatedTexts::note(m_snapshot, m_checkIn.hasCheckedInToday());
+}
+
+bool LocatedScreen::isInUse() const
+{
+    return m_isChoosingOrTyping || m_wifi.isJoining() || !m_checkIn.saveState().isIdle();
+}
+
+void LocatedScreen::setChoosingOrTyping(bool isChoosingOrTyping)
+{
+    if (isChoosingOrTyping == m_isChoosingOrTyping)
+        return;
+    m_isChoosingOrTyping = isChoosingOrTyping;
+    emit isInUseChanged();
 }
 
 void LocatedScreen::followLoop()

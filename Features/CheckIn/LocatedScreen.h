@@ -37,6 +37,8 @@ class LocatedScreen final : public QObject
     Q_PROPERTY(bool isButtonEnabled READ isButtonEnabled NOTIFY checkInChanged)
 
 public:
+    Q_PROPERTY(bool isChoosingOrTyping READ isChoosingOrTyping WRITE setChoosingOrTyping NOTIFY
+                   isInUseChanged)
     /// The view models, and what the Wi-Fi block works with, outlive the screen.
     LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
                   WifiScanSection::Inputs wifi, QObject *parent = nullptr);
@@ -77,11 +79,18 @@ public:
 signals:
     void snapshotChanged();
     void noteChanged();
+    /// Whether the user is in the middle of something that a screen built anew would take from
+    /// them: choosing, typing, joining a network, or reading what a save has come to.
+    [[nodiscard]] bool isInUse() const;
+    /// The part of it that the view knows.
+    [[nodiscard]] bool isChoosingOrTyping() const { return m_isChoosingOrTyping; }
+    void setChoosingOrTyping(bool isChoosingOrTyping);
     void checkInChanged();
 
 private:
     void followLoop();
     void show(const LocatedSnapshot &snapshot);
+    void isInUseChanged();
     void updateRatings();
     [[nodiscard]] LocatedTexts::CheckInButton button() const;
 
@@ -95,3 +104,4 @@ private:
 };
 
 } // namespace quorvel
+    bool m_isChoosingOrTyping = false;

@@ -12,6 +12,10 @@ FocusScope {
     required property LocatedScreen screen
     property bool showingPicker
 
+    readonly property Item focused: root.Window.activeFocusItem
+    readonly property bool isChoosingOrTyping: root.showingPicker
+                                               || root.focused instanceof TextInput
+                                               || root.focused instanceof TextEdit
     readonly property bool isShown: root.visible && root.Window.visibility !== Window.Hidden
 
     implicitHeight: 540
@@ -19,7 +23,11 @@ FocusScope {
 
     Component.onCompleted: if (root.isShown)
         root.screen.appear()
-    Component.onDestruction: root.screen.disappear()
+    Component.onDestruction: {
+        root.screen.isChoosingOrTyping = false;
+        root.screen.disappear();
+    }
+    onIsChoosingOrTypingChanged: root.screen.isChoosingOrTyping = root.isChoosingOrTyping
     onIsShownChanged: root.isShown ? root.screen.appear() : root.screen.disappear()
 
     Repeater {

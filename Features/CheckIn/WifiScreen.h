@@ -69,6 +69,8 @@ public:
     [[nodiscard]] bool canSubmit() const;
     /// Whether the open row's network is being joined.
     [[nodiscard]] bool isConnecting() const;
+    /// Whether any network is, if only behind a row that was closed meanwhile.
+    [[nodiscard]] bool isJoining() const { return m_section.connecting(); }
     [[nodiscard]] QString errorText() const;
     /// Ten bullets, or the password itself.
     [[nodiscard]] QString storedText() const;

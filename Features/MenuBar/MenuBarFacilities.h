@@ -13,12 +13,13 @@ class Keychain;
 class LocationManager;
 class Pasteboard;
 class PointsOfInterestSearch;
+class SystemEvents;
 class SystemSettings;
 class WifiClient;
 
 /// The parts of the operating system that the panel's services stand on, and what the history
-/// reads, as the program picked them; a program without a window has no pasteboard and no system
-/// settings. Everything pointed to outlives both.
+/// reads, as the program picked them; a program without a window has no pasteboard, system settings
+/// or system events. Everything pointed to outlives both.
 struct MenuBarFacilities
 {
     /// Each location service has a manager of its own.
@@ -32,6 +33,7 @@ struct MenuBarFacilities
     std::function<std::unique_ptr<Keychain>()> makeKeychain = {};
     Pasteboard *pasteboard = nullptr;
     SystemSettings *systemSettings = nullptr;
+    SystemEvents *systemEvents = nullptr;
     const Clock *clock = nullptr;
 };
 

@@ -85,6 +85,10 @@ void MenuBarPanel::setUpWindow()
     connect(Theme::shared().color(), &ThemeColor::changed, this, paint);
     paint();
     connect(m_window.get(), &QWindow::activeChanged, this, &MenuBarPanel::closeOnFocusLoss);
+    connect(m_window.get(), &QWindow::visibleChanged, &m_scene, [this](bool isVisible) {
+        if (!isVisible)
+            m_scene.disappear();
+    });
 }
 
 void MenuBarPanel::followView()

@@ -6,6 +6,7 @@ namespace quorvel {
 
 class CheckInRepository;
 class Pasteboard;
+class SystemEvents;
 class SystemSettings;
 class SystemWifiPasswordReader;
 
@@ -18,6 +19,7 @@ struct MenuBarRoles
     SystemWifiPasswordReader &systemPasswords;
     Pasteboard &pasteboard;
     SystemSettings &systemSettings;
+    SystemEvents &systemEvents;
     const Clock &clock;
 };
 

@@ -14,6 +14,8 @@ MenuBarScene::MenuBarScene(const MenuBarRoles &roles, QObject *parent)
     , m_menuBarVM(roles.loop, roles.clock)
     , m_screen(m_menuBarVM, roles.checkInRepository ? MenuBarScreen::CheckInForm::Present
                                                     : MenuBarScreen::CheckInForm::Absent)
+    , m_secondLook(
+          m_menuBarVM, roles.systemEvents, [this] { return mayInterrupt(); }, this)
 {}
 
 MenuBarScene::~MenuBarScene() = default;
@@ -24,6 +26,12 @@ void MenuBarScene::appear()
     m_screen.start();
     if (!m_located && m_roles.checkInRepository)
         makeForm();
+    m_secondLook.appear();
+}
+
+void MenuBarScene::disappear()
+{
+    m_secondLook.disappear();
 }
 
 void MenuBarScene::openSystemSettings()
@@ -45,7 +53,14 @@ void MenuBarScene::makeForm()
                                 .systemPasswordReader = m_roles.systemPasswords,
                                 .wifiService = m_roles.loop.wifi,
                                 .pasteboard = m_roles.pasteboard});
+    connect(m_located.get(), &LocatedScreen::isInUseChanged, &m_secondLook,
+            &SecondLook::reconsider);
     emit locatedChanged();
+}
+
+bool MenuBarScene::mayInterrupt() const
+{
+    return m_located && !m_located->isInUse();
 }
 
 void MenuBarScene::setSettingsNotice(const QString &notice)

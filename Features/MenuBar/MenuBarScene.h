@@ -3,6 +3,7 @@
 #include "Features/CheckIn/LocatedScreen.h"
 #include "Features/MenuBar/MenuBarRoles.h"
 #include "Features/MenuBar/MenuBarScreen.h"
+#include "Features/MenuBar/SecondLook.h"
 
 #include <memory>
 
@@ -25,6 +26,8 @@ public:
 
     /// The panel opens: locates, and on the first time makes the form, if there is a store for it.
     void appear();
+    /// It closes: nobody waits for anything any more.
+    void disappear();
 
     /// Where there are no settings to open, says so.
     Q_INVOKABLE void openSystemSettings();
@@ -40,6 +43,7 @@ signals:
 
 private:
     void makeForm();
+    [[nodiscard]] bool mayInterrupt() const;
     void setSettingsNotice(const QString &notice);
 
     MenuBarRoles m_roles;
@@ -48,6 +52,7 @@ private:
     std::unique_ptr<CheckInViewModel> m_checkInVM;
     std::unique_ptr<LocatedScreen> m_located;
     QString m_settingsNotice;
+    SecondLook m_secondLook;
 };
 
 } // namespace quorvel

@@ -28,6 +28,7 @@ MenuBarRoles MenuBarServices::roles(CheckInRepository *checkInRepository)
             .systemPasswords = m_systemPasswords,
             .pasteboard = *m_facilities.pasteboard,
             .systemSettings = *m_facilities.systemSettings,
+            .systemEvents = *m_facilities.systemEvents,
             .clock = *m_facilities.clock};
 }
 

@@ -20,7 +20,8 @@ public:
 
     /// What the daily loop asks, living as long as this.
     [[nodiscard]] MenuBarViewModel::Services loop();
-    /// The same and all else that a panel asks, which needs a pasteboard and system settings.
+    /// The same and all else that a panel asks, which needs a pasteboard and what of the system a
+    /// window has.
     /// Living as long as this, and as the repository.
     [[nodiscard]] MenuBarRoles roles(CheckInRepository *checkInRepository);
 

@@ -15,6 +15,11 @@ constexpr std::chrono::seconds staleInterval{600};
 
 using State = ViewState<LocatedSnapshot>;
 
+bool startsLoad(const MenuBarInput &input)
+{
+    return input.kind() == MenuBarInput::Case::Start || input.kind() == MenuBarInput::Case::Retry;
+}
+
 Coordinate coordinateOf(const Location &location)
 {
     return {location.latitude, location.longitude};
@@ -88,6 +93,7 @@ void MenuBarViewModel::send(const MenuBarInput &input)
         if (self)
             self->run(input, stop);
     });
+    setLocating(startsLoad(input));
 }
 
 void MenuBarViewModel::run(const MenuBarInput &input, const std::stop_token &stop)
@@ -112,7 +118,14 @@ void MenuBarViewModel::locateAndLoad(ForceRefresh forceRefresh, const std::stop_
     const bool paintsCache = forceRefresh == ForceRefresh::No && m_lastSnapshot;
     setState(paintsCache ? State::loaded(*m_lastSnapshot) : State::loading());
     if (!load.isOver())
-        spawn(locate(load));
+        spawn(locateToEnd(load));
+}
+
+Task<> MenuBarViewModel::locateToEnd(Load load)
+{
+    co_await locate(load);
+    if (!load.isOver())
+        load.viewModel->setLocating(false);
 }
 
 Task<> MenuBarViewModel::locate(Load load)
@@ -234,6 +247,14 @@ void MenuBarViewModel::setState(State state)
         return;
     m_state = std::move(state);
     emit stateChanged();
+}
+
+void MenuBarViewModel::setLocating(bool isLocating)
+{
+    if (isLocating == m_isLocating)
+        return;
+    m_isLocating = isLocating;
+    emit isLocatingChanged();
 }
 
 } // namespace quorvel

@@ -42,9 +42,12 @@ public:
     void send(const MenuBarInput &input);
 
     [[nodiscard]] const ViewState<LocatedSnapshot> &state() const { return m_state; }
+    /// Whether a load runs, also behind what is shown meanwhile.
+    [[nodiscard]] bool isLocating() const { return m_isLocating; }
 
 signals:
     void stateChanged();
+    void isLocatingChanged();
 
 private:
     enum class ForceRefresh : bool { No, Yes };
@@ -52,6 +55,7 @@ private:
 
     void run(const MenuBarInput &input, const std::stop_token &stop);
     void locateAndLoad(ForceRefresh forceRefresh, const std::stop_token &stop);
+    [[nodiscard]] static Task<> locateToEnd(Load load);
     [[nodiscard]] static Task<> locate(Load load);
     [[nodiscard]] static Task<> search(Load load, Location location);
     [[nodiscard]] static Task<> loadDetails(Load load, std::vector<PlaceCandidate> candidates,
@@ -64,11 +68,13 @@ private:
     [[nodiscard]] LocatedSnapshot snapshotOn(const std::optional<QString> &ssid);
     [[nodiscard]] bool hasRememberedPassword(const std::optional<QString> &ssid);
     void setState(ViewState<LocatedSnapshot> state);
+    void setLocating(bool isLocating);
 
     Services m_services;
     const Clock &m_clock;
     ViewState<LocatedSnapshot> m_state = ViewState<LocatedSnapshot>::idle();
     std::stop_source m_loadTask;
+    bool m_isLocating = false;
 
     /// The last snapshot that was no fallback, with the place and time of its making.
     std::optional<LocatedSnapshot> m_lastSnapshot;

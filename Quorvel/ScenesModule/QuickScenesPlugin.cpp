@@ -4,6 +4,8 @@
 #include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
 #include "Platform/SessionBus/SessionBus.h"
+#include "Platform/SystemBus/SystemBus.h"
+#include "Platform/SystemEvents/DBusSystemEvents.h"
 #include "Platform/SystemSettings/DesktopSystemSettings.h"
 #include "Quorvel/Endpoints.h"
 #include "Quorvel/LiveFacilities.h"
@@ -41,6 +43,7 @@ private:
         auto facilities = m_facilities.menuBar();
         facilities.pasteboard = &m_pasteboard;
         facilities.systemSettings = &m_systemSettings;
+        facilities.systemEvents = &m_systemEvents;
         return facilities;
     }
 
@@ -49,6 +52,7 @@ private:
     LiveFacilities m_facilities;
     QtPasteboard m_pasteboard;
     DesktopSystemSettings m_systemSettings;
+    DBusSystemEvents m_systemEvents{SystemBus::connection()};
     QuickScenes m_scenes;
 };
 

@@ -7,6 +7,7 @@
 #include "Platform/Location/FakeLocationManager.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
 #include "Platform/PointsOfInterest/FakePointsOfInterestSearch.h"
+#include "Platform/SystemEvents/FakeSystemEvents.h"
 #include "Platform/SystemSettings/FakeSystemSettings.h"
 #include "Platform/Wifi/FakeWifiClient.h"
 
@@ -27,6 +28,7 @@ struct QuietFacilities
                 .makeKeychain = [] { return std::make_unique<FakeKeychain>(); },
                 .pasteboard = &pasteboard,
                 .systemSettings = &systemSettings,
+                .systemEvents = &systemEvents,
                 .clock = &clock};
     }
 
@@ -36,6 +38,7 @@ struct QuietFacilities
     FakeKeychain keychain;
     FakePasteboard pasteboard;
     FakeSystemSettings systemSettings;
+    FakeSystemEvents systemEvents;
     FakeClock clock{Instant()};
 };
 

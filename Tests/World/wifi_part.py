@@ -12,9 +12,13 @@ from processes import POLL_SECONDS, NotSeen
 TEMPLATE = pathlib.Path(__file__).with_name("networkmanager_mock.py")
 SERVICE = "org.freedesktop.NetworkManager"
 ROOT = "/org/freedesktop"
+MANAGER = "/org/freedesktop/NetworkManager"
 MOCK = "org.freedesktop.DBus.Mock"
 START_SECONDS = 15
 CALL_SECONDS = 5
+# As the service counts how far the machine can reach.
+DISCONNECTED, CONNECTED = 20, 70
+NO_CONNECTIVITY, FULL_CONNECTIVITY = 1, 4
 USUAL_SCAN_MS = 60
 DELAYS = {"scan-ms": USUAL_SCAN_MS, "join-answer-ms": 0, "secrets-ms": 0}
 # The flags of an access point: those of its own, of WPA and of RSN.
@@ -57,12 +61,15 @@ class WifiPart:
             self._with_undo(delay, int(1000 * seconds), usual)
 
     def fail(self, how):
-        """One of FAILURES, has "no radio", or answers nobody ("silence")."""
+        """One of FAILURES, has "no radio" or "no network", or answers nobody ("silence")."""
         if how in FAILURES:
             self._with_undo(*FAILURES[how])
         elif how == "no radio":
             self._call("RemoveRadio", "s", self._radio)
             self._undo.append(self._furnish)
+        elif how == "no network":
+            self._reach(DISCONNECTED, NO_CONNECTIVITY)
+            self._undo.append(lambda: self._reach(CONNECTED, FULL_CONNECTIVITY))
         elif how == "silence":
             self._service.freeze()
             self._undo.append(self._service.thaw)
@@ -122,6 +129,11 @@ class WifiPart:
                 "key-mgmt": "wpa-psk", "psk": self._networks["passwords"][name]
             },
         }
+
+    def _reach(self, state, connectivity):
+        """Says so in two signals, one after the other."""
+        for name, value in (("State", state), ("Connectivity", connectivity)):
+            self._call("Change", "ssa{sv}", MANAGER, SERVICE, {name: dbus.UInt32(value)})
 
     def _with_undo(self, key, value, usual):
         self._script(key, value)

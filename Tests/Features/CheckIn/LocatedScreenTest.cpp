@@ -181,6 +181,48 @@ private slots:
         QCOMPARE(screen().buttonTitle(), u"Check In"_s);
     }
 
+    void itIsInUseWhileTheUserChoosesOrTypes()
+    {
+        load();
+        const QSignalSpy changes(&screen(), &LocatedScreen::isInUseChanged);
+        QVERIFY(!screen().isInUse());
+        screen().setChoosingOrTyping(true);
+        QVERIFY(screen().isInUse());
+        screen().setChoosingOrTyping(true);
+        screen().setChoosingOrTyping(false);
+        QVERIFY(!screen().isInUse());
+        QCOMPARE(changes.count(), 2);
+    }
+
+    void itIsInUseWhileANetworkIsJoined()
+    {
+        load();
+        m_world->loop.wifi.scans.willSucceed({{u"Guest"_s, -60}});
+        screen().appear();
+        LoopWorld::settle();
+        screen().wifi()->toggle(u"Guest"_s);
+        screen().wifi()->setPassword(u"12345678"_s);
+        m_world->loop.wifi.joins.willHold();
+        screen().wifi()->submit();
+        screen().wifi()->toggle(u"Guest"_s);
+        QVERIFY(screen().isInUse());
+        const QSignalSpy changes(&screen(), &LocatedScreen::isInUseChanged);
+        m_world->loop.wifi.joins.release(Outcome<std::monostate>::success({}));
+        LoopWorld::settle();
+        QVERIFY(!screen().isInUse());
+        QVERIFY(!changes.isEmpty());
+    }
+
+    void itIsInUseWhileItSaysWhatASaveHasComeTo()
+    {
+        load();
+        show();
+        const QSignalSpy changes(&screen(), &LocatedScreen::isInUseChanged);
+        screen().checkIn();
+        QVERIFY(screen().isInUse());
+        QVERIFY(!changes.isEmpty());
+    }
+
     void eachRatingHasItsRow()
     {
         const auto scores = [this] {

@@ -83,15 +83,18 @@ private slots:
             holdAll();
         m_world->send(input);
         QVERIFY(m_world->viewModel->state() == expected);
+        QCOMPARE(m_world->viewModel->isLocating(), loads(input));
         static_cast<void>(m_world->newStates());
 
         release(point, u"Old"_s);
         QVERIFY(m_world->newStates().empty());
+        QCOMPARE(m_world->viewModel->isLocating(), loads(input));
 
         if (loads(input)) {
             finishHeld(point);
             QCOMPARE(m_world->newStates().size(), 1U);
             QCOMPARE(selected(), u"New"_s);
+            QVERIFY(!m_world->viewModel->isLocating());
         }
         const auto remembered = loads(input) ? m_world->viewModel->state() : cacheAfter(input);
         nextStartPaints(remembered);

@@ -302,6 +302,17 @@ private slots:
         QCOMPARE(count, 3);
     }
 
+    void theSystemIsFollowedWhileThePanelIsOpen()
+    {
+        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        open();
+        QVERIFY(m_facilities.systemEvents.isFollowed);
+        m_panel->close();
+        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        open();
+        QVERIFY(m_facilities.systemEvents.isFollowed);
+    }
+
 private:
     void open()
     {

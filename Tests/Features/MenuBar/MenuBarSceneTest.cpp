@@ -4,6 +4,8 @@
 #include "Tests/Features/MenuBar/PanelWorld.h"
 
 #include <QSignalSpy>
+#include <QTimer>
+#include <QTimerEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -99,7 +101,65 @@ private slots:
         QCOMPARE(notices.count(), 2);
     }
 
+    void whatComesBackMendsAnOpenPanel()
+    {
+        MenuBarScene scene(m_world->roles());
+        openWithoutCafe(scene);
+        comeBack(scene);
+        QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{1, 1, 1}));
+        QCOMPARE(scene.located()->title(), u"Near"_s);
+    }
+
+    void whatComesBackWhileTheUserTypesWaitsForThem()
+    {
+        MenuBarScene scene(m_world->roles());
+        openWithoutCafe(scene);
+        scene.located()->setChoosingOrTyping(true);
+        comeBack(scene);
+        QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{0, 0, 0}));
+        scene.located()->setChoosingOrTyping(false);
+        letSettle(scene);
+        QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{1, 1, 1}));
+    }
+
+    void whatComesBackAfterThePanelHasClosedIsNotHeard()
+    {
+        MenuBarScene scene(m_world->roles());
+        openWithoutCafe(scene);
+        scene.disappear();
+        QVERIFY(!m_world->systemEvents.isFollowed);
+    }
+
+    void withoutAStoreNothingIsLookedForTwice()
+    {
+        MenuBarScene scene(m_world->roles(Store::Absent));
+        openWithoutCafe(scene);
+        comeBack(scene);
+        QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{0, 0, 0}));
+    }
+
 private:
+    void openWithoutCafe(MenuBarScene &scene)
+    {
+        m_world->willFind({});
+        appear(scene);
+        static_cast<void>(m_world->loop.newCalls());
+    }
+    /// The network does, and has settled.
+    void comeBack(MenuBarScene &scene)
+    {
+        m_world->willFind(LoopWorld::found());
+        m_world->systemEvents.bringBack(Returning::Network);
+        letSettle(scene);
+    }
+    static void letSettle(MenuBarScene &scene)
+    {
+        auto *settling = scene.findChild<QTimer *>(u"settling"_s);
+        QVERIFY(settling->isActive());
+        QTimerEvent elapsed(settling->timerId());
+        QCoreApplication::sendEvent(settling, &elapsed);
+        LoopWorld::settle();
+    }
     static void appear(MenuBarScene &scene)
     {
         scene.appear();

@@ -3,6 +3,7 @@
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/MenuBar/MenuBarRoles.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
+#include "Platform/SystemEvents/FakeSystemEvents.h"
 #include "Platform/SystemSettings/FakeSystemSettings.h"
 #include "Services/Wifi/FakeSystemWifiPasswordReader.h"
 #include "Tests/Features/MenuBar/LoopWorld.h"
@@ -25,6 +26,7 @@ struct PanelWorld
                 .systemPasswords = systemPasswords,
                 .pasteboard = pasteboard,
                 .systemSettings = systemSettings,
+                .systemEvents = systemEvents,
                 .clock = loop.clock};
     }
 
@@ -48,6 +50,7 @@ struct PanelWorld
     FakeSystemWifiPasswordReader systemPasswords;
     FakePasteboard pasteboard;
     FakeSystemSettings systemSettings;
+    FakeSystemEvents systemEvents;
 };
 
 } // namespace quorvel::tests

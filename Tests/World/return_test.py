@@ -1,0 +1,91 @@
+"""What was away comes back while the panel says so: the panel mends by itself, and once."""
+
+import os
+import time
+import unittest
+
+from accessible_program import AccessibleProgram
+from virtual_desktop import VirtualDesktop
+from world import World
+
+PROGRAM = os.environ["QUORVEL_PROGRAM"]
+SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
+NEAREST = "Cà phê Gió Sông"
+NO_CAFE = "Couldn't detect café"
+NO_WEATHER = "Weather unavailable"
+# For whatever may follow by itself, beyond the time in which a return settles.
+QUIET_SECONDS = 4
+
+
+class ReturnTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = self.enterContext(VirtualDesktop(services=SERVICES))
+        self.world = self.enterContext(World(self.desktop))
+
+    def test_a_network_that_comes_back_brings_the_cafe_with_one_request(self):
+        self.world.wifi.fail("no network")
+        self.world.places.vanish()
+        self.open_panel(NO_CAFE)
+        self.world.places.come_back()
+        self.world.wifi.recover()
+        self.wait_for(NEAREST)
+        time.sleep(QUIET_SECONDS)
+        self.assertEqual(len(self.world.places.requests), 1)
+        self.assertEqual(len(self.world.weather.requests), 1)
+
+    def test_a_network_that_comes_back_brings_the_weather(self):
+        self.world.wifi.fail("no network")
+        self.world.weather.vanish()
+        self.open_panel(NO_WEATHER)
+        self.world.weather.come_back()
+        self.world.wifi.recover()
+        self.wait_for("31°")
+        self.assertEqual(len(self.world.places.requests), 2)
+
+    def test_a_second_failure_is_not_tried_again(self):
+        self.world.wifi.fail("no network")
+        self.world.places.fail(500)
+        self.open_panel(NO_CAFE)
+        asked = len(self.world.places.requests)
+        self.world.wifi.recover()
+        self.desktop.wait_until(
+            lambda: len(self.world.places.requests) > asked, "the panel looks again"
+        )
+        self.wait_for(NO_CAFE)
+        once = len(self.world.places.requests)
+        time.sleep(QUIET_SECONDS)
+        self.assertEqual(len(self.world.places.requests), once)
+
+    def test_a_closed_panel_asks_for_nothing(self):
+        self.world.wifi.fail("no network")
+        self.world.places.fail(500)
+        self.open_panel(NO_CAFE)
+        self.desktop.press_key("Escape")
+        self.desktop.wait_for_no_window("Quorvel")
+        asked = len(self.world.places.requests)
+        self.world.places.recover()
+        self.world.wifi.recover()
+        time.sleep(QUIET_SECONDS)
+        self.assertEqual(len(self.world.places.requests), asked)
+
+    def test_a_result_that_is_whole_is_left_alone(self):
+        self.open_panel(NEAREST)
+        self.world.wifi.fail("no network")
+        self.world.wifi.recover()
+        time.sleep(QUIET_SECONDS)
+        self.assertEqual(len(self.world.places.requests), 1)
+
+    def open_panel(self, seen):
+        """Where there is no tray, it opens by itself."""
+        program = self.desktop.start_program(PROGRAM, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        self.desktop.wait_for_focused_window("Quorvel")
+        self.window = AccessibleProgram(self.desktop.bus_address, program.pid)
+        self.addCleanup(self.window.close)
+        self.wait_for(seen)
+
+    def wait_for(self, name):
+        self.desktop.wait_until(lambda: self.window.find(name), f"“{name}” is seen")
+
+
+if __name__ == "__main__":
+    unittest.main()
