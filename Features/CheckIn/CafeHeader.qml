@@ -11,6 +11,8 @@ Item {
     required property string title
     // How far away it is, or what to do where there is none.
     required property string subtitle
+    // Whose map it is on.
+    required property string credit
     required property bool canChange
 
     signal changeRequested
@@ -54,6 +56,7 @@ Item {
         }
 
         PlainText {
+            Accessible.description: root.credit
             Accessible.role: Accessible.Heading
             elide: Text.ElideRight
             font: Theme.font.cafeName
@@ -68,6 +71,11 @@ Item {
             visible: !root.hasCafe
             width: parent.width
         }
+    }
+
+    Credit {
+        anchors.fill: texts
+        credit: root.credit
     }
 
     GhostButton {

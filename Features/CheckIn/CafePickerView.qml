@@ -9,6 +9,8 @@ FocusScope {
     id: root
 
     required property QtObject candidates
+    // Whose map they are on.
+    required property string credit
 
     readonly property real margin: 16
 
@@ -20,12 +22,20 @@ FocusScope {
     Keys.onEscapePressed: root.cancelled()
 
     PlainText {
+        id: title
+
+        Accessible.description: root.credit
         Accessible.role: Accessible.Heading
         anchors.left: parent.left
         anchors.leftMargin: root.margin
         anchors.verticalCenter: cancel.verticalCenter
         font: Theme.font.title
         text: "Choose a café"
+    }
+
+    Credit {
+        anchors.fill: title
+        credit: root.credit
     }
 
     GhostButton {

@@ -20,6 +20,8 @@ class LocatedScreen final : public QObject
     Q_PROPERTY(bool hasCafe READ hasCafe NOTIFY snapshotChanged)
     Q_PROPERTY(QString title READ title NOTIFY snapshotChanged)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY snapshotChanged)
+    Q_PROPERTY(QString mapCredit READ mapCredit NOTIFY snapshotChanged)
+    Q_PROPERTY(QString weatherCredit READ weatherCredit NOTIFY snapshotChanged)
     Q_PROPERTY(QObject *candidates READ candidates CONSTANT)
     Q_PROPERTY(bool canChange READ canChange NOTIFY snapshotChanged)
     Q_PROPERTY(bool hasWeather READ hasWeather NOTIFY snapshotChanged)
@@ -35,10 +37,10 @@ class LocatedScreen final : public QObject
     Q_PROPERTY(QString buttonTitle READ buttonTitle NOTIFY checkInChanged)
     Q_PROPERTY(QString buttonSymbol READ buttonSymbol NOTIFY checkInChanged)
     Q_PROPERTY(bool isButtonEnabled READ isButtonEnabled NOTIFY checkInChanged)
-
-public:
     Q_PROPERTY(bool isChoosingOrTyping READ isChoosingOrTyping WRITE setChoosingOrTyping NOTIFY
                    isInUseChanged)
+
+public:
     /// The view models, and what the Wi-Fi block works with, outlive the screen.
     LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
                   WifiScanSection::Inputs wifi, QObject *parent = nullptr);
@@ -57,6 +59,8 @@ public:
     [[nodiscard]] bool hasCafe() const { return m_snapshot.selectedCafe.has_value(); }
     [[nodiscard]] QString title() const { return LocatedTexts::title(m_snapshot); }
     [[nodiscard]] QString subtitle() const { return LocatedTexts::subtitle(m_snapshot); }
+    [[nodiscard]] QString mapCredit() const { return LocatedTexts::mapCredit(m_snapshot); }
+    [[nodiscard]] QString weatherCredit() const { return LocatedTexts::weatherCredit(m_snapshot); }
     [[nodiscard]] QAbstractItemModel *candidates() { return &m_candidates; }
     /// Whether there is another café to choose.
     [[nodiscard]] bool canChange() const { return m_snapshot.nearbyCandidates.size() > 1; }
@@ -75,22 +79,22 @@ public:
     [[nodiscard]] QString buttonTitle() const { return button().title; }
     [[nodiscard]] QString buttonSymbol() const { return button().symbol; }
     [[nodiscard]] bool isButtonEnabled() const { return button().isEnabled; }
-
-signals:
-    void snapshotChanged();
-    void noteChanged();
     /// Whether the user is in the middle of something that a screen built anew would take from
     /// them: choosing, typing, joining a network, or reading what a save has come to.
     [[nodiscard]] bool isInUse() const;
     /// The part of it that the view knows.
     [[nodiscard]] bool isChoosingOrTyping() const { return m_isChoosingOrTyping; }
     void setChoosingOrTyping(bool isChoosingOrTyping);
+
+signals:
+    void snapshotChanged();
+    void noteChanged();
     void checkInChanged();
+    void isInUseChanged();
 
 private:
     void followLoop();
     void show(const LocatedSnapshot &snapshot);
-    void isInUseChanged();
     void updateRatings();
     [[nodiscard]] LocatedTexts::CheckInButton button() const;
 
@@ -101,7 +105,7 @@ private:
     RecordListModel<CafeRow> m_candidates;
     RecordListModel<RatingRow> m_ratings;
     bool m_isShown = false;
+    bool m_isChoosingOrTyping = false;
 };
 
 } // namespace quorvel
-    bool m_isChoosingOrTyping = false;

@@ -18,6 +18,16 @@ QString subtitle(const LocatedSnapshot &snapshot)
     return u" · "_s + roundedNumber(snapshot.selectedCafe->distanceMeters) + u" m away"_s;
 }
 
+QString mapCredit(const LocatedSnapshot &snapshot)
+{
+    return snapshot.selectedCafe ? u"© OpenStreetMap contributors"_s : QString();
+}
+
+QString weatherCredit(const LocatedSnapshot &snapshot)
+{
+    return snapshot.weather ? u"Weather by Open-Meteo"_s : QString();
+}
+
 QString temperature(const LocatedSnapshot &snapshot)
 {
     if (!snapshot.weather)

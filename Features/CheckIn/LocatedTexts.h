@@ -14,6 +14,11 @@ namespace quorvel::LocatedTexts {
 /// How far the café is, or what to do when there is none.
 [[nodiscard]] QString subtitle(const LocatedSnapshot &snapshot);
 
+/// Whose map the café is on, and whose weather it is; empty where there is none. Both ask to be
+/// named.
+[[nodiscard]] QString mapCredit(const LocatedSnapshot &snapshot);
+[[nodiscard]] QString weatherCredit(const LocatedSnapshot &snapshot);
+
 /// "23°", or that there is no weather.
 [[nodiscard]] QString temperature(const LocatedSnapshot &snapshot);
 /// "Feels 25°"; empty without weather.

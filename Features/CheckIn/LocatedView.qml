@@ -35,6 +35,7 @@ FocusScope {
 
         CafePickerView {
             candidates: root.screen.candidates
+            credit: root.screen.mapCredit
             height: root.height
             width: root.width
 
@@ -67,6 +68,7 @@ FocusScope {
 
             CafeHeader {
                 canChange: root.screen.canChange
+                credit: root.screen.mapCredit
                 hasCafe: root.screen.hasCafe
                 subtitle: root.screen.subtitle
                 title: root.screen.title
@@ -78,6 +80,7 @@ FocusScope {
 
             WeatherCard {
                 code: root.screen.weatherCode
+                credit: root.screen.weatherCredit
                 feels: root.screen.feels
                 hasWeather: root.screen.hasWeather
                 isDay: root.screen.isDay

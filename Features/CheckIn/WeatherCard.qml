@@ -13,6 +13,8 @@ Card {
     // Or that there is no weather.
     required property string temperature
     required property string feels
+    // Whose weather it is.
+    required property string credit
 
     implicitHeight: 60
     objectName: "WeatherCard"
@@ -33,6 +35,7 @@ Card {
         }
 
         PlainText {
+            Accessible.description: root.credit
             anchors.verticalCenter: parent.verticalCenter
             font: Theme.font.tempLarge
             text: root.temperature
@@ -76,5 +79,10 @@ Card {
             color: Theme.color.textSecondary
             text: root.temperature
         }
+    }
+
+    Credit {
+        anchors.fill: parent
+        credit: root.credit
     }
 }

@@ -38,12 +38,14 @@ private slots:
     {
         QCOMPARE(LocatedTexts::title(at(42)), u"Blue <b>Door</b>"_s);
         QCOMPARE(LocatedTexts::subtitle(at(42)), u" · 42 m away"_s);
+        QCOMPARE(LocatedTexts::mapCredit(at(42)), u"© OpenStreetMap contributors"_s);
     }
 
     void withoutACafeItSaysWhatToDo()
     {
         QCOMPARE(LocatedTexts::title(nowhere), u"Couldn't detect café"_s);
         QCOMPARE(LocatedTexts::subtitle(nowhere), u"Check your connection, then retry."_s);
+        QCOMPARE(LocatedTexts::mapCredit(nowhere), QString());
     }
 
     void distancesAreRoundedToTheNearest_data()
@@ -89,6 +91,12 @@ private slots:
     {
         QCOMPARE(LocatedTexts::temperature(nowhere), u"Weather unavailable"_s);
         QCOMPARE(LocatedTexts::feels(nowhere), QString());
+        QCOMPARE(LocatedTexts::weatherCredit(nowhere), QString());
+    }
+
+    void theWeatherNamesItsSource()
+    {
+        QCOMPARE(LocatedTexts::weatherCredit(in(20, 20)), u"Weather by Open-Meteo"_s);
     }
 
     void theRatingsAreFour_data()

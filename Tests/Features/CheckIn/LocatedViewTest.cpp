@@ -1,5 +1,7 @@
 #include "Tests/Features/MenuBar/PanelOnScreen.h"
 
+#include <QAccessible>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
@@ -156,6 +158,69 @@ private slots:
                  QVariant(u"half a pass"_s));
     }
 
+    void whoChoosesOrTypesIsNotInterrupted()
+    {
+        QVERIFY(!isInUse());
+        m_panel->press(u"Change"_s);
+        QVERIFY(isInUse());
+        m_panel->press(u"Cancel"_s);
+        QVERIFY(!isInUse());
+        m_panel->focus(u"Note"_s);
+        QVERIFY(isInUse());
+        m_panel->press(u"A"_s);
+        QVERIFY(!isInUse());
+        m_panel->focus(u"WiFi password"_s);
+        QVERIFY(isInUse());
+    }
+
+    void aVisitThatGivesWayIsNoLongerInUse()
+    {
+        m_panel->focus(u"Note"_s);
+        auto *screen = m_panel->view(u"LocatedView"_s)->property("screen").value<LocatedScreen *>();
+        world().loop.location.authorize(AuthorizationStatus::Denied);
+        screen->retry();
+        m_panel->settle();
+        QVERIFY(!m_panel->view(u"LocatedView"_s));
+        QVERIFY(!screen->isInUse());
+    }
+
+    void whoseDataItIsIsToldBesideThePointer()
+    {
+        for (const auto &[view, credit] :
+             {std::pair(u"CafeHeader"_s, u"© OpenStreetMap contributors"_s),
+              std::pair(u"WeatherCard"_s, u"Weather by Open-Meteo"_s)}) {
+            QVERIFY(!m_panel->text(credit));
+            const QPointF beside(60, 20);
+            QTest::mouseMove(&m_panel->window(), m_panel->view(view)->mapToScene(beside).toPoint());
+            QTRY_VERIFY(m_panel->text(credit));
+            QVERIFY(m_panel->isInSight(m_panel->text(credit)));
+            QTest::mouseMove(&m_panel->window(), {170, 400});
+            QTRY_VERIFY(!m_panel->text(credit));
+        }
+    }
+
+    void theCreditTakesNoClickFromWhatItIsOver()
+    {
+        QuickTest::click(m_panel->control(u"Change"_s));
+        m_panel->settle();
+        QVERIFY(picker());
+        QuickTest::click(m_panel->control(u"Far"_s));
+        m_panel->settle();
+        QVERIFY(!picker());
+    }
+
+    void whoseDataItIsIsToldToAssistiveTools()
+    {
+        const auto told = [this](const QString &text) {
+            QQuickItem *item = m_panel->text(text);
+            return QAccessible::queryAccessibleInterface(item)->text(QAccessible::Description);
+        };
+        QCOMPARE(told(u"Near"_s), u"© OpenStreetMap contributors"_s);
+        QCOMPARE(told(u"23°"_s), u"Weather by Open-Meteo"_s);
+        m_panel->press(u"Change"_s);
+        QCOMPARE(told(u"Choose a café"_s), u"© OpenStreetMap contributors"_s);
+    }
+
     void networksAreScannedOnlyWhileTheVisitIsShown()
     {
         QCOMPARE(world().loop.wifi.scanCount, 1);
@@ -169,6 +234,13 @@ private slots:
 
 private:
     [[nodiscard]] PanelWorld &world() { return m_panel->world; }
+    [[nodiscard]] bool isInUse()
+    {
+        return m_panel->view(u"LocatedView"_s)
+            ->property("screen")
+            .value<LocatedScreen *>()
+            ->isInUse();
+    }
     [[nodiscard]] QQuickItem *picker() { return m_panel->view(u"CafePickerView"_s); }
     void reopen()
     {

@@ -1,0 +1,41 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import Quorvel.DesignSystem
+
+// Whose data an item shows, told where the pointer rests on it. It is put over the item, and takes
+// no click from it. Empty, it tells nothing.
+Item {
+    id: root
+
+    required property string credit
+
+    objectName: "Credit"
+
+    HoverHandler {
+        id: pointer
+    }
+
+    ToolTip {
+        id: tip
+
+        delay: 600
+        font: Theme.font.caption
+        horizontalPadding: 8
+        text: root.credit
+        verticalPadding: 4
+        visible: pointer.hovered && root.Window.active && root.credit.length > 0
+
+        background: Rectangle {
+            border.color: Theme.color.borderStrong
+            border.width: 1
+            color: Theme.color.surface
+            radius: 6
+        }
+        contentItem: PlainText {
+            font: tip.font
+            text: tip.text
+        }
+    }
+}
