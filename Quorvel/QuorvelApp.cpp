@@ -12,7 +12,8 @@ namespace quorvel {
 using namespace Qt::StringLiterals;
 
 QuorvelApp::QuorvelApp()
-    : m_label(m_statusItem)
+    : m_sessionLock(SessionBus::connection())
+    , m_label(m_statusItem, m_sessionLock)
     , m_traylessOpening(m_statusItem)
 {
     if (const auto &error = m_environment.setupError())

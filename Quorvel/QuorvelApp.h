@@ -3,6 +3,7 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Features/MenuBar/MenuBarLabel.h"
 #include "Features/MenuBar/TraylessOpening.h"
+#include "Platform/SessionLock/ScreenSaverSessionLock.h"
 #include "Platform/SingleInstance/SingleInstance.h"
 #include "Platform/StatusItem/TrayStatusItem.h"
 #include "Quorvel/ScenesLoader.h"
@@ -38,6 +39,7 @@ private:
     // Order: the icon looks for its host while the store opens.
     TrayStatusItem m_statusItem;
     AppEnvironment m_environment;
+    ScreenSaverSessionLock m_sessionLock;
     MenuBarLabel m_label;
     TraylessOpening m_traylessOpening;
     ScenesLoader m_loader;

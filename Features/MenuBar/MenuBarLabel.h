@@ -6,17 +6,18 @@
 
 namespace quorvel {
 
+class SessionLock;
 class StatusItem;
 
-/// The program's face in the status area: a cup whose orange dot pulses as long as a host shows it,
-/// whatever the program does.
+/// The program's face in the status area: a cup whose orange dot pulses as long as somebody can
+/// see it, whatever the program does.
 class MenuBarLabel final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `item` outlives the label.
-    explicit MenuBarLabel(StatusItem &item, QObject *parent = nullptr);
+    /// Both outlive the label.
+    MenuBarLabel(StatusItem &item, const SessionLock &lock, QObject *parent = nullptr);
 
     /// Which of the two pictures shows.
     [[nodiscard]] bool enlarged() const { return m_enlarged; }
@@ -31,6 +32,7 @@ private:
     void restWhileUnseen();
 
     StatusItem &m_item;
+    const SessionLock &m_lock;
     bool m_enlarged = false;
     QTimer *m_ticker; ///< The child "ticker"; it beats as long as somebody can see it.
 };

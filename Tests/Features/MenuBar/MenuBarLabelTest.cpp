@@ -1,8 +1,10 @@
 #include "Features/MenuBar/MenuBarLabel.h"
 
 #include "Features/MenuBar/MenuBarIcon.h"
+#include "Platform/SessionLock/FakeSessionLock.h"
 #include "Platform/StatusItem/FakeStatusItem.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QSet>
@@ -24,6 +26,17 @@ void letElapse(QTimer *timer)
 {
     QTimerEvent elapsed(timer->timerId());
     QCoreApplication::sendEvent(timer, &elapsed);
+}
+
+/// Long enough for ten turns of the event loop on a busy machine in half of it.
+constexpr std::chrono::milliseconds missedInterval(120);
+
+/// Nobody turns the event loop meanwhile.
+void letPass(std::chrono::milliseconds time)
+{
+    const QDeadlineTimer end(time);
+    while (!end.hasExpired())
+        continue;
 }
 
 QList<qint64> keysOf(const QList<QIcon> &icons)
@@ -49,7 +62,8 @@ private slots:
     void startsWithTheNormalPicture()
     {
         FakeStatusItem item;
-        const MenuBarLabel label(item);
+        const FakeSessionLock lock;
+        const MenuBarLabel label(item, lock);
         QVERIFY(!label.enlarged());
         QCOMPARE(keysOf(item.icons), QList<qint64>{MenuBarLabel::normal().cacheKey()});
     }
@@ -57,8 +71,9 @@ private slots:
     void tickerBeatsEvery650MillisecondsFromTheStart()
     {
         FakeStatusItem item;
+        const FakeSessionLock lock;
         item.setShown(true);
-        const MenuBarLabel label(item);
+        const MenuBarLabel label(item, lock);
         QTimer *ticker = tickerOf(label);
         QVERIFY(ticker->isActive());
         QVERIFY(!ticker->isSingleShot());
@@ -68,8 +83,9 @@ private slots:
     void everyTickChangesThePicture()
     {
         FakeStatusItem item;
+        const FakeSessionLock lock;
         item.setShown(true);
-        const MenuBarLabel label(item);
+        const MenuBarLabel label(item, lock);
         const qint64 normal = MenuBarLabel::normal().cacheKey();
         const qint64 large = MenuBarLabel::large().cacheKey();
         for (const bool enlarged : {true, false, true}) {
@@ -82,7 +98,8 @@ private slots:
     void tickerRestsWhileNoHostShowsTheItem()
     {
         FakeStatusItem item;
-        const MenuBarLabel label(item);
+        const FakeSessionLock lock;
+        const MenuBarLabel label(item, lock);
         QVERIFY(!tickerOf(label)->isActive());
         item.setShown(true);
         QVERIFY(tickerOf(label)->isActive());
@@ -90,11 +107,55 @@ private slots:
         QVERIFY(!tickerOf(label)->isActive());
     }
 
+    void tickerRestsWhileTheSessionIsLocked()
+    {
+        FakeStatusItem item;
+        FakeSessionLock lock;
+        item.setShown(true);
+        const MenuBarLabel label(item, lock);
+        lock.setLocked(true);
+        QVERIFY(!tickerOf(label)->isActive());
+        lock.setLocked(false);
+        QVERIFY(tickerOf(label)->isActive());
+    }
+
+    void unlockingDoesNotWakeATickerThatNoHostShows()
+    {
+        FakeStatusItem item;
+        FakeSessionLock lock;
+        item.setShown(true);
+        const MenuBarLabel label(item, lock);
+        lock.setLocked(true);
+        item.setShown(false);
+        lock.setLocked(false);
+        QVERIFY(!tickerOf(label)->isActive());
+        lock.setLocked(true);
+        item.setShown(true);
+        QVERIFY(!tickerOf(label)->isActive());
+    }
+
+    /// As after a sleep of the machine, or under a process that was stopped.
+    void beatsThatWereMissedAreNotMadeUpFor()
+    {
+        FakeStatusItem item;
+        const FakeSessionLock lock;
+        item.setShown(true);
+        const MenuBarLabel label(item, lock);
+        tickerOf(label)->setInterval(missedInterval);
+        letPass(missedInterval * 4 + missedInterval / 2);
+        const auto before = item.icons.size();
+        for (int turn = 0; turn < 10; ++turn)
+            QCoreApplication::processEvents();
+        QCOMPARE(item.icons.size() - before, 1);
+        QVERIFY(label.enlarged());
+    }
+
     void restKeepsThePicture()
     {
         FakeStatusItem item;
+        const FakeSessionLock lock;
         item.setShown(true);
-        const MenuBarLabel label(item);
+        const MenuBarLabel label(item, lock);
         letElapse(tickerOf(label));
         item.setShown(false);
         item.setShown(true);
@@ -106,8 +167,9 @@ private slots:
     void tickerEndsWithTheLabel()
     {
         FakeStatusItem item;
+        const FakeSessionLock lock;
         item.setShown(true);
-        auto label = std::make_unique<MenuBarLabel>(item);
+        auto label = std::make_unique<MenuBarLabel>(item, lock);
         const QPointer<QTimer> ticker = tickerOf(*label);
         label.reset();
         QVERIFY(!ticker);
@@ -119,9 +181,10 @@ private slots:
     {
         FakeStatusItem one;
         FakeStatusItem other;
+        const FakeSessionLock lock;
         for (FakeStatusItem *item : {&one, &other}) {
             item->setShown(true);
-            const MenuBarLabel label(*item);
+            const MenuBarLabel label(*item, lock);
             for (int tick = 0; tick < 5; ++tick)
                 letElapse(tickerOf(label));
         }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/SessionLock/SessionLock.h"
+
+namespace quorvel {
+
+/// A session that is locked when a test says so.
+class FakeSessionLock final : public SessionLock
+{
+public:
+    [[nodiscard]] bool isLocked() const override { return m_isLocked; }
+
+    void setLocked(bool isLocked)
+    {
+        if (m_isLocked == isLocked)
+            return;
+        m_isLocked = isLocked;
+        emit isLockedChanged();
+    }
+
+private:
+    bool m_isLocked = false;
+};
+
+} // namespace quorvel
