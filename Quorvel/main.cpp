@@ -1,6 +1,7 @@
 #include "Core/Support/Task.h"
 #include "Platform/ApplicationId.h"
 #include "Platform/SingleInstance/DBusSingleInstance.h"
+#include "Platform/Termination/LogOut.h"
 #include "Platform/Termination/TerminationListener.h"
 #include "Quorvel/CommandLine.h"
 #include "Quorvel/Endpoints.h"
@@ -116,5 +117,6 @@ int main(int argc, char **argv)
     QApplication::setApplicationDisplayName(QStringLiteral("Quorvel"));
     QApplication::setDesktopFileName(quorvel::applicationId);
     const QApplication application(argc, argv);
+    quorvel::LogOut::agree(application);
     return quorvel::run(quorvel::requestOf(commandLine));
 }

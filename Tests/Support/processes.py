@@ -99,6 +99,10 @@ class ProcessGroup:
             raise NotSeen(f"the {name} did not start\n{self.logs()}")
         return line
 
+    def named(self, name):
+        """The newest of that name."""
+        return [process for process in self._started if process.name == name][-1]
+
     def end(self, name):
         for process in self._started:
             if process.name == name:

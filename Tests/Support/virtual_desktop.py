@@ -85,6 +85,13 @@ class VirtualDesktop:
             name, command, {**self.environment, **(environment or {})}, **options
         )
 
+    def start_announcing(self, name, command):
+        """As the processes do: what the server says once it can be reached."""
+        return self._processes.start_announcing(name, command, self.environment)
+
+    def process(self, name):
+        return self._processes.named(name)
+
     def python(self, script, *arguments):
         return [PYTHON, str(script), *arguments]
 
