@@ -83,6 +83,7 @@ Card {
 
     Credit {
         anchors.fill: parent
+        anchors.margins: -root.padding
         credit: root.credit
     }
 }

@@ -36,6 +36,11 @@ Rectangle {
         PlainText {
             font: Theme.font.tempLarge
             text: "27°"
+
+            Credit {
+                anchors.fill: parent
+                credit: "Weather by Open-Meteo"
+            }
         }
 
         SelectableText {
