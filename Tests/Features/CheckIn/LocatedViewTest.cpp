@@ -160,28 +160,40 @@ private slots:
 
     void whoChoosesOrTypesIsNotInterrupted()
     {
-        QVERIFY(!isInUse());
+        QVERIFY(!visit()->isInUse());
         m_panel->press(u"Change"_s);
-        QVERIFY(isInUse());
+        QVERIFY(visit()->isInUse());
         m_panel->press(u"Cancel"_s);
-        QVERIFY(!isInUse());
+        QVERIFY(!visit()->isInUse());
         m_panel->focus(u"Note"_s);
-        QVERIFY(isInUse());
+        QVERIFY(visit()->isInUse());
         m_panel->press(u"A"_s);
-        QVERIFY(!isInUse());
+        QVERIFY(!visit()->isInUse());
         m_panel->focus(u"WiFi password"_s);
-        QVERIFY(isInUse());
+        QVERIFY(visit()->isInUse());
     }
 
     void aVisitThatGivesWayIsNoLongerInUse()
     {
         m_panel->focus(u"Note"_s);
-        auto *screen = m_panel->view(u"LocatedView"_s)->property("screen").value<LocatedScreen *>();
+        LocatedScreen *screen = visit();
         world().loop.location.authorize(AuthorizationStatus::Denied);
         screen->retry();
         m_panel->settle();
         QVERIFY(!m_panel->view(u"LocatedView"_s));
         QVERIFY(!screen->isInUse());
+    }
+
+    void whatIsTypedOutlastsAnotherLook()
+    {
+        m_panel->focus(u"Note"_s);
+        m_panel->type("by the window");
+        m_panel->press(u"A"_s);
+        world().willFind(LoopWorld::found());
+        world().willHear({});
+        visit()->retry();
+        m_panel->settle();
+        QCOMPARE(m_panel->control(u"Note"_s)->property("text"), QVariant(u"by the window"_s));
     }
 
     void whoseDataItIsIsToldBesideThePointer()
@@ -234,12 +246,9 @@ private slots:
 
 private:
     [[nodiscard]] PanelWorld &world() { return m_panel->world; }
-    [[nodiscard]] bool isInUse()
+    [[nodiscard]] LocatedScreen *visit()
     {
-        return m_panel->view(u"LocatedView"_s)
-            ->property("screen")
-            .value<LocatedScreen *>()
-            ->isInUse();
+        return m_panel->view(u"LocatedView"_s)->property("screen").value<LocatedScreen *>();
     }
     [[nodiscard]] QQuickItem *picker() { return m_panel->view(u"CafePickerView"_s); }
     void reopen()

@@ -28,7 +28,7 @@ void letElapse(QTimer *timer)
     QCoreApplication::sendEvent(timer, &elapsed);
 }
 
-/// Long enough for ten turns of the event loop on a busy machine in half of it.
+/// Long enough for ten turns of the event loop, also on a busy machine.
 constexpr std::chrono::milliseconds missedInterval(120);
 
 /// Nobody turns the event loop meanwhile.
@@ -142,7 +142,7 @@ private slots:
         item.setShown(true);
         const MenuBarLabel label(item, lock);
         tickerOf(label)->setInterval(missedInterval);
-        letPass(missedInterval * 4 + missedInterval / 2);
+        letPass(missedInterval * 4 + missedInterval / 5);
         const auto before = item.icons.size();
         for (int turn = 0; turn < 10; ++turn)
             QCoreApplication::processEvents();
