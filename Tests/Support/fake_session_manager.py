@@ -6,6 +6,7 @@ says of itself. On SIGUSR1 it asks every client to save itself, since the sessio
 die once that is done.
 """
 
+import atexit
 import ctypes
 import os
 import select
@@ -14,8 +15,7 @@ import sys
 
 ICE = ctypes.CDLL("libICE.so.6")
 SM = ctypes.CDLL("libSM.so.6")
-LOOPS_SECONDS = 0.05
-ACCEPTED = 1
+PENDING, ACCEPTED = 0, 1
 SAVE_LOCAL, SAVE_BOTH = 1, 2
 INTERACT_NONE, INTERACT_ANY = 0, 2
 ALL_CALLBACKS = (1 << 10) - 1
@@ -82,6 +82,8 @@ class SessionManager:
         if not ICE.IceListenForConnections(
                 ctypes.byref(count), ctypes.byref(listeners), 256, error):
             sys.exit(error.value.decode())
+        # Its sockets lie where everybody's do.
+        atexit.register(ICE.IceFreeListenObjs, count, listeners)
         self._listeners = [Pointer(listeners[index]) for index in range(count.value)]
         for listener in self._listeners:
             ICE.IceSetHostBasedAuthProc(listener, self._allow)
@@ -91,7 +93,7 @@ class SessionManager:
         while True:
             numbers = {ICE.IceGetListenConnectionNumber(one): one for one in self._listeners}
             peers = {ICE.IceConnectionNumber(one): one for one in self._connections}
-            ready, _, _ = select.select([*numbers, *peers], [], [], LOOPS_SECONDS)
+            ready, _, _ = select.select([*numbers, *peers], [], [])
             for number in ready:
                 if number in numbers:
                     self.accept(numbers[number])
@@ -103,7 +105,7 @@ class SessionManager:
         connection = Pointer(ICE.IceAcceptConnection(listener, ctypes.byref(status)))
         if not connection:
             return
-        while ICE.IceConnectionStatus(connection) == 0:
+        while ICE.IceConnectionStatus(connection) == PENDING:
             ICE.IceProcessMessages(connection, None, None)
         if ICE.IceConnectionStatus(connection) == ACCEPTED:
             self._connections.append(connection)
@@ -157,6 +159,7 @@ class SessionManager:
 def main():
     manager = SessionManager()
     signal.signal(signal.SIGUSR1, manager.end_session)
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit())
     with os.fdopen(int(sys.argv[1]), "w") as announcement:
         announcement.write(manager.listen() + "\n")
     manager.run()
