@@ -74,6 +74,14 @@ class LossTest(DesktopCase):
         self.desktop.wait_for_window(PANEL)
         self.assert_ends_well(program)
 
+    def test_without_the_bus_that_its_icon_is_on_it_still_ends_well(self):
+        host = self.desktop.start_fake_host()
+        program = self.start_program()
+        self.desktop.wait_until(host.items, "the item registers")
+        self.desktop.process("session-bus").end()
+        self.assertLess(self.processor_share(program), IDLE_SHARE)
+        self.assert_ends_well(program)
+
     def test_it_ends_with_its_screen(self):
         program = self.start_shown_program()
         self.desktop.process("screen").end()
