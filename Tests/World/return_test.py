@@ -1,8 +1,12 @@
 """What was away comes back while the panel says so: the panel mends by itself, and once."""
 
 import os
+import sys
 import time
 import unittest
+
+import dbus
+import dbus.bus
 
 from accessible_program import AccessibleProgram
 from virtual_desktop import VirtualDesktop
@@ -13,6 +17,8 @@ SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
 NEAREST = "Cà phê Gió Sông"
 NO_CAFE = "Couldn't detect café"
 NO_WEATHER = "Weather unavailable"
+LOGIN = "org.freedesktop.login1"
+LOGIN_MANAGER = [sys.executable, "-B", "-m", "dbusmock", "--system", "--template", "logind"]
 # For whatever may follow by itself, beyond the time in which a return settles.
 QUIET_SECONDS = 4
 
@@ -41,6 +47,19 @@ class ReturnTest(unittest.TestCase):
         self.world.wifi.recover()
         self.wait_for("31°")
         self.assertEqual(len(self.world.places.requests), 2)
+
+    def test_a_machine_that_wakes_up_brings_the_cafe(self):
+        self.start_login_manager()
+        self.world.wifi.vanish()
+        self.world.places.vanish()
+        self.open_panel(NO_CAFE)
+        self.say_sleep(True)
+        self.world.places.come_back()
+        time.sleep(QUIET_SECONDS)
+        self.assertEqual(self.world.places.requests, [])
+        self.say_sleep(False)
+        self.wait_for(NEAREST)
+        self.assertEqual(len(self.world.places.requests), 1)
 
     def test_a_second_failure_is_not_tried_again(self):
         self.world.wifi.fail("no network")
@@ -74,6 +93,18 @@ class ReturnTest(unittest.TestCase):
         self.world.wifi.recover()
         time.sleep(QUIET_SECONDS)
         self.assertEqual(len(self.world.places.requests), 1)
+
+    def start_login_manager(self):
+        self.world.start("login-manager", LOGIN_MANAGER)
+        self.bus = dbus.bus.BusConnection(self.world.environment["DBUS_SYSTEM_BUS_ADDRESS"])
+        self.addCleanup(self.bus.close)
+        self.desktop.wait_until(lambda: self.bus.name_has_owner(LOGIN), "the login manager is up")
+
+    def say_sleep(self, begins):
+        self.bus.call_blocking(
+            LOGIN, "/org/freedesktop/login1", "org.freedesktop.DBus.Mock", "EmitSignal", "sssav",
+            (f"{LOGIN}.Manager", "PrepareForSleep", "b", [dbus.Boolean(begins)]),
+        )
 
     def open_panel(self, seen):
         """Where there is no tray, it opens by itself."""
