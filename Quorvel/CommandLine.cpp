@@ -20,7 +20,20 @@ struct ToolkitOption
     Value value;
 };
 
+struct OpeningOption
+{
+    QLatin1StringView name;
+    CommandLine::Opening opening;
+};
+
 constexpr std::array commands{"locate"_L1, "history"_L1, "export"_L1, "check-in"_L1};
+
+constexpr std::array openingOptions{
+    OpeningOption{"--panel"_L1, CommandLine::Opening::Panel},
+    OpeningOption{"--history"_L1, CommandLine::Opening::History},
+    OpeningOption{"--probe"_L1, CommandLine::Opening::Diagnostics},
+    OpeningOption{"--background"_L1, CommandLine::Opening::Nothing},
+};
 
 constexpr std::array toolkitOptions{
     ToolkitOption{"platform"_L1, ToolkitOption::Value::Next},
@@ -55,7 +68,13 @@ QString helpText()
            "Options:\n"
            "  -h, --help     Show this text.\n"
            "  -v, --version  Show the version.\n"
+           "  --panel        Open the panel, to check in.\n"
+           "  --history      Open the window of your visits.\n"
            "  --probe        Open the diagnostics.\n"
+           "  --background   Open nothing, as at a login.\n"
+           "\n"
+           "A Quorvel that runs already opens what this one is told to. Of several options\n"
+           "that say what to open, the last one counts.\n"
            "\n"
            "Options of the Qt toolkit such as “-platform” and “-style” work too.\n"_s;
 }
@@ -76,6 +95,12 @@ bool isCommand(const QStringList &arguments)
 {
     return !arguments.isEmpty() &&
            std::find(commands.begin(), commands.end(), arguments.constFirst()) != commands.end();
+}
+
+const OpeningOption *openingOption(const QString &argument)
+{
+    const auto *const found = std::ranges::find(openingOptions, argument, &OpeningOption::name);
+    return found == openingOptions.end() ? nullptr : found;
 }
 
 bool isOption(const QString &argument)
@@ -116,8 +141,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
             return answer(helpText());
         if (*argument == "--version"_L1 || *argument == "-v"_L1)
             return answer(u"Quorvel " QUORVEL_VERSION "\n"_s);
-        if (*argument == "--probe"_L1) {
-            start.window = Window::Diagnostics;
+        if (const auto *const option = openingOption(*argument)) {
+            start.opening = option->opening;
             continue;
         }
         if (!isOption(*argument))

@@ -11,7 +11,15 @@ namespace quorvel {
 /// object or a display.
 struct CommandLine
 {
-    enum class Window { None, Diagnostics };
+    enum class Opening {
+        /// The panel of a program that runs already; this one's own only where no icon shows.
+        AsNeeded,
+        /// As at a login.
+        Nothing,
+        Panel,
+        History,
+        Diagnostics
+    };
 
     /// For standard output.
     QString output = {};
@@ -20,7 +28,7 @@ struct CommandLine
     /// A command of the terminal with its own arguments, which its module reads.
     QStringList command = {};
     /// What the program opens when it runs, or has the one that runs already open.
-    Window window = Window::None;
+    Opening opening = Opening::AsNeeded;
     /// Nothing: the program is to run, or the command.
     std::optional<int> exitStatus = {};
 

@@ -28,16 +28,24 @@ QuorvelApp::QuorvelApp()
 
 QuorvelApp::~QuorvelApp() = default;
 
+void QuorvelApp::waitUntilAsked()
+{
+    m_traylessOpening.cancel();
+}
+
 void QuorvelApp::open(const Activation &activation)
 {
+    m_traylessOpening.cancel();
     // The toolkit takes the token from here when it next asks a Wayland desktop for focus.
     if (!activation.token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
     switch (activation.request) {
     case Request::Panel:
         return openPanel();
+    case Request::History:
+        return openWindow(u"history"_s);
     case Request::Diagnostics:
-        return openDiagnostics();
+        return openWindow(u"probe8"_s);
     }
 }
 
@@ -46,9 +54,9 @@ void QuorvelApp::openPanel()
     withScenes([this](Scenes &scenes) { scenes.openMenuBarPanel(m_statusItem.geometry()); });
 }
 
-void QuorvelApp::openDiagnostics()
+void QuorvelApp::openWindow(const QString &identifier)
 {
-    withScenes([](Scenes &scenes) { static_cast<void>(scenes.openWindow(u"probe8"_s)); });
+    withScenes([&](Scenes &scenes) { static_cast<void>(scenes.openWindow(identifier)); });
 }
 
 void QuorvelApp::togglePanel()

@@ -24,12 +24,15 @@ public:
     QuorvelApp();
     ~QuorvelApp() override;
 
+    /// Opens no panel by itself, not even where no status area shows the icon.
+    void waitUntilAsked();
+
     /// Shows what the desktop, or this or a later start of the program, asked for.
     void open(const Activation &activation);
 
 private:
     void openPanel();
-    void openDiagnostics();
+    void openWindow(const QString &identifier);
     void togglePanel();
     template <class Action>
     void withScenes(Action action);

@@ -48,10 +48,21 @@ std::optional<EndpointError> endpointMistake()
     }
 }
 
-Request requestOf(const CommandLine &commandLine)
+/// What a program that runs already is to open.
+std::optional<Request> requestOf(CommandLine::Opening opening)
 {
-    return commandLine.window == CommandLine::Window::Diagnostics ? Request::Diagnostics
-                                                                  : Request::Panel;
+    switch (opening) {
+    case CommandLine::Opening::AsNeeded:
+    case CommandLine::Opening::Panel:
+        return Request::Panel;
+    case CommandLine::Opening::History:
+        return Request::History;
+    case CommandLine::Opening::Diagnostics:
+        return Request::Diagnostics;
+    case CommandLine::Opening::Nothing:
+        return std::nullopt;
+    }
+    Q_UNREACHABLE();
 }
 
 /// Qt ends the process with a core dump where there is no display; a sentence is kinder.
@@ -62,7 +73,17 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-int runAsPrimary(SingleInstance &instance, Request request)
+/// What the first start opens itself. Unasked, the panel opens only where no icon does.
+void openFirst(QuorvelApp &app, CommandLine::Opening opening)
+{
+    const auto request = requestOf(opening);
+    if (!request)
+        app.waitUntilAsked();
+    else if (opening != CommandLine::Opening::AsNeeded)
+        app.open({.request = *request});
+}
+
+int runAsPrimary(SingleInstance &instance, CommandLine::Opening opening)
 {
     QApplication::setQuitOnLastWindowClosed(false);
     const TerminationListener termination;
@@ -70,17 +91,15 @@ int runAsPrimary(SingleInstance &instance, Request request)
                      &QCoreApplication::quit);
     QuorvelApp app;
     QObject::connect(&instance, &SingleInstance::activated, &app, &QuorvelApp::open);
-    // The panel opens by itself only where no icon does.
-    if (request != Request::Panel)
-        QMetaObject::invokeMethod(
-            &app, [&app, request] { app.open({.request = request}); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &app, [&app, opening] { openFirst(app, opening); }, Qt::QueuedConnection);
     return QCoreApplication::exec();
 }
 
-int run(Request request)
+int run(CommandLine::Opening opening)
 {
     DBusSingleInstance instance(QProcessEnvironment::systemEnvironment(),
-                                DBusSingleInstance::answerLimit, request);
+                                DBusSingleInstance::answerLimit, requestOf(opening));
     switch (instance.claim()) {
     case SingleInstance::Claim::HandedOver:
         return EXIT_SUCCESS;
@@ -90,7 +109,7 @@ int run(Request request)
     case SingleInstance::Claim::NoBus:
         break;
     }
-    const int status = runAsPrimary(instance, request);
+    const int status = runAsPrimary(instance, opening);
     unwindAbandonedTasks();
     return status;
 }
@@ -118,5 +137,5 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName(quorvel::applicationId);
     const QApplication application(argc, argv);
     quorvel::LogOut::agree(application);
-    return quorvel::run(quorvel::requestOf(commandLine));
+    return quorvel::run(commandLine.opening);
 }

@@ -23,6 +23,9 @@ public:
     explicit TraylessOpening(const StatusItem &item, std::chrono::milliseconds delay = patience,
                              QObject *parent = nullptr);
 
+    /// Asks no more: the person came in by another way, or wants nothing opened.
+    void cancel() { m_patience.stop(); }
+
 signals:
     void openRequested();
 

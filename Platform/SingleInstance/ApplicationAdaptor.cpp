@@ -2,6 +2,9 @@
 
 #include <QDBusConnection>
 
+#include <algorithm>
+#include <array>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;
@@ -10,6 +13,18 @@ namespace {
 
 const QString tokenKey = u"activation-token"_s;
 const QString startupIdKey = u"desktop-startup-id"_s;
+
+struct Action
+{
+    QLatin1StringView name;
+    Request request;
+};
+
+constexpr std::array actions{
+    Action{"check-in"_L1, Request::Panel},
+    Action{"history"_L1, Request::History},
+    Action{"diagnostics"_L1, Request::Diagnostics},
+};
 
 void refuse(const QDBusMessage &message, QDBusError::ErrorType type, const QString &reason)
 {
@@ -23,6 +38,11 @@ ApplicationAdaptor::ApplicationAdaptor(SingleInstance *instance)
     : QDBusAbstractAdaptor(instance)
     , m_instance(instance)
 {}
+
+QString ApplicationAdaptor::action(Request request)
+{
+    return std::ranges::find(actions, request, &Action::request)->name;
+}
 
 QVariantMap ApplicationAdaptor::platformData(const Activation &activation)
 {
@@ -48,10 +68,11 @@ void ApplicationAdaptor::ActivateAction(const QString &name, const QVariantList 
                                         const QVariantMap &platformData,
                                         const QDBusMessage &message)
 {
-    if (name == diagnostics)
-        activate(platformData, Request::Diagnostics);
-    else
+    const auto *const found = std::ranges::find(actions, name, &Action::name);
+    if (found == actions.end())
         refuse(message, QDBusError::InvalidArgs, u"Quorvel has no action “%1”."_s.arg(name));
+    else
+        activate(platformData, found->request);
 }
 
 void ApplicationAdaptor::activate(const QVariantMap &platformData, Request request)

@@ -4,24 +4,22 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
-#include <QLatin1StringView>
 #include <QVariantMap>
 
 namespace quorvel {
 
-/// The face that every desktop application shows on the bus: here it can be brought forward, or
-/// have its diagnostics opened, and nothing else.
+/// The face that every desktop application shows on the bus: here it can be brought forward and
+/// asked for the actions of its desktop entry, and for nothing else.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// The one action.
-    static constexpr QLatin1StringView diagnostics{"diagnostics"};
-
     explicit ApplicationAdaptor(SingleInstance *instance);
 
+    /// The name of the action that asks for it.
+    [[nodiscard]] static QString action(Request request);
     [[nodiscard]] static QVariantMap platformData(const Activation &activation);
 
 public slots:

@@ -21,8 +21,8 @@ const QString interfaceName = u"org.freedesktop.Application"_s;
 } // namespace
 
 DBusSingleInstance::DBusSingleInstance(const QProcessEnvironment &environment,
-                                       std::chrono::milliseconds limit, Request request,
-                                       QObject *parent)
+                                       std::chrono::milliseconds limit,
+                                       std::optional<Request> request, QObject *parent)
     : SingleInstance(parent)
     , m_environment(environment)
     , m_limit(limit)
@@ -44,7 +44,9 @@ SingleInstance::Claim DBusSingleInstance::claim()
 {
     if (!SessionBus::isProvided(m_environment) || !SessionBus::connection().isConnected())
         return Claim::NoBus;
-    // Order: the object comes before the name. Once the name is ours, a second start may call.
+    // Order: the object comes before the name. Once the name is ours, a second start may call, or
+    // the bus deliver what it started the program for. Both wait for the event loop, where somebody
+    // listens.
     SessionBus::connection().registerObject(objectPath, this);
     m_isOnBus = true;
     return claimOnBus();
@@ -60,7 +62,7 @@ SingleInstance::Claim DBusSingleInstance::claimOnBus()
     case Name::SomebodyElses:
         break;
     }
-    if (activateOwner())
+    if (handOver())
         return Claim::HandedOver;
     // The owner may have ended while we asked it.
     return requestName() == Name::Ours ? Claim::Primary : Claim::Unreachable;
@@ -79,16 +81,22 @@ DBusSingleInstance::Name DBusSingleInstance::requestName()
     return reply == QDBusConnectionInterface::ServiceRegistered ? Name::Ours : Name::SomebodyElses;
 }
 
-bool DBusSingleInstance::activateOwner() const
+/// A start that wants to see nothing leaves the owner alone.
+bool DBusSingleInstance::handOver() const
+{
+    return !m_request || activateOwner(*m_request);
+}
+
+bool DBusSingleInstance::activateOwner(Request request) const
 {
     const Activation activation{.token = m_environment.value(u"XDG_ACTIVATION_TOKEN"_s),
                                 .startupId = m_environment.value(u"DESKTOP_STARTUP_ID"_s)};
-    const bool isAction = m_request == Request::Diagnostics;
+    const bool isAction = request != Request::Panel;
     QDBusMessage message = QDBusMessage::createMethodCall(
         applicationId, objectPath, interfaceName, isAction ? u"ActivateAction"_s : u"Activate"_s);
     message.setAutoStartService(false);
     if (isAction)
-        message << QString(ApplicationAdaptor::diagnostics) << QVariantList();
+        message << ApplicationAdaptor::action(request) << QVariantList();
     message << ApplicationAdaptor::platformData(activation);
     const QDBusMessage reply =
         SessionBus::connection().call(message, QDBus::Block, int(m_limit.count()));

@@ -5,6 +5,7 @@
 #include <QProcessEnvironment>
 
 #include <chrono>
+#include <optional>
 
 namespace quorvel {
 
@@ -18,11 +19,12 @@ public:
     /// waits longer for a window.
     static constexpr std::chrono::seconds answerLimit{5};
 
-    /// The environment is that of this start, and the request is what it hands over; needs an
-    /// application object.
+    /// The environment is that of this start, and the request is what it hands over, if anything;
+    /// needs an application object.
     explicit DBusSingleInstance(const QProcessEnvironment &environment,
                                 std::chrono::milliseconds limit = answerLimit,
-                                Request request = Request::Panel, QObject *parent = nullptr);
+                                std::optional<Request> request = Request::Panel,
+                                QObject *parent = nullptr);
     ~DBusSingleInstance() override;
 
     [[nodiscard]] Claim claim() override;
@@ -32,11 +34,12 @@ private:
 
     [[nodiscard]] Claim claimOnBus();
     [[nodiscard]] static Name requestName();
-    [[nodiscard]] bool activateOwner() const;
+    [[nodiscard]] bool handOver() const;
+    [[nodiscard]] bool activateOwner(Request request) const;
 
     QProcessEnvironment m_environment;
     std::chrono::milliseconds m_limit;
-    Request m_request;
+    std::optional<Request> m_request;
     bool m_isOnBus = false;
 };
 

@@ -5,8 +5,8 @@
 
 namespace quorvel {
 
-/// What somebody wants to see who starts the program.
-enum class Request { Panel, Diagnostics };
+/// What somebody wants to see who starts the program, or picks one of its actions on the desktop.
+enum class Request { Panel, History, Diagnostics };
 
 /// What the desktop hands to a start so that its window may come to the front, and which window.
 struct Activation
@@ -30,7 +30,7 @@ public:
     enum class Claim {
         /// This process is the one.
         Primary,
-        /// Another is the one; it was told to come forward, and answered.
+        /// Another is the one; it was told what this start wants to see, and answered.
         HandedOver,
         /// Another is the one, and does not answer.
         Unreachable,

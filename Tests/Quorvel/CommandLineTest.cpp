@@ -37,14 +37,33 @@ class CommandLineTest final : public QObject
 private slots:
     void withoutArgumentsTheProgramRuns() { QCOMPARE(CommandLine::parse({}), run); }
 
-    void theProbeIsOpenedByTheProgramThatRuns()
+    void anOptionSaysWhatIsOpened_data()
     {
-        const CommandLine probe{.window = CommandLine::Window::Diagnostics};
-        QCOMPARE(CommandLine::parse({u"--probe"_s}), probe);
-        QCOMPARE(CommandLine::parse({u"-reverse"_s, u"--probe"_s, u"--probe"_s}), probe);
-        QCOMPARE(CommandLine::parse({u"-probe"_s}).exitStatus, 2);
-        QCOMPARE(CommandLine::parse({u"--probe"_s, u"--foo"_s}).exitStatus, 2);
-        QVERIFY(CommandLine::parse({u"--help"_s}).output.contains(u"\n  --probe "_s));
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<CommandLine::Opening>("opening");
+        QTest::newRow("panel") << u"--panel"_s << CommandLine::Opening::Panel;
+        QTest::newRow("history") << u"--history"_s << CommandLine::Opening::History;
+        QTest::newRow("probe") << u"--probe"_s << CommandLine::Opening::Diagnostics;
+        QTest::newRow("background") << u"--background"_s << CommandLine::Opening::Nothing;
+    }
+
+    void anOptionSaysWhatIsOpened()
+    {
+        QFETCH(const QString, option);
+        QFETCH(const CommandLine::Opening, opening);
+        const CommandLine start{.opening = opening};
+        QCOMPARE(CommandLine::parse({option}), start);
+        QCOMPARE(CommandLine::parse({u"-reverse"_s, option, option}), start);
+        QCOMPARE(CommandLine::parse({option.sliced(1)}).exitStatus, 2);
+        QCOMPARE(CommandLine::parse({option + u"=1"_s}).exitStatus, 2);
+        QCOMPARE(CommandLine::parse({option, u"--foo"_s}).exitStatus, 2);
+        QVERIFY(CommandLine::parse({u"--help"_s}).output.contains(u"\n  "_s + option + u' '));
+    }
+
+    void theLastOfThemCounts()
+    {
+        const auto line = CommandLine::parse({u"--probe"_s, u"--background"_s, u"--history"_s});
+        QCOMPARE(line, CommandLine{.opening = CommandLine::Opening::History});
     }
 
     void aCommandIsLeftToItsModule_data()

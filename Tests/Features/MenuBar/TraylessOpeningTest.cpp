@@ -44,6 +44,13 @@ private slots:
         expectSilence(opening);
     }
 
+    void cancelledOpeningNeverComes()
+    {
+        TraylessOpening opening(m_item, patience);
+        opening.cancel();
+        expectSilence(opening);
+    }
+
     void cleanup() { m_item.setShown(false); }
 
 private:

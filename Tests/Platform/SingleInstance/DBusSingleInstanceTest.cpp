@@ -33,11 +33,12 @@ QProcessEnvironment environment()
     return result;
 }
 
-std::unique_ptr<QProcess> startPeer(const QProcessEnvironment &variables = environment())
+std::unique_ptr<QProcess> startPeer(const QProcessEnvironment &variables = environment(),
+                                    const QStringList &arguments = {})
 {
     auto peer = std::make_unique<QProcess>();
     peer->setProcessEnvironment(variables);
-    peer->start(peerProgram, QStringList());
+    peer->start(peerProgram, arguments);
     return peer;
 }
 
@@ -183,28 +184,73 @@ private slots:
         QCOMPARE(lastActivation(activated), (Activation{u"a"_s, u"b"_s}));
     }
 
-    void theDesktopMayAskForTheDiagnostics()
+    void theDesktopMayPickAnAction_data()
     {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<Request>("request");
+        QTest::newRow("check-in") << u"check-in"_s << Request::Panel;
+        QTest::newRow("history") << u"history"_s << Request::History;
+        QTest::newRow("diagnostics") << u"diagnostics"_s << Request::Diagnostics;
+    }
+
+    void theDesktopMayPickAnAction()
+    {
+        QFETCH(const QString, action);
+        QFETCH(const Request, request);
         DBusSingleInstance instance(environment());
         const QSignalSpy activated(&instance, &SingleInstance::activated);
         QCOMPARE(instance.claim(), Claim::Primary);
         const QDBusMessage reply =
             call(u"ActivateAction"_s,
-                 {u"diagnostics"_s, QVariantList(), QVariantMap{{u"activation-token"_s, u"a"_s}}});
+                 {action, QVariantList(), QVariantMap{{u"activation-token"_s, u"a"_s}}});
         QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
         QCOMPARE(activated.count(), 1);
-        QCOMPARE(lastActivation(activated), (Activation{u"a"_s, {}, Request::Diagnostics}));
+        QCOMPARE(lastActivation(activated), (Activation{u"a"_s, {}, request}));
+    }
+
+    void aSecondStartHandsOverWhatItWants_data()
+    {
+        QTest::addColumn<Request>("request");
+        QTest::addColumn<QByteArray>("heard");
+        QTest::newRow("panel") << Request::Panel << QByteArray("activated");
+        QTest::newRow("history") << Request::History << QByteArray("activated for the history");
+        QTest::newRow("diagnostics")
+            << Request::Diagnostics << QByteArray("activated for diagnostics");
     }
 
     void aSecondStartHandsOverWhatItWants()
     {
+        QFETCH(const Request, request);
         const auto peer = startPeer();
         QCOMPARE(nextLine(*peer), QByteArray("Primary"));
         {
-            DBusSingleInstance instance(environment(), 5s, Request::Diagnostics);
+            DBusSingleInstance instance(environment(), 5s, request);
             QCOMPARE(instance.claim(), Claim::HandedOver);
         }
-        QCOMPARE(nextLine(*peer), QByteArray("activated for diagnostics"));
+        QTEST(nextLine(*peer), "heard");
+        end(*peer);
+    }
+
+    void aSecondStartThatWantsNothingLeavesTheFirstAlone()
+    {
+        DBusSingleInstance first(environment());
+        const QSignalSpy activated(&first, &SingleInstance::activated);
+        QCOMPARE(first.claim(), Claim::Primary);
+        const auto peer = startPeer(environment(), {u"nothing"_s});
+        QCOMPARE(outcomeOf(*peer), QByteArray("HandedOver"));
+        QCOMPARE(activated.count(), 0);
+    }
+
+    /// As one does that the bus starts, which has nothing to hand over.
+    void aFirstStartThatWantsNothingIsReachable()
+    {
+        const auto peer = startPeer(environment(), {u"nothing"_s});
+        QCOMPARE(nextLine(*peer), QByteArray("Primary"));
+        {
+            DBusSingleInstance instance(environment());
+            QCOMPARE(instance.claim(), Claim::HandedOver);
+        }
+        QCOMPARE(nextLine(*peer), QByteArray("activated"));
         end(*peer);
     }
 

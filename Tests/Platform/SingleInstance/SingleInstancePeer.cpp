@@ -4,6 +4,7 @@
 #include <QSocketNotifier>
 
 #include <cstdio>
+#include <optional>
 #include <unistd.h>
 
 using namespace quorvel;
@@ -31,19 +32,32 @@ const char *nameOf(SingleInstance::Claim claim)
     Q_UNREACHABLE();
 }
 
+const char *nameOf(Request request)
+{
+    switch (request) {
+    case Request::Panel:
+        return "activated";
+    case Request::History:
+        return "activated for the history";
+    case Request::Diagnostics:
+        return "activated for diagnostics";
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 /// Another start of the program, for the tests: says what became of its claim and, as the one
-/// instance, what it is asked for, until its input ends.
+/// instance, what it is asked for, until its input ends. Any argument: it
+/// wants to see nothing.
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);
-    DBusSingleInstance instance(QProcessEnvironment::systemEnvironment());
+    const auto request = argc > 1 ? std::nullopt : std::optional(Request::Panel);
+    DBusSingleInstance instance(QProcessEnvironment::systemEnvironment(),
+                                DBusSingleInstance::answerLimit, request);
     QObject::connect(&instance, &SingleInstance::activated, &instance,
-                     [](const Activation &activation) {
-                         const bool isPanel = activation.request == Request::Panel;
-                         say(isPanel ? "activated" : "activated for diagnostics");
-                     });
+                     [](const Activation &activation) { say(nameOf(activation.request)); });
 
     const SingleInstance::Claim claim = instance.claim();
     say(nameOf(claim));
