@@ -19,6 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Nobody asked for a window.
+const QString atLogin = u" --background"_s;
+
 QString fileIn(const QString &configFolder)
 {
     return configFolder + u"/autostart/"_s + applicationId + u".desktop"_s;
@@ -90,7 +93,7 @@ void XdgAutostartLoginItem::registerItem()
                               {u"Name"_s, u"Quorvel"_s},
                               {u"Icon"_s, applicationId},
                               {u"TryExec"_s, m_executable},
-                              {u"Exec"_s, DesktopEntry::quoted(m_executable)},
+                              {u"Exec"_s, DesktopEntry::quoted(m_executable) + atLogin},
                               {u"X-GNOME-Autostart-enabled"_s, u"true"_s}}),
           LoginItemError::Operation::Register);
 }

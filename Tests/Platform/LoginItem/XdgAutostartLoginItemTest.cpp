@@ -51,7 +51,7 @@ private slots:
                                    "Icon=com.zantho.quorvel\n"
                                    "TryExec=" +
                                        program + "\nExec=\"" + program +
-                                       "\"\nX-GNOME-Autostart-enabled=true\n");
+                                       "\" --background\nX-GNOME-Autostart-enabled=true\n");
         QCOMPARE(item().status(), Status::Enabled);
     }
 
@@ -300,7 +300,8 @@ private slots:
 
         QByteArray path = QFile::encodeName(program);
         path.replace('"', "\\\"").replace('$', "\\$").replace('`', "\\`");
-        QCOMPARE(generatedStart(), "ExecStart=:" + QByteArray(start).replace("%1", path));
+        QCOMPARE(generatedStart(),
+                 "ExecStart=:" + QByteArray(start).replace("%1", path) + " --background");
     }
 
     void theSystemsOwnStarterLeavesOutAnUnregisteredProgram()
