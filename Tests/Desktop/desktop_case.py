@@ -7,6 +7,7 @@ from virtual_desktop import VirtualDesktop
 
 PROGRAM = os.environ["QUORVEL_PROGRAM"]
 PANEL = "Quorvel"
+HISTORY = "Check-ins — Quorvel"
 # The toolkit adds the name of the program to a title that lacks it.
 DIAGNOSTICS = "Probe8 — Quorvel"
 

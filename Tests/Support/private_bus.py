@@ -16,13 +16,19 @@ CONFIGURATION = """<busconfig>
 INSTALLED_SERVICES = pathlib.Path("/usr/share/dbus-1/services")
 
 
+def services_folder(folder, name):
+    """Where the files of the services are that the bus of that name starts."""
+    return folder / name / "services"
+
+
 def start_bus(processes, name, folder, environment, services=()):
     """The address of a new bus; a call starts only those of the machine's services."""
     own = folder / name
-    (own / "services").mkdir(parents=True, mode=0o700)
+    own_services = services_folder(folder, name)
+    own_services.mkdir(parents=True, mode=0o700)
     for service in services:
         installed = INSTALLED_SERVICES / f"{service}.service"
-        (own / "services" / installed.name).symlink_to(installed)
+        (own_services / installed.name).symlink_to(installed)
     configuration = own / "bus.conf"
     configuration.write_text(CONFIGURATION.format(folder=own))
     return processes.start_announcing(

@@ -11,7 +11,7 @@ import dbus.bus
 
 from fake_status_host import ITEM, FakeStatusHost
 from picture import Box, FrameBuffer
-from private_bus import start_bus
+from private_bus import services_folder, start_bus
 from private_home import private_home
 from processes import POLL_SECONDS, NotSeen, ProcessGroup
 from tray_hosts import STARTERS
@@ -19,6 +19,8 @@ from tray_hosts import STARTERS
 PYTHON = "/usr/bin/python3"
 TRAY_HEIGHT = 26
 BUS_NAME = "org.freedesktop.DBus"
+BUS_PATH = "/org/freedesktop/DBus"
+SESSION_BUS = "session-bus"
 DOUBLE_CLICK_SECONDS = 0.5
 SETTLED_SECONDS = 0.3
 RESTLESS_SECONDS = 3
@@ -114,6 +116,18 @@ class VirtualDesktop:
 
     def start_fake_host(self, has_host=True):
         return FakeStatusHost(self, has_host)
+
+    def add_service(self, name, text):
+        """Has a call to that name on the bus start what the text of a service file says, with the
+        variables of this session, as a desktop tells them to its bus."""
+        services_folder(self.folder, SESSION_BUS).joinpath(f"{name}.service").write_text(text)
+        bus = dbus.bus.BusConnection(self.bus_address)
+        environment = dbus.Dictionary(self._processes.marked(self.environment), signature="ss")
+        bus.call_blocking(BUS_NAME, BUS_PATH, BUS_NAME, "ReloadConfig", "", ())
+        bus.call_blocking(
+            BUS_NAME, BUS_PATH, BUS_NAME, "UpdateActivationEnvironment", "a{ss}", (environment,)
+        )
+        bus.close()
 
     def is_reachable(self, program):
         """Whether the program can be found on the bus, as a second start of it looks for it."""
@@ -238,7 +252,7 @@ class VirtualDesktop:
 
     def _start_bus(self):
         self.bus_address = start_bus(
-            self._processes, "session-bus", self.folder, self.environment, self._services
+            self._processes, SESSION_BUS, self.folder, self.environment, self._services
         )
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self.bus_address
 
