@@ -1,0 +1,44 @@
+"""The options and commands that the built program says it takes."""
+
+import functools
+import os
+import re
+import subprocess
+
+PROGRAM = os.environ["QUORVEL_PROGRAM"]
+SECONDS = 20
+COMMAND = re.compile(r"^  ([a-z][a-z-]+)  ", re.MULTILINE)
+OPTION = re.compile(r"^  (?:(-[a-z]), )?(--[a-z-]+)(?: ([A-Z]+))?  ", re.MULTILINE)
+
+
+def help_text(*command):
+    return output(*command, "--help")
+
+
+@functools.cache
+def output(*arguments):
+    return subprocess.run(
+        [PROGRAM, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True,
+        timeout=SECONDS, check=True,
+    ).stdout
+
+
+def version():
+    return output("--version").split()[1]
+
+
+def commands():
+    return COMMAND.findall(help_text())
+
+
+def options(*command):
+    """Of the program, or of a command: each name with the word for its value, or with nothing."""
+    found = {}
+    for short, long, value in OPTION.findall(help_text(*command)):
+        found.update({name: value for name in (short, long) if name})
+    return found
+
+
+def pages():
+    """The arguments that lead to each text of help."""
+    return [(), *((command,) for command in commands())]
