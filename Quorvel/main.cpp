@@ -86,9 +86,6 @@ void openFirst(QuorvelApp &app, CommandLine::Opening opening)
 int runAsPrimary(SingleInstance &instance, CommandLine::Opening opening)
 {
     QApplication::setQuitOnLastWindowClosed(false);
-    const TerminationListener termination;
-    QObject::connect(&termination, &TerminationListener::terminationRequested, qApp,
-                     &QCoreApplication::quit);
     QuorvelApp app;
     QObject::connect(&instance, &SingleInstance::activated, &app, &QuorvelApp::open);
     QMetaObject::invokeMethod(
@@ -98,6 +95,10 @@ int runAsPrimary(SingleInstance &instance, CommandLine::Opening opening)
 
 int run(CommandLine::Opening opening)
 {
+    // Order: whoever finds the program on the bus may already ask it to end.
+    const TerminationListener termination;
+    QObject::connect(&termination, &TerminationListener::terminationRequested, qApp,
+                     &QCoreApplication::quit);
     DBusSingleInstance instance(QProcessEnvironment::systemEnvironment(),
                                 DBusSingleInstance::answerLimit, requestOf(opening));
     switch (instance.claim()) {
