@@ -1,5 +1,6 @@
 #include "Quorvel/ScenesModule/QuickScenesPlugin.h"
 
+#include "Platform/ApplicationId.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
@@ -11,10 +12,22 @@
 #include "Quorvel/LiveFacilities.h"
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
+#include <QGuiApplication>
+#include <QIcon>
 #include <QProcessEnvironment>
 
 namespace quorvel {
 namespace {
+
+/// What lists of windows show, in their sizes: on X11 each window carries all of it.
+QIcon windowIcon()
+{
+    const QIcon installed = QIcon::fromTheme(applicationId);
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64})
+        icon.addPixmap(installed.pixmap(size));
+    return icon;
+}
 
 /// The scenes of the program, with the system that they run on.
 class LiveScenes final : public Scenes
@@ -23,7 +36,9 @@ public:
     LiveScenes(SceneContext context, const Endpoints &endpoints)
         : m_facilities(endpoints)
         , m_scenes(std::move(context), menuBar())
-    {}
+    {
+        QGuiApplication::setWindowIcon(windowIcon());
+    }
 
     void toggleMenuBarPanel(const QRect &anchor) override { m_scenes.toggleMenuBarPanel(anchor); }
     void openMenuBarPanel(const QRect &anchor) override { m_scenes.openMenuBarPanel(anchor); }

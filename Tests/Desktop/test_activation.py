@@ -1,77 +1,11 @@
 """The bus starts the program for whoever calls it, and opens what was asked for."""
 
-import os
-import pathlib
-import time
 import unittest
 
 import dbus
-import dbus.bus
 
-from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PROGRAM, DesktopCase
-from processes import running_pids
-from virtual_desktop import process_id
-
-NAME = "com.zantho.quorvel"
-PATH = "/com/zantho/quorvel"
-INTERFACE = "org.freedesktop.Application"
-SERVICE = pathlib.Path(os.environ["QUORVEL_SERVICE"])
-CALL_SECONDS = 20
-# What the toolkit adds to a title, it does not add to the name that the screen lists.
-LISTED = {PANEL: PANEL, HISTORY: HISTORY, DIAGNOSTICS: "Probe8"}
-# What a start without a status area waits for one.
-PATIENCE_SECONDS = 5
-NOTHING = dbus.Dictionary(signature="sv")
-NO_PARAMETER = dbus.Array(signature="v")
-
-
-def executable(pid):
-    try:
-        return os.readlink(f"/proc/{pid}/exe")
-    except OSError:
-        return None
-
-
-class ActivationCase(DesktopCase):
-    def setUp(self):
-        super().setUp()
-        self.desktop.add_service(
-            NAME, SERVICE.read_text().replace("@QUORVEL_PROGRAM@", PROGRAM)
-        )
-        self.bus = dbus.bus.BusConnection(self.desktop.bus_address)
-        self.addCleanup(self.bus.close)
-
-    def activate(self):
-        self._call("Activate", "a{sv}", NOTHING)
-
-    def activate_action(self, name):
-        self._call("ActivateAction", "sava{sv}", name, NO_PARAMETER, NOTHING)
-
-    def owner(self):
-        return process_id(self.bus, NAME)
-
-    def programs(self):
-        """The processes of this program on this desktop: each has its bus address."""
-        mark = os.fsencode(f"DBUS_SESSION_BUS_ADDRESS={self.desktop.bus_address}")
-        return [pid for pid in running_pids() if executable(pid) == os.path.realpath(PROGRAM)
-                and mark in pathlib.Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")]
-
-    def open_windows(self):
-        return [title for title, name in LISTED.items() if self.desktop.windows(name)]
-
-    def assert_only_window(self, title):
-        self.desktop.wait_for_window(LISTED[title])
-        self.desktop.wait_for_focused_window(title)
-        self.assertEqual(self.open_windows(), [title])
-
-    def assert_no_window_comes(self, but=()):
-        time.sleep(PATIENCE_SECONDS + 1)
-        self.assertEqual(self.open_windows(), list(but))
-
-    def _call(self, member, signature, *arguments):
-        self.bus.call_blocking(
-            NAME, PATH, INTERFACE, member, signature, arguments, timeout=CALL_SECONDS
-        )
+from activation_case import INTERFACE, LISTED, NAME, NOTHING, NO_PARAMETER, PATH, ActivationCase
+from desktop_case import DIAGNOSTICS, HISTORY, PANEL
 
 
 class FirstStartTest(ActivationCase):
@@ -151,43 +85,6 @@ class RunningTest(ActivationCase):
             self.activate_action("dance")
         self.assertEqual(self.open_windows(), [])
         self.assert_only_program()
-
-
-class OptionTest(ActivationCase):
-    """The same for a desktop that runs the command lines of the entry instead."""
-
-    def test_a_first_start_opens_what_its_option_names(self):
-        for option, title in (("--panel", PANEL), ("--history", HISTORY)):
-            with self.subTest(option):
-                program = self.start_program(option)
-                self.assert_only_window(title)
-                self.assert_ends_well(program)
-
-    def test_a_second_start_has_the_first_open_it(self):
-        first = self.start_shown_program()
-        for option, title in (("--history", HISTORY), ("--panel", PANEL)):
-            self.assertEqual(self.start_program_again(option), 0)
-            self.desktop.wait_for_focused_window(title)
-        self.assertEqual(self.programs(), [first.pid])
-
-
-class LoginTest(ActivationCase):
-    """A start at a login opens nothing, whatever else there is."""
-
-    def test_without_a_tray_no_panel_opens_until_it_is_asked_for(self):
-        program = self.start_program("--background")
-        self.desktop.wait_until_reachable(program)
-        self.assert_no_window_comes()
-        self.activate()
-        self.assert_only_window(PANEL)
-        self.assertEqual(self.owner(), program.pid)
-
-    def test_beside_one_that_runs_it_ends_and_opens_nothing(self):
-        first = self.start_shown_program()
-        self.assertEqual(self.start_program_again("--background"), 0)
-        self.activate_action("history")
-        self.assert_only_window(HISTORY)
-        self.assertEqual(self.programs(), [first.pid])
 
 
 if __name__ == "__main__":

@@ -171,6 +171,11 @@ class VirtualDesktop:
         boxes = [self._window_box(window) for window in found]
         return [box for box in boxes if box and box.height > 2 * TRAY_HEIGHT]
 
+    def window_properties(self, title, *names):
+        """What the visible window of that title tells the window manager, as xprop prints it."""
+        window = self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()[-1]
+        return self._ask("xprop", "-id", window, *names)
+
     # What the user does
 
     def click_icon(self):

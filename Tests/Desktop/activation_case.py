@@ -1,0 +1,75 @@
+"""What the tests share that have the bus start the program, or ask it over the bus."""
+
+import os
+import pathlib
+import time
+
+import dbus
+import dbus.bus
+
+from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PROGRAM, DesktopCase
+from processes import environment_of, running_pids
+from virtual_desktop import process_id
+
+NAME = "com.zantho.quorvel"
+PATH = "/com/zantho/quorvel"
+INTERFACE = "org.freedesktop.Application"
+SERVICE = pathlib.Path(os.environ["QUORVEL_PACKAGING"], f"{NAME}.service.in")
+CALL_SECONDS = 20
+# What the toolkit adds to a title, it does not add to the name that the screen lists.
+LISTED = {PANEL: PANEL, HISTORY: HISTORY, DIAGNOSTICS: "Probe8"}
+# What a start without a status area waits for one.
+PATIENCE_SECONDS = 5
+NOTHING = dbus.Dictionary(signature="sv")
+NO_PARAMETER = dbus.Array(signature="v")
+
+
+def executable(pid):
+    try:
+        return os.readlink(f"/proc/{pid}/exe")
+    except OSError:
+        return None
+
+
+class ActivationCase(DesktopCase):
+    """A desktop whose bus can start the program, and a caller on that bus."""
+
+    def setUp(self):
+        super().setUp()
+        self.desktop.add_service(
+            NAME, SERVICE.read_text().replace("@QUORVEL_PROGRAM@", PROGRAM)
+        )
+        self.bus = dbus.bus.BusConnection(self.desktop.bus_address)
+        self.addCleanup(self.bus.close)
+
+    def activate(self):
+        self._call("Activate", "a{sv}", NOTHING)
+
+    def activate_action(self, name):
+        self._call("ActivateAction", "sava{sv}", name, NO_PARAMETER, NOTHING)
+
+    def owner(self):
+        return process_id(self.bus, NAME)
+
+    def programs(self):
+        """The processes of this program on this desktop: each has its bus address."""
+        mark = os.fsencode(f"DBUS_SESSION_BUS_ADDRESS={self.desktop.bus_address}")
+        return [pid for pid in running_pids() if executable(pid) == os.path.realpath(PROGRAM)
+                and mark in environment_of(pid)]
+
+    def open_windows(self):
+        return [title for title, name in LISTED.items() if self.desktop.windows(name)]
+
+    def assert_only_window(self, title):
+        self.desktop.wait_for_window(LISTED[title])
+        self.desktop.wait_for_focused_window(title)
+        self.assertEqual(self.open_windows(), [title])
+
+    def assert_no_window_comes(self, but=()):
+        time.sleep(PATIENCE_SECONDS + 1)
+        self.assertEqual(self.open_windows(), list(but))
+
+    def _call(self, member, signature, *arguments):
+        self.bus.call_blocking(
+            NAME, PATH, INTERFACE, member, signature, arguments, timeout=CALL_SECONDS
+        )
