@@ -16,6 +16,11 @@ class OptionTest(ActivationCase):
                 self.assert_only_window(title)
                 self.assert_ends_well(program)
 
+    def test_without_a_tray_no_panel_follows_the_window(self):
+        self.start_program("--history")
+        self.assert_only_window(HISTORY)
+        self.assert_no_window_comes(but=[HISTORY])
+
     def test_a_second_start_has_the_first_open_it(self):
         first = self.start_shown_program()
         for option, title in (("--history", HISTORY), ("--panel", PANEL)):
@@ -38,8 +43,7 @@ class LoginTest(ActivationCase):
     def test_beside_one_that_runs_it_ends_and_opens_nothing(self):
         first = self.start_shown_program()
         self.assertEqual(self.start_program_again("--background"), 0)
-        self.activate_action("history")
-        self.assert_only_window(HISTORY)
+        self.assert_no_window_comes()
         self.assertEqual(self.programs(), [first.pid])
 
 
