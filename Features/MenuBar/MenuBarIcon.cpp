@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace quorvel {
 
 namespace {
@@ -21,6 +23,8 @@ constexpr qreal handleWidth = 1.75;
 
 constexpr QPointF dotCentre(23, 16);
 constexpr qreal dotOutline = 1.5;
+
+constexpr int faintestAlpha = 32;
 
 /// A status area takes no picture over 64 pixels wide.
 constexpr qreal scales[] = {1.0, 1.5, 2.0};
@@ -88,15 +92,27 @@ void paintDot(QPainter &painter, qreal radius)
     painter.drawEllipse(dotCentre, radius, radius);
 }
 
+/// There are status areas that show a pixel in its full colour however faint it is; of the
+/// faintest, that is not even the colour that was painted.
+void clearFaintPixels(QImage &image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        auto *const line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        std::replace_if(
+            line, line + image.width(), [](QRgb pixel) { return qAlpha(pixel) < faintestAlpha; },
+            QRgb{});
+    }
+}
+
 } // namespace
 
 QPixmap MenuBarIcon::picture(qreal dotRadius, qreal scale)
 {
     // Status areas know pixels, not points: a pixmap that says it is meant for a denser screen
     // would be taken for another of the smallest size, and dropped.
-    QPixmap pixmap((QSizeF(sizePoints) * scale).toSize());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
+    QImage image((QSizeF(sizePoints) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
     painter.save();
@@ -104,7 +120,9 @@ QPixmap MenuBarIcon::picture(qreal dotRadius, qreal scale)
     paintCup(painter);
     painter.restore();
     paintDot(painter, dotRadius);
-    return pixmap;
+    painter.end();
+    clearFaintPixels(image);
+    return QPixmap::fromImage(std::move(image));
 }
 
 QIcon MenuBarIcon::icon(qreal dotRadius)

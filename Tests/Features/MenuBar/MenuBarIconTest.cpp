@@ -101,6 +101,19 @@ private slots:
         QCOMPARE(at(pixels, scale, 10 + 3, 20), Palette::mocha);
     }
 
+    void noPixelIsFaint_data() { everyPicture_data(); }
+
+    /// Some status areas show such a pixel as if it were not.
+    void noPixelIsFaint()
+    {
+        QFETCH(const qreal, radius);
+        QFETCH(const qreal, scale);
+        const QImage pixels = image(radius, scale);
+        for (int y = 0; y < pixels.height(); ++y)
+            for (int x = 0; x < pixels.width(); ++x)
+                QVERIFY(qAlpha(pixels.pixel(x, y)) == 0 || qAlpha(pixels.pixel(x, y)) >= 32);
+    }
+
     void dotEndsAtItsRadiusAndHalfItsOutline_data()
     {
         QTest::addColumn<qreal>("radius");
