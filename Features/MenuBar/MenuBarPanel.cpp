@@ -2,6 +2,7 @@
 
 #include "Core/DesignSystem/Theme.h"
 #include "Core/DesignSystem/ViewFactory.h"
+#include "Features/MenuBar/PanelFocusWatch.h"
 #include "Features/MenuBar/PanelPlacement.h"
 
 #include <QCursor>
@@ -84,11 +85,16 @@ void MenuBarPanel::setUpWindow()
     const auto paint = [this] { m_window->setColor(Theme::shared().color()->background()); };
     connect(Theme::shared().color(), &ThemeColor::changed, this, paint);
     paint();
-    connect(m_window.get(), &QWindow::activeChanged, this, &MenuBarPanel::closeOnFocusLoss);
     connect(m_window.get(), &QWindow::visibleChanged, &m_scene, [this](bool isVisible) {
         if (!isVisible)
             m_scene.disappear();
     });
+    auto *watch = new PanelFocusWatch(*m_window, PanelFocusWatch::wayOnThisDesktop(),
+                                      PanelFocusWatch::defaultPatience, this);
+    connect(watch, &PanelFocusWatch::lost, this, &MenuBarPanel::closeOnFocusLoss);
+    // Queued: the toolkit moves the windows of a screen that goes away itself, and to any place.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &MenuBarPanel::placeAnew,
+            Qt::QueuedConnection);
 }
 
 void MenuBarPanel::followView()
@@ -131,12 +137,18 @@ void MenuBarPanel::place()
         PanelPlacement::topLeft(m_window->size(), m_anchor, QCursor::pos(), screenAreas()));
 }
 
+void MenuBarPanel::placeAnew()
+{
+    if (!m_window->isVisible())
+        return;
+    limitHeight();
+    place();
+}
+
 void MenuBarPanel::closeOnFocusLoss()
 {
-    if (!m_window->isActive() && m_window->isVisible()) {
-        close();
-        m_guard.noteFocusLoss();
-    }
+    close();
+    m_guard.noteFocusLoss();
 }
 
 } // namespace quorvel

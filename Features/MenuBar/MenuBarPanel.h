@@ -46,6 +46,7 @@ private:
     void focusNoControl();
     void limitHeight();
     void place();
+    void placeAnew();
     void closeOnFocusLoss();
 
     // Order: what the view is bound to outlives it.

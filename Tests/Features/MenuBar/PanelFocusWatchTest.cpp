@@ -1,0 +1,138 @@
+#include "Features/MenuBar/PanelFocusWatch.h"
+
+#include <QEnterEvent>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWindow>
+
+using namespace quorvel;
+using namespace std::chrono_literals;
+
+namespace quorvel::tests {
+
+/// A window that has the focus, another that can take it, and what is told of that.
+class PanelFocusWatchTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup()
+    {
+        m_panel.reset();
+        m_other.hide();
+    }
+
+    void underItsIconTheFocusIsLostAtOnce()
+    {
+        show(PanelFocusWatch::Way::None, 1h);
+        loseFocus();
+        QCOMPARE(m_lost->size(), 1);
+    }
+
+    void elsewhereItCanComeBackWhileThereIsPatience()
+    {
+        show(PanelFocusWatch::Way::Across, 1h);
+        loseFocus();
+        QCOMPARE(m_lost->size(), 0);
+        QVERIFY(isWaiting());
+        focus(*m_panel);
+        QCOMPARE(m_lost->size(), 0);
+        QVERIFY(!isWaiting());
+    }
+
+    void elsewhereItIsLostInTheEnd()
+    {
+        show(PanelFocusWatch::Way::Across, 1ms);
+        loseFocus();
+        QTRY_COMPARE(m_lost->size(), 1);
+    }
+
+    void afterThePointerWasThereItIsLostAtOnce()
+    {
+        show(PanelFocusWatch::Way::Across, 1h);
+        enter();
+        loseFocus();
+        QCOMPARE(m_lost->size(), 1);
+    }
+
+    void afterAKeyItIsLostAtOnce()
+    {
+        show(PanelFocusWatch::Way::Across, 1h);
+        QTest::keyClick(m_panel.get(), Qt::Key_Tab);
+        loseFocus();
+        QCOMPARE(m_lost->size(), 1);
+    }
+
+    void everyShowingHasItsOwnWay()
+    {
+        show(PanelFocusWatch::Way::Across, 1h);
+        enter();
+        m_panel->hide();
+        focus(*m_panel);
+        loseFocus();
+        QCOMPARE(m_lost->size(), 0);
+    }
+
+    void nobodyWaitsForAWindowThatIsHidden()
+    {
+        show(PanelFocusWatch::Way::Across, 1h);
+        loseFocus();
+        QVERIFY(isWaiting());
+        m_panel->hide();
+        QVERIFY(!isWaiting());
+        QCOMPARE(m_lost->size(), 0);
+    }
+
+    void hidingLosesNothing()
+    {
+        show(PanelFocusWatch::Way::None, 1h);
+        m_panel->hide();
+        loseFocus();
+        QCOMPARE(m_lost->size(), 0);
+    }
+
+    void onlyWaylandPutsWindowsElsewhere()
+    {
+        QCOMPARE(QGuiApplication::platformName(), u"offscreen");
+        QVERIFY(PanelFocusWatch::wayOnThisDesktop() == PanelFocusWatch::Way::None);
+    }
+
+private:
+    void show(PanelFocusWatch::Way way, std::chrono::milliseconds patience)
+    {
+        m_panel = std::make_unique<QWindow>();
+        m_watch = new PanelFocusWatch(*m_panel, way, patience, m_panel.get());
+        m_lost.emplace(m_watch, &PanelFocusWatch::lost);
+        focus(*m_panel);
+    }
+
+    static void focus(QWindow &window)
+    {
+        window.show();
+        window.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    void loseFocus() { focus(m_other); }
+
+    void enter()
+    {
+        QEnterEvent event({1, 1}, {1, 1}, {1, 1});
+        QCoreApplication::sendEvent(m_panel.get(), &event);
+    }
+
+    [[nodiscard]] bool isWaiting() const
+    {
+        return m_watch->findChild<QTimer *>(u"patience"_qs)->isActive();
+    }
+
+    QWindow m_other;
+    std::unique_ptr<QWindow> m_panel;
+    PanelFocusWatch *m_watch = nullptr;
+    std::optional<QSignalSpy> m_lost;
+};
+
+} // namespace quorvel::tests
+
+QTEST_MAIN(quorvel::tests::PanelFocusWatchTest)
+#include "PanelFocusWatchTest.moc"
