@@ -126,9 +126,14 @@ void MenuBarPanel::focusNoControl()
 
 void MenuBarPanel::limitHeight()
 {
-    const QRect room = PanelPlacement::available(m_anchor, QCursor::pos(), screenAreas());
-    if (!room.isEmpty())
-        m_view->setProperty("maximumHeight", room.height());
+    const auto screens = screenAreas();
+    const bool isPlacedByDesktop =
+        PanelFocusWatch::wayOnThisDesktop() == PanelFocusWatch::Way::Across;
+    const int room = isPlacedByDesktop
+                         ? PanelPlacement::leastHeight(screens)
+                         : PanelPlacement::available(m_anchor, QCursor::pos(), screens).height();
+    if (room > 0)
+        m_view->setProperty("maximumHeight", room);
 }
 
 void MenuBarPanel::place()

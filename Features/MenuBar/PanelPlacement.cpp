@@ -70,4 +70,14 @@ QRect PanelPlacement::available(const QRect &anchor, QPoint pointer,
     return screens.isEmpty() ? QRect() : screens.first().available;
 }
 
+int PanelPlacement::leastHeight(const QList<ScreenArea> &screens)
+{
+    if (screens.isEmpty())
+        return 0;
+    const auto lower = [](const ScreenArea &one, const ScreenArea &other) {
+        return one.available.height() < other.available.height();
+    };
+    return std::min_element(screens.begin(), screens.end(), lower)->available.height();
+}
+
 } // namespace quorvel

@@ -28,5 +28,9 @@ namespace PanelPlacement {
 [[nodiscard]] QRect available(const QRect &anchor, QPoint pointer,
                               const QList<ScreenArea> &screens);
 
+/// The height that is free on whichever screen, for a panel that the desktop puts on one of its own
+/// choice; zero without a screen.
+[[nodiscard]] int leastHeight(const QList<ScreenArea> &screens);
+
 } // namespace PanelPlacement
 } // namespace quorvel

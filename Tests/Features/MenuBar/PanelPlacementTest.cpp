@@ -15,6 +15,11 @@ const ScreenArea leftBar{.geometry = {0, 0, 1280, 900}, .available = {60, 0, 122
 const ScreenArea rightScreen{.geometry = {1280, 0, 1920, 1080}, .available = {1280, 0, 1920, 1040}};
 const ScreenArea leftScreen{.geometry = {-1024, 100, 1024, 768},
                             .available = {-1024, 124, 1024, 744}};
+const ScreenArea upperScreen{.geometry = {0, -1080, 1920, 1080},
+                             .available = {0, -1080, 1920, 1050}};
+/// 3840 x 2160 pixels at scale 2, left of and above the first, with a hole between the two.
+const ScreenArea denseScreen{.geometry = {-3840, -2160, 1920, 1080},
+                             .available = {-3840, -2134, 1920, 1054}};
 const ScreenArea tiny{.geometry = {0, 0, 320, 200}, .available = {0, 20, 320, 180}};
 
 } // namespace
@@ -51,6 +56,20 @@ private slots:
             {1280, 800});
         row("screen with negative coordinates", {topBar, leftScreen}, {-30, 101, 22, 22}, nowhere,
             {-340, 127});
+        row("clamped at the left of negative coordinates", {topBar, leftScreen},
+            {-1020, 101, 22, 22}, nowhere, {-1024, 127});
+        row("clamped at the first screen's left, not into its neighbour", {topBar, leftScreen},
+            {4, 2, 22, 22}, nowhere, {0, 28});
+        row("screen above, over its bar at the bottom", {topBar, upperScreen}, {600, -26, 22, 22},
+            nowhere, {441, -270});
+        row("screen above, not below its edge", {topBar, upperScreen}, {600, -295, 22, 22}, nowhere,
+            {441, -539});
+        row("first screen, not up into the one above", {topBar, upperScreen}, {600, 2, 22, 22},
+            nowhere, {441, 28});
+        row("dense screen left and above", {topBar, denseScreen}, {-2000, -2158, 22, 22}, nowhere,
+            {-2260, -2132});
+        row("between screens that leave a hole", {topBar, denseScreen}, {-1000, -500, 22, 22},
+            {700, 13}, {531, 26});
         row("anchor before pointer", {topBar, rightScreen}, {600, 2, 22, 22}, {2000, 500},
             {441, 28});
         row("pointer without an anchor", {topBar}, none, {700, 13}, {531, 26});
@@ -82,9 +101,17 @@ private slots:
         QCOMPARE(PanelPlacement::available(anchor, {700, 13}, {}), QRect());
     }
 
+    void leastHeightIsThatOfTheLowestScreen()
+    {
+        QCOMPARE(PanelPlacement::leastHeight({topBar, leftScreen, rightScreen}), 744);
+        QCOMPARE(PanelPlacement::leastHeight({topBar}), 874);
+        QCOMPARE(PanelPlacement::leastHeight({}), 0);
+    }
+
     void panelIsAlwaysInsideWhatIsFree()
     {
-        for (const ScreenArea &screen : {topBar, bottomBar, leftBar, rightScreen, leftScreen}) {
+        for (const ScreenArea &screen :
+             {topBar, bottomBar, leftBar, rightScreen, leftScreen, upperScreen, denseScreen}) {
             const QRect area = screen.geometry;
             for (int x = area.left(); x <= area.right(); x += 37) {
                 for (int y = area.top(); y <= area.bottom(); y += 29) {
