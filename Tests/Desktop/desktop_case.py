@@ -10,13 +10,17 @@ PANEL = "Quorvel"
 HISTORY = "Check-ins — Quorvel"
 # The toolkit adds the name of the program to a title that lacks it.
 DIAGNOSTICS = "Probe8 — Quorvel"
+PULSE_SECONDS = 2
 
 
 class DesktopCase(unittest.TestCase):
     """Every case has a fresh desktop without a tray, and starts what it needs."""
 
     def setUp(self):
-        self.desktop = self.enterContext(VirtualDesktop())
+        self.desktop = self.enterContext(self.make_desktop())
+
+    def make_desktop(self):
+        return VirtualDesktop()
 
     def start_program(self, *arguments, **options):
         return self.desktop.start_program(PROGRAM, *arguments, **options)
@@ -30,6 +34,26 @@ class DesktopCase(unittest.TestCase):
         program = self.start_program()
         self.desktop.wait_for_icon()
         return program
+
+    def dot_heights(self):
+        """The heights that the icon's dot has in turn, the smaller first."""
+        heights = {self.desktop.wait_for_icon().height}
+
+        def sees_both():
+            dot = self.desktop.icon()
+            if dot:
+                heights.add(dot.height)
+            return len(heights) > 1
+
+        self.desktop.wait_until(sees_both, "the dot changes its size", PULSE_SECONDS)
+        return sorted(heights)
+
+    def assert_wholly_shown(self, title):
+        """The window has a line around it, and nothing cuts that off or covers it."""
+        box = self.desktop.on_screen(self.desktop.wait_for_window(title))
+        self.desktop.wait_until(
+            lambda: self.desktop.picture().crop(box).line_around(), f"all of {title} shows"
+        )
 
     def assert_ends_well(self, program, seconds=5):
         program.terminate()

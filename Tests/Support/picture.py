@@ -13,6 +13,7 @@ DOT_COLOUR = (224, 138, 60)
 DOT_TOLERANCE = 6
 
 BYTES_PER_PIXEL = 4
+PREVAILING_SHARE = 0.95
 
 
 def within_tolerance(part):
@@ -50,6 +51,13 @@ class Picture:
         height = max(rows) - min(rows) + 1
         return Box(min(columns), min(rows), width, height)
 
+    def line_around(self):
+        """The colour of a line along all four edges; None where there is none, or not all of it."""
+        edges = [Box(0, row, self.width, 1) for row in (0, self.height - 1)]
+        edges += [Box(column, 0, 1, self.height) for column in (0, self.width - 1)]
+        colours = {self.crop(edge)._prevailing_colour() for edge in edges}
+        return colours.pop() if len(colours) == 1 else None
+
     def write_png(self, path):
         """Writes the picture as a PNG file and returns its path."""
         path = pathlib.Path(path)
@@ -62,6 +70,12 @@ class Picture:
                 file.write(struct.pack(">I", len(data)) + kind + data)
                 file.write(struct.pack(">I", zlib.crc32(kind + data)))
         return path
+
+    def _prevailing_colour(self):
+        """That of nearly all pixels: a pointer may lie over some."""
+        colours = collections.Counter(zip(*(self.pixels[part::4] for part in range(3))))
+        (colour, count), = colours.most_common(1)
+        return colour if count >= PREVAILING_SHARE * self.width * self.height else None
 
     def _dot_indices(self):
         red, green, blue = DOT_COLOUR

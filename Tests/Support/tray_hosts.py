@@ -30,22 +30,30 @@ XFCE_PANEL_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 """
 
 
-def start_trayer(desktop, height):
+def start_trayer(desktop, height, monitor=0):
     """An XEmbed tray, nothing else."""
     return desktop.start(
         "trayer",
         ["trayer", "--edge", "top", "--align", "right", "--widthtype", "request"]
         + ["--heighttype", "pixel", "--height", str(height)]
-        + ["--SetDockType", "true", "--SetPartialStrut", "true"],
+        + ["--SetDockType", "true", "--SetPartialStrut", "true", "--monitor", str(monitor)],
     )
 
 
-def start_xfce_panel(desktop, height):
-    """A panel of a common desktop: a StatusNotifierItem host that is an XEmbed tray as well."""
+def start_xfce_panel(desktop, height, toolkit_scale=1):
+    """A panel of a common desktop: a StatusNotifierItem host that is an XEmbed tray as well. Its
+    toolkit knows whole scales alone."""
     settings = desktop.config_home / "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"
     settings.parent.mkdir(parents=True, exist_ok=True)
-    settings.write_text(XFCE_PANEL_SETTINGS.format(height=height))
-    return desktop.start("xfce4-panel", ["xfce4-panel", "--disable-wm-check"])
+    settings.write_text(XFCE_PANEL_SETTINGS.format(height=height // toolkit_scale))
+    return desktop.start(
+        "xfce4-panel", ["xfce4-panel", "--disable-wm-check"], {"GDK_SCALE": str(toolkit_scale)}
+    )
 
 
-STARTERS = {"trayer": start_trayer, "xfce4-panel": start_xfce_panel}
+def start_swaybar(desktop, height):
+    """The bar of a Wayland compositor, as high as that says: a StatusNotifierItem host."""
+    return desktop.start("swaybar", ["swaybar", "--bar_id", "bar-0"])
+
+
+STARTERS = {"trayer": start_trayer, "xfce4-panel": start_xfce_panel, "swaybar": start_swaybar}

@@ -106,13 +106,23 @@ class VirtualDesktop:
         process = self.start("another-program", [str(path), *arguments])
         return process.status_within(WAIT_SECONDS)
 
-    def start_tray(self, kind, height=TRAY_HEIGHT):
-        """Puts a status area of that kind (`trayer`, `xfce4-panel`) along the upper edge."""
+    def start_tray(self, kind, height=TRAY_HEIGHT, **options):
+        """Puts a status area of that kind, one of `STARTERS`, along the upper edge."""
         self._tray_height = height
-        self._tray = STARTERS[kind](self, height)
+        self._tray = STARTERS[kind](self, height, **options)
 
     def stop_tray(self):
         self._tray.end()
+
+    def divide_screen(self, *names):
+        """Makes it several monitors of equal width, from the left."""
+        width, height = self._size[0] // len(names), self._size[1]
+        for index, name in enumerate(names):
+            place = f"{width}/{width}x{height}/{height}+{index * width}+0"
+            self._ask("xrandr", "--setmonitor", name, place, "none" if index else "screen")
+
+    def remove_monitor(self, name):
+        self._ask("xrandr", "--delmonitor", name)
 
     def start_fake_host(self, has_host=True):
         return FakeStatusHost(self, has_host)
@@ -165,6 +175,10 @@ class VirtualDesktop:
         """The box of the status icon's dot on the screen, or None."""
         return self.picture().crop(self.tray_box()).dot()
 
+    def on_screen(self, box):
+        """Where in the picture a window of that box is."""
+        return box
+
     def windows(self, title):
         """The visible windows of that title, as boxes; the tray's own small windows left out."""
         found = self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
@@ -183,6 +197,10 @@ class VirtualDesktop:
         dot = self.wait_for_icon()
         x, y = dot.left + dot.width, dot.top + dot.height
         self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
+
+    def point(self, x, y):
+        """Moves the pointer there; it arrives in a small step, as from a hand."""
+        self._ask("xdotool", "mousemove", str(x - 1), str(y), "mousemove", str(x), str(y))
 
     def click(self, x, y):
         self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
@@ -205,7 +223,7 @@ class VirtualDesktop:
                 for key, letter in zip(SPARE_KEYS, letters)]
         keymap = self.folder / "keymap.xkb"
         keymap.write_text(KEYMAP % " ".join(keys))
-        self._ask("xkbcomp", "-w0", str(keymap), self.environment["DISPLAY"])
+        self._ask("xkbcomp", "-w0", str(keymap), self._display)
 
     def type_text(self, text):
         self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
@@ -269,7 +287,7 @@ class VirtualDesktop:
             + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],
             self.environment,
         )
-        self.environment["DISPLAY"] = f":{number}"
+        self._display = self.environment["DISPLAY"] = f":{number}"
         self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
 
     def _start_window_manager(self):
@@ -281,8 +299,8 @@ class VirtualDesktop:
 
     def _ask(self, *command):
         finished = subprocess.run(
-            command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
-            text=True, timeout=COMMAND_SECONDS, check=False,
+            command, env={**self.environment, "DISPLAY": self._display}, text=True,
+            stdin=subprocess.DEVNULL, capture_output=True, timeout=COMMAND_SECONDS, check=False,
         )
         return finished.stdout
 

@@ -1,0 +1,125 @@
+"""The program under a Wayland compositor: its icon in the bar, and windows that are put for it."""
+
+import unittest
+
+from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PULSE_SECONDS, DesktopCase
+from wayland_desktop import WaylandDesktop
+
+LOSS_SECONDS = 2
+
+
+class WaylandCase(DesktopCase):
+    def make_desktop(self):
+        return WaylandDesktop()
+
+    def open_panel(self):
+        self.desktop.click_icon()
+        self.desktop.wait_for_focused_window(PANEL)
+        return self.desktop.windows(PANEL)[0]
+
+
+class IconTest(WaylandCase):
+    def test_its_dot_grows_and_shrinks_in_turn(self):
+        self.start_shown_program("swaybar")
+        small, large = self.dot_heights()
+        for height in (small, large, small):
+            self.desktop.wait_until(
+                lambda: self.desktop.icon().height == height, f"the dot is {height} high",
+                PULSE_SECONDS,
+            )
+
+    def test_it_appears_in_a_bar_that_comes_late(self):
+        self.start_program()
+        self.desktop.wait_for_focused_window(PANEL)
+        self.desktop.start_tray("swaybar")
+        self.desktop.wait_for_icon()
+
+
+class PanelTest(WaylandCase):
+    def setUp(self):
+        super().setUp()
+        self.program = self.start_shown_program("swaybar")
+
+    def test_a_click_on_the_icon_opens_all_of_it_and_the_next_closes_it(self):
+        panel = self.open_panel()
+        (screen,) = self.desktop.outputs()
+        self.assertLess(panel.left + panel.width, screen.width)
+        self.assertLess(panel.top + panel.height, screen.height)
+        self.assert_wholly_shown(PANEL)
+        self.desktop.let_double_click_time_pass()
+        self.desktop.click_icon()
+        self.desktop.wait_for_no_window(PANEL)
+
+    def test_escape_closes_it_and_the_program_ends_well(self):
+        self.open_panel()
+        self.desktop.press_key("Escape")
+        self.desktop.wait_for_no_window(PANEL)
+        self.assert_ends_well(self.program)
+
+    def test_a_second_start_opens_it(self):
+        self.assertEqual(self.start_program_again(), 0)
+        self.desktop.wait_for_window(PANEL)
+
+
+class FocusTest(WaylandCase):
+    """Here, the focus follows the pointer, and something lies between the icon and the panel."""
+
+    def setUp(self):
+        super().setUp()
+        self.start_shown_program("swaybar")
+        self.assertEqual(self.start_program_again("--probe"), 0)
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.panel = self.open_panel()
+        self.desktop.settled_picture()
+
+    def point_beside_the_panel(self):
+        self.desktop.point(self.panel.left - 100, self.panel.top)
+
+    def point_into_the_panel(self):
+        self.desktop.point(self.panel.left + 100, self.panel.top + 5)
+
+    def test_the_panel_can_be_reached(self):
+        self.point_beside_the_panel()
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.point_into_the_panel()
+        self.desktop.wait_for_focused_window(PANEL)
+
+    def test_a_panel_that_was_reached_closes_when_it_loses_the_focus(self):
+        self.point_into_the_panel()
+        self.desktop.settled_picture()
+        self.point_beside_the_panel()
+        self.desktop.wait_until(
+            lambda: not self.desktop.windows(PANEL), "the panel closes at once", LOSS_SECONDS
+        )
+
+    def test_a_panel_that_nobody_goes_to_closes_in_the_end(self):
+        self.point_beside_the_panel()
+        self.desktop.wait_for_no_window(PANEL)
+
+
+class WindowTest(WaylandCase):
+    def test_the_history_opens_under_its_title(self):
+        self.start_shown_program("swaybar")
+        self.open_panel()
+        self.desktop.press_key("Tab", "space")
+        self.desktop.wait_for_focused_window(HISTORY)
+
+    def test_the_diagnostics_open_under_their_title(self):
+        self.start_shown_program("swaybar")
+        self.assertEqual(self.start_program_again("--probe"), 0)
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+
+
+class TraylessTest(WaylandCase):
+    def test_the_first_start_opens_the_panel_and_so_does_the_second(self):
+        self.start_program()
+        self.desktop.wait_for_focused_window(PANEL)
+        self.assert_wholly_shown(PANEL)
+        self.desktop.press_key("Escape")
+        self.desktop.wait_for_no_window(PANEL)
+        self.assertEqual(self.start_program_again(), 0)
+        self.desktop.wait_for_window(PANEL)
+
+
+if __name__ == "__main__":
+    unittest.main()
