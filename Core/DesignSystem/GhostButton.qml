@@ -8,7 +8,7 @@ Pressable {
     id: root
 
     implicitHeight: label.implicitHeight + 10
-    implicitWidth: label.implicitWidth + 18
+    implicitWidth: Math.ceil(label.implicitWidth) + 18
 
     Rectangle {
         anchors.fill: parent
