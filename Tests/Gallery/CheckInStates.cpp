@@ -95,12 +95,18 @@ void longNote(GalleryStage &stage)
     stage.located().setNote(lines.join(u'\n'));
 }
 
+void rate(GalleryStage &stage)
+{
+    int row = 0;
+    for (const int rating : {5, 4, 2, 4})
+        stage.located().setRating(row++, rating);
+    stage.located().setNote(u"Ghế êm, nhạc nhỏ."_s);
+}
+
 void rated(GalleryStage &stage)
 {
     locate(stage);
-    for (int row = 0; row < 4; ++row)
-        stage.located().setRating(row, row + 2);
-    stage.located().setNote(u"Ghế êm, nhạc nhỏ."_s);
+    rate(stage);
 }
 
 void pick(GalleryStage &stage, const std::vector<PlaceCandidate> &cafes)
@@ -123,8 +129,13 @@ QList<GalleryState> GalleryStates::ofLocatedView()
         stage.openPanel();
         stage.showPanel();
     };
+    const auto ratedInPanel = [inPanel](GalleryStage &stage) {
+        inPanel(stage);
+        rate(stage);
+    };
     return {
         {u"MenuBarRootView/located"_s, inPanel},
+        {u"MenuBarRootView/rated"_s, ratedInPanel},
         {u"LocatedView/full"_s, [](auto &stage) { locate(stage); }},
         {u"LocatedView/scrolled"_s, scrolled},
         {u"LocatedView/long-name"_s,

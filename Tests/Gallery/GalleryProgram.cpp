@@ -1,17 +1,17 @@
-// Shows the program's views in all their states, or writes a picture of each:
-//   quorvel_gallery [--write FOLDER]
-#include "Core/DesignSystem/Theme.h"
+// Shows the program's views in all their states, or writes a picture of each, or what the documents
+// show of them:
+//   quorvel_gallery [--write FOLDER | --illustrate FOLDER]
 #include "Tests/Gallery/Gallery.h"
+#include "Tests/Gallery/GalleryPictures.h"
 
 #include <QDir>
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickView>
-#include <QTest>
 
 #include <cstdio>
+#include <string_view>
 
-using namespace quorvel;
 using namespace quorvel::tests;
 using namespace Qt::StringLiterals;
 
@@ -19,41 +19,16 @@ namespace {
 
 constexpr auto pictureScale = "2";
 
-struct Look
-{
-    AppearanceStyle style;
-    QString suffix;
-};
+using Writer = bool (*)(QQmlEngine &, const QDir &);
 
-bool write(QQmlEngine &engine, const GalleryState &state, const Look &look, const QDir &folder)
+/// Null without one of that name.
+Writer writerOf(std::string_view option)
 {
-    Theme::shared().setStyle(look.style);
-    QQuickWindow window;
-    window.setColor(Theme::shared().color()->background());
-    // Order: views load what they show once they are on screen.
-    window.show();
-    if (!QTest::qWaitForWindowExposed(&window))
-        return false;
-    GalleryStage stage(engine, *window.contentItem());
-    state.make(stage);
-    stage.layOut();
-    window.resize(stage.size().toSize());
-    LoopWorld::settle();
-    const auto name = QString(state.name).replace(u'/', u'-') + look.suffix;
-    return window.grabWindow().save(folder.filePath(name));
-}
-
-bool writeAll(QQmlEngine &engine, const QDir &folder)
-{
-    if (!folder.mkpath(u"."_s))
-        return false;
-    const Look looks[] = {{AppearanceStyle::Light, u"-light.png"_s},
-                          {AppearanceStyle::Dark, u"-dark.png"_s}};
-    for (const GalleryState &state : GalleryStates::all())
-        for (const Look &look : looks)
-            if (!write(engine, state, look, folder))
-                return false;
-    return true;
+    if (option == "--write")
+        return &GalleryPictures::writeAll;
+    if (option == "--illustrate")
+        return &GalleryPictures::writeIllustrations;
+    return nullptr;
 }
 
 int showAll(QQmlEngine &engine)
@@ -72,21 +47,20 @@ int showAll(QQmlEngine &engine)
 
 int main(int argc, char **argv)
 {
-    const bool writes = argc == 3 && qstrcmp(argv[1], "--write") == 0;
-    if (argc != 1 && !writes) {
-        std::fputs("usage: quorvel_gallery [--write FOLDER]\n", stderr);
+    const Writer write = argc == 3 ? writerOf(argv[1]) : nullptr;
+    if (argc != 1 && !write) {
+        std::fputs("usage: quorvel_gallery [--write FOLDER | --illustrate FOLDER]\n", stderr);
         return 2;
     }
     // Order: the scale is read when the application is made.
-    if (writes)
+    if (write)
         qputenv("QT_SCALE_FACTOR", pictureScale);
     const QGuiApplication application(argc, argv);
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QQmlEngine engine;
-    if (!writes)
+    if (!write)
         return showAll(engine);
-    const QDir folder(QString::fromLocal8Bit(argv[2]));
-    if (writeAll(engine, folder))
+    if (write(engine, QDir(QString::fromLocal8Bit(argv[2]))))
         return 0;
     std::fputs("the pictures could not be written\n", stderr);
     return 1;

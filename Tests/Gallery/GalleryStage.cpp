@@ -1,6 +1,7 @@
 #include "Tests/Gallery/GalleryStage.h"
 
 #include "Core/DesignSystem/ViewFactory.h"
+#include "Features/History/VisitPicture.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QAbstractItemModel>
@@ -81,6 +82,11 @@ void GalleryStage::showVisit()
     showHistory();
     m_history->openVisit(1);
     HistoryWorld::finishLoading();
+}
+
+QImage GalleryStage::cardPicture()
+{
+    return VisitPicture::image(m_engine, *m_history->openVisit());
 }
 
 void GalleryStage::showProbe()

@@ -8,6 +8,7 @@
 #include "Tests/Probes/ProbeWorld.h"
 #include "_Probes/ProbeScreen.h"
 
+#include <QImage>
 #include <QMarginsF>
 #include <QQuickItem>
 
@@ -37,6 +38,8 @@ public:
     void showHistory();
     /// The same with its newest visit open, and all of that loaded.
     void showVisit();
+    /// What is shared of the visit that is open. Null when it cannot be drawn.
+    [[nodiscard]] QImage cardPicture();
     /// The content of the diagnostics' window.
     void showProbe();
     void show(const QString &module, const QString &view, const QVariantMap &properties);

@@ -1,6 +1,7 @@
 #include "Tests/Gallery/Gallery.h"
 
 #include "Core/DesignSystem/Theme.h"
+#include "Tests/Gallery/GalleryPictures.h"
 #include "Tests/Gallery/ViewInspection.h"
 #include "Tests/Support/QuickTest.h"
 
@@ -44,6 +45,20 @@ private slots:
         for (const GalleryState &state : GalleryStates::all())
             names.append(state.name);
         QCOMPARE(names.removeDuplicates(), 0);
+    }
+
+    void illustrationsAreTheSameEachTime()
+    {
+        const QTemporaryDir once;
+        const QTemporaryDir again;
+        QVERIFY(GalleryPictures::writeIllustrations(m_engine, once.path()));
+        QVERIFY(GalleryPictures::writeIllustrations(m_engine, again.path()));
+        const QStringList names = QDir(once.path()).entryList(QDir::Files);
+        QCOMPARE(names,
+                 QStringList({u"card-dark.png"_s, u"card-light.png"_s, u"history-dark.png"_s,
+                              u"history-light.png"_s, u"panel-dark.png"_s, u"panel-light.png"_s}));
+        for (const QString &name : names)
+            QCOMPARE(QImage(once.filePath(name)), QImage(again.filePath(name)));
     }
 
     void theWindowShowsEachStateThatIsChosen()
