@@ -78,20 +78,22 @@ class Source:
 
 
 class Tree:
-    """All text files of the tree. A rule that looks across files asks this."""
+    """All text files of the tree, and the names of the others. A rule that looks across files asks
+    this."""
 
-    def __init__(self, texts):
+    def __init__(self, texts, others=()):
         self.sources = [Source(path, text) for path, text in sorted(texts.items())]
+        self._others = set(others)
 
     @functools.cached_property
     def paths(self):
         """Every file and folder that exists, by its path from the root."""
-        return {source.path for source in self.sources} | self.folders
+        return {source.path for source in self.sources} | self._others | self.folders
 
     @functools.cached_property
     def folders(self):
-        return {str(parent) for source in self.sources
-                for parent in pathlib.PurePath(source.path).parents}
+        files = {source.path for source in self.sources} | self._others
+        return {str(parent) for path in files for parent in pathlib.PurePath(path).parents}
 
     @functools.cached_property
     def live_backends(self):
@@ -105,11 +107,13 @@ class Tree:
 
 def read_tree(root):
     root = pathlib.Path(root)
-    texts = {}
+    texts, others = {}, []
     for path in root.rglob("*"):
         relative = path.relative_to(root)
         if SKIPPED_FOLDERS & set(relative.parts) or not path.is_file():
             continue
         if path.suffix in TEXT_ENDINGS or path.name in TEXT_NAMES:
             texts[relative.as_posix()] = path.read_text(encoding="utf-8")
-    return Tree(texts)
+        else:
+            others.append(relative.as_posix())
+    return Tree(texts, others)

@@ -235,6 +235,32 @@ SAMPLES = {
             {"ARCHITECTURE.md": "the rooms\n", "Tests/Cup/Cup.h": "", "Docs/Cup/cup.md": ""},
         ],
     ),
+    "links_lead_somewhere": (
+        [
+            {"README.md": "[the cup](Docs/cup.md)\n"},
+            {"Docs/cup.md": "[the tree](README.md)\n", "README.md": ""},
+            {"README.md": "[hot](Docs/cup.md#hot)\n", "Docs/cup.md": "# Cold\n"},
+            {"README.md": "[hot](#hot)\n"},
+            {"README.md": '<img src="cup.svg">\n'},
+            {"README.md": '<source srcset="Docs/cup.svg">\n', "cup.svg": ""},
+        ],
+        [
+            {"README.md": "[the cup](Docs/cup.md) [web](https://cup.example)\n", "Docs/cup.md": ""},
+            {"Docs/cup.md": "[the tree](../README.md)\n", "README.md": ""},
+            {"README.md": "[hot](cup.md#hot--cold-too)\n", "cup.md": "## Hot & cold, too\n"},
+            {"README.md": "`cup[hot](cold)`\n"},
+            {"README.md": "[hot](#hot)\n\n# Hot\n"},
+            {"README.md": '<img src="cup.svg"> <img src="https://cup.example">\n', "cup.svg": ""},
+            {"cup.cpp": "cups[number](saucer);\n"},
+        ],
+    ),
+    "documents_name_what_exists": (
+        [{"README.md": "`Core/Cup/` holds the cup\n", "Core/Saucer/Saucer.h": ""}],
+        [
+            {"README.md": "`Core/Cup/`, `build/cup`, `Core`\n", "Core/Cup/Cup.h": ""},
+            {"Core/Saucer/Saucer.h": "// `Core/Cup/`\n"},
+        ],
+    ),
 }
 
 

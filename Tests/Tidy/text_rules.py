@@ -1,5 +1,6 @@
 """Rules for every text file of the tree, and for its folders."""
 
+import posixpath
 import re
 
 from source import Finding
@@ -9,6 +10,9 @@ PROSE = (".md", ".svg", ".json", ".xml", ".desktop")
 VAGUE_FOLDERS = {"utils", "util", "helpers", "helper", "misc", "common", "manager", "managers"}
 MAP = "ARCHITECTURE.md"
 MAP_LINES = 150
+CODE = r"`[^`]*`"
+# The target of a link, or what is shown, unless that is elsewhere on the web.
+LINK = r"\]\((?!https?:)([^)\s]+)\)|\bsrc(?:set)?=\"(?!https?:)([^\"]+)\""
 MAPPED_LAYERS = ("Platform", "Core", "Services", "Features")
 
 # Put together from pieces, so that this file passes its own rule.
@@ -82,6 +86,46 @@ def the_map_is_complete(tree):
                 yield Finding(MAP, 1, f"does not name {folder}/")
 
 
+def anchors_of(source):
+    """What a link may add behind “#”: the headings, as readers of the format name them."""
+    headings = re.findall(r"^#+ (.+)$", source.text, re.MULTILINE)
+    return {re.sub(r"[^\w -]", "", heading.lower()).replace(" ", "-") for heading in headings}
+
+
+def is_target(tree, path, anchor):
+    """Whether the path is in the tree and, if an anchor is given, the heading in that document."""
+    documents = {source.path: source for source in tree.sources if source.name.endswith(".md")}
+    if not anchor:
+        return path in tree.paths
+    return path in documents and anchor in anchors_of(documents[path])
+
+
+def links_lead_somewhere(tree):
+    """What a document links to or shows exists in the tree, and so does the heading there."""
+    for source in tree.sources:
+        if not source.name.endswith(".md"):
+            continue
+        prose = re.sub(CODE, lambda code: re.sub(r"[^\n]", " ", code[0]), source.text)
+        for match in re.finditer(LINK, prose):
+            link = match[1] or match[2]
+            path, _, anchor = link.partition("#")
+            beside = posixpath.normpath(posixpath.join(posixpath.dirname(source.path), path))
+            if not is_target(tree, beside if path else source.path, anchor):
+                yield Finding(source.path, source.line_at(match.start()), f"leads nowhere: {link}")
+
+
+def documents_name_what_exists(tree):
+    """A path into the tree that a document speaks of is there."""
+    tops = {folder for folder in tree.folders if "/" not in folder}
+    for source in tree.sources:
+        if not source.name.endswith(".md") or source.path == MAP:
+            continue
+        for match in re.finditer(r"`([\w.-]+)(/[\w./+-]*)`", source.text):
+            path = match[1] + match[2].rstrip("/")
+            if match[1] in tops and path not in tree.paths:
+                yield Finding(source.path, source.line_at(match.start()), f"there is no {path}")
+
+
 RULES = [
     lines_fit,
     files_end_in_one_newline,
@@ -90,4 +134,6 @@ RULES = [
     folders_have_names_of_their_own,
     the_map_is_true,
     the_map_is_complete,
+    links_lead_somewhere,
+    documents_name_what_exists,
 ]
