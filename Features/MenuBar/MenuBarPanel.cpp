@@ -16,6 +16,15 @@ using namespace Qt::StringLiterals;
 namespace quorvel {
 namespace {
 
+/// Between the icon and the panel, and somewhat to the sides of that.
+constexpr int wayPoints = 24;
+
+/// Wayland lets no program choose the place of its windows, nor tells it where the pointer is.
+bool isPlacedByDesktop()
+{
+    return QGuiApplication::platformName().startsWith(u"wayland");
+}
+
 QList<ScreenArea> screenAreas()
 {
     QList<ScreenArea> areas;
@@ -89,8 +98,8 @@ void MenuBarPanel::setUpWindow()
         if (!isVisible)
             m_scene.disappear();
     });
-    auto *watch = new PanelFocusWatch(*m_window, PanelFocusWatch::wayOnThisDesktop(),
-                                      PanelFocusWatch::defaultPatience, this);
+    auto *watch = new PanelFocusWatch(
+        *m_window, [this] { return isOnTheWay(); }, PanelFocusWatch::defaultPatience, this);
     connect(watch, &PanelFocusWatch::lost, this, &MenuBarPanel::closeOnFocusLoss);
     // Queued: the toolkit moves the windows of a screen that goes away itself, and to any place.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &MenuBarPanel::placeAnew,
@@ -127,9 +136,7 @@ void MenuBarPanel::focusNoControl()
 void MenuBarPanel::limitHeight()
 {
     const auto screens = screenAreas();
-    const bool isPlacedByDesktop =
-        PanelFocusWatch::wayOnThisDesktop() == PanelFocusWatch::Way::Across;
-    const int room = isPlacedByDesktop
+    const int room = isPlacedByDesktop()
                          ? PanelPlacement::leastHeight(screens)
                          : PanelPlacement::available(m_anchor, QCursor::pos(), screens).height();
     if (room > 0)
@@ -148,6 +155,12 @@ void MenuBarPanel::placeAnew()
         return;
     limitHeight();
     place();
+}
+
+bool MenuBarPanel::isOnTheWay() const
+{
+    const QMargins way(wayPoints, wayPoints, wayPoints, wayPoints);
+    return isPlacedByDesktop() || m_window->geometry().marginsAdded(way).contains(QCursor::pos());
 }
 
 void MenuBarPanel::closeOnFocusLoss()

@@ -47,6 +47,7 @@ private:
     void limitHeight();
     void place();
     void placeAnew();
+    [[nodiscard]] bool isOnTheWay() const;
     void closeOnFocusLoss();
 
     // Order: what the view is bound to outlives it.

@@ -1,16 +1,15 @@
 #include "Features/MenuBar/PanelFocusWatch.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QWindow>
 
 namespace quorvel {
 
-PanelFocusWatch::PanelFocusWatch(QWindow &window, Way way, std::chrono::milliseconds patience,
-                                 QObject *parent)
+PanelFocusWatch::PanelFocusWatch(QWindow &window, std::function<bool()> isOnTheWay,
+                                 std::chrono::milliseconds patience, QObject *parent)
     : QObject(parent)
     , m_window(window)
-    , m_way(way)
+    , m_isOnTheWay(std::move(isOnTheWay))
     , m_patience(new QTimer(this))
 {
     m_patience->setObjectName(QStringLiteral("patience"));
@@ -21,16 +20,11 @@ PanelFocusWatch::PanelFocusWatch(QWindow &window, Way way, std::chrono::millisec
     m_window.installEventFilter(this);
 }
 
-PanelFocusWatch::Way PanelFocusWatch::wayOnThisDesktop()
-{
-    return QGuiApplication::platformName().startsWith(u"wayland") ? Way::Across : Way::None;
-}
-
 bool PanelFocusWatch::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Show:
-        m_isReached = m_way == Way::None;
+        m_isReached = false;
         break;
     case QEvent::Hide:
         m_patience->stop();
@@ -49,7 +43,7 @@ void PanelFocusWatch::followFocus()
 {
     if (m_window.isActive() || !m_window.isVisible())
         m_patience->stop();
-    else if (m_isReached)
+    else if (m_isReached || !m_isOnTheWay())
         emit lost();
     else
         m_patience->start();

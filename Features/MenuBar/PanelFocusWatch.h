@@ -4,29 +4,26 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
 class QWindow;
 
 namespace quorvel {
 
-/// Tells `MenuBarPanel` that its window has lost the focus for good. That is at once where it hangs
-/// under its icon. Where the desktop puts it elsewhere there is a way to go, and a focus that
-/// follows the pointer falls on whatever lies between: until somebody has been in the window, it
-/// has some time to come back.
+/// Tells `MenuBarPanel` that its window has lost the focus for good. A focus that follows the
+/// pointer falls on whatever lies between the icon and the panel; so as long as somebody is on the
+/// way there, and has not been in it, it has some time to come back.
 class PanelFocusWatch final : public QObject
 {
     Q_OBJECT
 
 public:
-    enum class Way { None, Across };
     static constexpr std::chrono::milliseconds defaultPatience{3000};
 
     /// `window` lives as long as its events are wanted.
-    PanelFocusWatch(QWindow &window, Way way, std::chrono::milliseconds patience = defaultPatience,
+    PanelFocusWatch(QWindow &window, std::function<bool()> isOnTheWay,
+                    std::chrono::milliseconds patience = defaultPatience,
                     QObject *parent = nullptr);
-
-    /// Wayland lets no program choose the place of its windows.
-    [[nodiscard]] static Way wayOnThisDesktop();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -37,7 +34,7 @@ private:
     void followFocus();
 
     QWindow &m_window;
-    Way m_way;
+    std::function<bool()> m_isOnTheWay;
     bool m_isReached = false;
     QTimer *m_patience; ///< The child "patience".
 };

@@ -2,7 +2,10 @@
 
 import unittest
 
-from desktop_case import PANEL, DesktopCase
+from desktop_case import DIAGNOSTICS, PANEL, DesktopCase
+from virtual_desktop import VirtualDesktop
+
+RIGHT_OF_SCREEN = 700
 
 
 class PanelTest(DesktopCase):
@@ -36,6 +39,28 @@ class PanelTest(DesktopCase):
     def test_it_is_not_there_before_the_first_click(self):
         self.start_shown_program()
         self.assertEqual(self.desktop.windows(PANEL), [])
+
+
+class FollowedPointerTest(DesktopCase):
+    """Where the focus follows the pointer, and a window lies below the icon."""
+
+    def make_desktop(self):
+        return VirtualDesktop(focus_follows_pointer=True)
+
+    def test_the_panel_can_be_reached_across_the_gap_below_the_icon(self):
+        self.desktop.start_tray("trayer")
+        self.start_program("--probe")
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.desktop.move_focused_window(RIGHT_OF_SCREEN, 0)
+        self.desktop.click_icon()
+        self.desktop.wait_for_focused_window(PANEL)
+        panel = self.desktop.windows(PANEL)[0]
+        middle = panel.left + panel.width // 2
+        self.desktop.point(middle, panel.top - 1)
+        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.desktop.settled_picture()
+        self.desktop.point(middle, panel.top + 1)
+        self.desktop.wait_for_focused_window(PANEL)
 
 
 if __name__ == "__main__":

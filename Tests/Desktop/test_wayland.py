@@ -28,12 +28,6 @@ class IconTest(WaylandCase):
                 PULSE_SECONDS,
             )
 
-    def test_it_appears_in_a_bar_that_comes_late(self):
-        self.start_program()
-        self.desktop.wait_for_focused_window(PANEL)
-        self.desktop.start_tray("swaybar")
-        self.desktop.wait_for_icon()
-
 
 class PanelTest(WaylandCase):
     def setUp(self):
@@ -111,7 +105,7 @@ class WindowTest(WaylandCase):
 
 
 class TraylessTest(WaylandCase):
-    def test_the_first_start_opens_the_panel_and_so_does_the_second(self):
+    def test_each_start_opens_the_panel_and_a_bar_that_comes_late_shows_the_icon(self):
         self.start_program()
         self.desktop.wait_for_focused_window(PANEL)
         self.assert_wholly_shown(PANEL)
@@ -119,6 +113,8 @@ class TraylessTest(WaylandCase):
         self.desktop.wait_for_no_window(PANEL)
         self.assertEqual(self.start_program_again(), 0)
         self.desktop.wait_for_window(PANEL)
+        self.desktop.start_tray("swaybar")
+        self.desktop.wait_for_icon()
 
 
 if __name__ == "__main__":

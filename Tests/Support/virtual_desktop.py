@@ -29,6 +29,10 @@ COMMAND_SECONDS = 10
 TYPING_MILLISECONDS = 25
 # Function keys that no program waits for.
 SPARE_KEYS = [f"FK{number}" for number in range(13, 25)]
+FOCUS_FOLLOWS_POINTER = """<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <focus><focusNew>yes</focusNew><followMouse>yes</followMouse></focus>
+</openbox_config>
+"""
 KEYMAP = """xkb_keymap {
     xkb_keycodes { include "evdev+aliases(qwerty)" };
     xkb_types { include "complete" };
@@ -55,10 +59,12 @@ class VirtualDesktop:
     same desktop everywhere. Pictures of what went wrong go to `pictures`, if that is given.
     """
 
-    def __init__(self, width=1280, height=900, services=("org.xfce.Xfconf",), pictures=None):
+    def __init__(self, width=1280, height=900, services=("org.xfce.Xfconf",), pictures=None,
+                 focus_follows_pointer=False):
         self._size = (width, height)
         self._services = services
         self._pictures = pictures or os.environ.get("QUORVEL_PICTURES")
+        self._focus_follows_pointer = focus_follows_pointer
         self._tray_height = 0
         self._program = None
 
@@ -192,6 +198,9 @@ class VirtualDesktop:
 
     # What the user does
 
+    def move_focused_window(self, left, top):
+        self._ask("xdotool", "getactivewindow", "windowmove", "--sync", str(left), str(top))
+
     def click_icon(self):
         """A click just beside the icon's dot, so that the pointer does not cover the dot."""
         dot = self.wait_for_icon()
@@ -291,6 +300,10 @@ class VirtualDesktop:
         self._frame_buffer = FrameBuffer(self.folder / "screen" / "Xvfb_screen0")
 
     def _start_window_manager(self):
+        if self._focus_follows_pointer:
+            settings = self.config_home / "openbox" / "rc.xml"
+            settings.parent.mkdir()
+            settings.write_text(FOCUS_FOLLOWS_POINTER)
         self.start("window-manager", ["openbox", "--sm-disable"])
         self.wait_until(
             lambda: "window id" in self._ask("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),

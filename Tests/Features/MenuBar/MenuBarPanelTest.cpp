@@ -7,6 +7,7 @@
 #include "Tests/Support/QuietFacilities.h"
 
 #include <QAccessible>
+#include <QCursor>
 #include <QQmlEngine>
 #include <QQuickView>
 #include <QSignalSpy>
@@ -65,6 +66,7 @@ private slots:
     void cleanup()
     {
         m_panel.reset();
+        QCursor::setPos(0, 0);
         Theme::shared().setStyle(AppearanceStyle::Light);
     }
 
@@ -191,6 +193,22 @@ private slots:
         open();
         loseFocus();
         QTRY_VERIFY(!m_panel->window().isVisible());
+    }
+
+    void losingTheFocusOnTheWayFromTheIconDoesNotClose()
+    {
+        open();
+        QCursor::setPos(anchor.center().x(), m_panel->window().y() - 24);
+        loseFocus();
+        QVERIFY(m_panel->window().isVisible());
+    }
+
+    void losingTheFocusFurtherAwayCloses()
+    {
+        open();
+        QCursor::setPos(anchor.center().x(), m_panel->window().y() - 25);
+        loseFocus();
+        QVERIFY(!m_panel->window().isVisible());
     }
 
     void clickThatTookTheFocusDoesNotOpenAgain()

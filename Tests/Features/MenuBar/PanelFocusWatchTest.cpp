@@ -22,16 +22,16 @@ private slots:
         m_other.hide();
     }
 
-    void underItsIconTheFocusIsLostAtOnce()
+    void awayFromThePanelTheFocusIsLostAtOnce()
     {
-        show(PanelFocusWatch::Way::None, 1h);
+        show(Pointer::Elsewhere, 1h);
         loseFocus();
         QCOMPARE(m_lost->size(), 1);
     }
 
-    void elsewhereItCanComeBackWhileThereIsPatience()
+    void onTheWayItCanComeBackWhileThereIsPatience()
     {
-        show(PanelFocusWatch::Way::Across, 1h);
+        show(Pointer::OnTheWay, 1h);
         loseFocus();
         QCOMPARE(m_lost->size(), 0);
         QVERIFY(isWaiting());
@@ -40,16 +40,16 @@ private slots:
         QVERIFY(!isWaiting());
     }
 
-    void elsewhereItIsLostInTheEnd()
+    void onTheWayItIsLostInTheEnd()
     {
-        show(PanelFocusWatch::Way::Across, 1ms);
+        show(Pointer::OnTheWay, 1ms);
         loseFocus();
         QTRY_COMPARE(m_lost->size(), 1);
     }
 
     void afterThePointerWasThereItIsLostAtOnce()
     {
-        show(PanelFocusWatch::Way::Across, 1h);
+        show(Pointer::OnTheWay, 1h);
         enter();
         loseFocus();
         QCOMPARE(m_lost->size(), 1);
@@ -57,7 +57,7 @@ private slots:
 
     void afterAKeyItIsLostAtOnce()
     {
-        show(PanelFocusWatch::Way::Across, 1h);
+        show(Pointer::OnTheWay, 1h);
         QTest::keyClick(m_panel.get(), Qt::Key_Tab);
         loseFocus();
         QCOMPARE(m_lost->size(), 1);
@@ -65,7 +65,7 @@ private slots:
 
     void everyShowingHasItsOwnWay()
     {
-        show(PanelFocusWatch::Way::Across, 1h);
+        show(Pointer::OnTheWay, 1h);
         enter();
         m_panel->hide();
         focus(*m_panel);
@@ -75,7 +75,7 @@ private slots:
 
     void nobodyWaitsForAWindowThatIsHidden()
     {
-        show(PanelFocusWatch::Way::Across, 1h);
+        show(Pointer::OnTheWay, 1h);
         loseFocus();
         QVERIFY(isWaiting());
         m_panel->hide();
@@ -85,23 +85,20 @@ private slots:
 
     void hidingLosesNothing()
     {
-        show(PanelFocusWatch::Way::None, 1h);
+        show(Pointer::Elsewhere, 1h);
         m_panel->hide();
         loseFocus();
         QCOMPARE(m_lost->size(), 0);
     }
 
-    void onlyWaylandPutsWindowsElsewhere()
-    {
-        QCOMPARE(QGuiApplication::platformName(), u"offscreen");
-        QVERIFY(PanelFocusWatch::wayOnThisDesktop() == PanelFocusWatch::Way::None);
-    }
-
 private:
-    void show(PanelFocusWatch::Way way, std::chrono::milliseconds patience)
+    enum class Pointer { Elsewhere, OnTheWay };
+
+    void show(Pointer pointer, std::chrono::milliseconds patience)
     {
         m_panel = std::make_unique<QWindow>();
-        m_watch = new PanelFocusWatch(*m_panel, way, patience, m_panel.get());
+        m_watch = new PanelFocusWatch(
+            *m_panel, [pointer] { return pointer == Pointer::OnTheWay; }, patience, m_panel.get());
         m_lost.emplace(m_watch, &PanelFocusWatch::lost);
         focus(*m_panel);
     }
