@@ -1,7 +1,8 @@
 """The icon and its panel on the desktops that it lives on, for a person to look at.
 
-usage: desktops.py PROGRAM FOLDER
-The folder gets one picture of each. Ends with status 0 only if the panel opened on all of them.
+usage: desktops.py PROGRAM FOLDER [DOCUMENTS]
+The folder gets one picture of each, and DOCUMENTS what they show of the one whose panel hangs under
+its icon. Ends with status 0 only if the panel opened on all of them.
 """
 
 import pathlib
@@ -12,6 +13,7 @@ for neighbour in ("Support", "World"):
     sys.path.append(str(HERE.parent / neighbour))
 
 from person import Person  # noqa: E402
+from picture import Box  # noqa: E402
 from processes import NotSeen  # noqa: E402
 from virtual_desktop import VirtualDesktop  # noqa: E402
 from wayland_desktop import WaylandDesktop  # noqa: E402
@@ -21,9 +23,14 @@ PANEL = "Quorvel"
 WEATHER = "Overcast"
 SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
 TRAYS = {"trayer": VirtualDesktop, "xfce4-panel": VirtualDesktop, "swaybar": WaylandDesktop}
+ILLUSTRATED = "xfce4-panel"
+BACKDROP = "#56646e"
+MARGIN = 24
 
 
 def picture_of(desktop, tray, program):
+    if not isinstance(desktop, WaylandDesktop):
+        desktop.start("backdrop", ["xsetroot", "-solid", BACKDROP])
     desktop.start_tray(tray)
     process = desktop.start_program(program, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
     desktop.click_icon()
@@ -34,12 +41,22 @@ def picture_of(desktop, tray, program):
     return desktop.settled_picture()
 
 
+def around_panel(desktop, picture):
+    """The icon, the panel under it, and a little of the screen."""
+    panel = desktop.windows(PANEL)[0]
+    left = panel.left - MARGIN
+    return picture.crop(Box(left, 0, picture.width - left, panel.top + panel.height + MARGIN))
+
+
 def main():
-    program, folder = (pathlib.Path(word).resolve() for word in sys.argv[1:])
+    program, folder, *documents = (pathlib.Path(word).resolve() for word in sys.argv[1:])
     try:
         for tray, kind in TRAYS.items():
             with kind(services=SERVICES, pictures=folder) as desktop, World(desktop):
-                picture_of(desktop, tray, program).write_png(folder / f"{tray}.png")
+                picture = picture_of(desktop, tray, program)
+                picture.write_png(folder / f"{tray}.png")
+                if documents and tray == ILLUSTRATED:
+                    around_panel(desktop, picture).write_png(documents[0] / "tour-panel.png")
     except NotSeen as problem:
         sys.exit(f"desktops: {problem}")
     print(f"The panel under {', '.join(TRAYS)} is in {folder}")
