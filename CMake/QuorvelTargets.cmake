@@ -12,6 +12,12 @@ if(CMAKE_UNITY_BUILD)
   target_compile_options(quorvel_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
+# What is shipped is kept small: people wait for the screen, the disk and the web, and for our own
+# code only where it loops over all visits. Each function in a section of its own can be left out.
+set(optimised_for_size $<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:Clang>>)
+target_compile_options(quorvel_options INTERFACE
+  $<$<CONFIG:Release>:-ffunction-sections;-fdata-sections>
+  $<$<AND:${optimised_for_size},$<NOT:$<BOOL:$<TARGET_PROPERTY:QUORVEL_LOOPS>>>>:-Os>)
 target_compile_definitions(quorvel_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_URL_CAST_FROM_STRING)
