@@ -7,6 +7,16 @@ option(QUORVEL_COMPILE_QML "Compile the views ahead of time" ON)
 set(QUORVEL_QML_OPTIONS)
 if(NOT QUORVEL_COMPILE_QML)
   set(QUORVEL_QML_OPTIONS NO_CACHEGEN)
+else()
+  get_target_property(QUORVEL_QMLCACHEGEN Qt6::qmlcachegen LOCATION)
+  set(in_order ${PROJECT_BINARY_DIR}/qmlcachegen)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/qmlcachegen.in ${in_order} @ONLY
+    FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+  get_target_property(configurations Qt6::qmlcachegen IMPORTED_CONFIGURATIONS)
+  foreach(configuration ${configurations})
+    set_target_properties(Qt6::qmlcachegen PROPERTIES
+      IMPORTED_LOCATION_${configuration} ${in_order})
+  endforeach()
 endif()
 
 # quorvel_qml_module(NAME URI Quorvel.X QML_FILES ... [SOURCES ...] [IMPORTS ...] [LINKS ...])
