@@ -1,0 +1,101 @@
+"""What `cmake --install` leaves where, and that the program runs from there."""
+
+import os
+import pathlib
+import re
+import stat
+import subprocess
+import tempfile
+import unittest
+
+from private_home import private_home
+
+BUILD = os.environ["QUORVEL_BUILD"]
+CMAKE = os.environ["QUORVEL_CMAKE"]
+VERSION = os.environ["QUORVEL_VERSION"]
+LIMIT_SECONDS = 60
+# Of nobody: what is installed for it goes elsewhere.
+PREFIX = "/quorvel-of-this-test"
+PROGRAM = "bin/quorvel"
+MODULES = {"lib/quorvel/quorvel-scenes.so", "lib/quorvel/quorvel-terminal.so"}
+
+
+class InstallCase(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.home = self.folder / "home-of-the-user"
+        self.home.mkdir()
+        self.environment = private_home(self.home)
+        self.place = self.folder / "place"
+
+    def install(self, prefix, umask=0o022, **environment):
+        subprocess.run(
+            [CMAKE, "--install", BUILD, "--prefix", prefix], check=True, umask=umask,
+            env={**self.environment, **environment}, stdout=subprocess.DEVNULL,
+            timeout=LIMIT_SECONDS,
+        )
+
+    def run_program(self, prefix, *arguments):
+        return subprocess.run(
+            [prefix / PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
+            check=True, timeout=LIMIT_SECONDS,
+        ).stdout
+
+    def files(self, folder):
+        return {str(path.relative_to(folder)) for path in folder.rglob("*") if not path.is_dir()}
+
+    def files_besides_data(self, folder):
+        return {name for name in self.files(folder) if not name.startswith("share/")}
+
+    def assert_runs(self, prefix):
+        self.assertIn(VERSION, self.run_program(prefix, "--version").split())
+        self.run_program(prefix, "history")
+
+
+class PrefixTest(InstallCase):
+    def setUp(self):
+        super().setUp()
+        self.install(self.place)
+
+    def test_it_is_the_program_and_its_modules_besides_what_desktops_look_for(self):
+        self.assertEqual(self.files_besides_data(self.place), {PROGRAM, *MODULES})
+
+    def test_the_program_runs_from_there(self):
+        self.assert_runs(self.place)
+
+    def test_it_runs_from_wherever_it_is_moved(self):
+        moved = self.place.rename(self.folder / "moved")
+        self.assert_runs(moved)
+
+    def test_nothing_looks_for_libraries_in_folders_of_its_own(self):
+        for name in (PROGRAM, *MODULES):
+            with self.subTest(name):
+                read = subprocess.run(["readelf", "--dynamic", self.place / name], check=True,
+                                      capture_output=True, text=True).stdout
+                self.assertIn("(NEEDED)", read)
+                self.assertIsNone(re.search(r"\((RPATH|RUNPATH)\)", read))
+
+
+class ModesTest(InstallCase):
+    def test_everybody_may_use_the_files_however_strict_their_installer_is(self):
+        self.install(self.place, umask=0o077)
+        for name in self.files(self.place):
+            with self.subTest(name):
+                mode = stat.S_IMODE((self.place / name).lstat().st_mode)
+                self.assertEqual(mode, 0o755 if name == PROGRAM else 0o644)
+
+
+class DestinationTest(InstallCase):
+    def test_nothing_is_outside_the_prefix(self):
+        self.install(PREFIX, DESTDIR=str(self.place))
+        self.assertEqual(set(os.listdir(self.folder)), {"home-of-the-user", "place"})
+        self.assertEqual(os.listdir(self.place), [PREFIX[1:]])
+        self.assertFalse(os.path.lexists(PREFIX))
+
+    def test_the_program_runs_from_there(self):
+        self.install(PREFIX, DESTDIR=str(self.place))
+        self.assert_runs(self.place / PREFIX[1:])
+
+
+if __name__ == "__main__":
+    unittest.main()
