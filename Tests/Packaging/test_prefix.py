@@ -17,7 +17,9 @@ LIMIT_SECONDS = 60
 # Of nobody: what is installed for it goes elsewhere.
 PREFIX = "/quorvel-of-this-test"
 PROGRAM = "bin/quorvel"
-MODULES = {"lib/quorvel/quorvel-scenes.so", "lib/quorvel/quorvel-terminal.so"}
+SCENES = "lib/quorvel/quorvel-scenes.so"
+TYPE_OF_CAFES = "_ZTIN7quorvel4CafeE"
+MODULES = {SCENES, "lib/quorvel/quorvel-terminal.so"}
 
 
 class InstallCase(unittest.TestCase):
@@ -74,6 +76,19 @@ class PrefixTest(InstallCase):
                                       capture_output=True, text=True).stdout
                 self.assertIn("(NEEDED)", read)
                 self.assertIsNone(re.search(r"\((RPATH|RUNPATH)\)", read))
+
+    def test_the_scenes_name_only_what_they_share_with_the_program(self):
+        shared = self.names(SCENES) & self.names(PROGRAM)
+        own = self.names(SCENES) - shared
+        self.assertEqual(own, {"qt_plugin_instance", "qt_plugin_query_metadata_v2"})
+        self.assertIn(TYPE_OF_CAFES, shared)
+
+    def names(self, file):
+        listed = subprocess.run(
+            ["nm", "--dynamic", "--defined-only", "--format=posix", self.place / file],
+            check=True, capture_output=True, text=True,
+        ).stdout
+        return {line.split()[0] for line in listed.splitlines()}
 
 
 class ModesTest(InstallCase):
