@@ -10,14 +10,16 @@ import sys
 import tempfile
 
 AIM_MB = 3
+SHOWN_MB = 0.1
 MB = 1e6
 
 
 def installed_files(build, folder):
-    """The sizes of what is installed from that build, by name."""
+    """The sizes of what is installed from that build, by path."""
     command = ["cmake", "--install", build, "--strip", "--prefix", folder]
     subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
-    return {path.name: path.stat().st_size for path in folder.rglob("*") if path.is_file()}
+    files = (path for path in folder.rglob("*") if path.is_file())
+    return {str(path.relative_to(folder)): path.stat().st_size for path in files}
 
 
 def stripped_size(program, folder):
@@ -36,7 +38,8 @@ def main(build):
     print(f"{'installed size':<44} {total / MB:>8.2f} {bare / MB:>8.2f} {'MB':<5} "
           f"{total / bare:>5.1f}  <= {AIM_MB}")
     for file, size in sorted(sizes.items(), key=lambda item: -item[1]):
-        print(f"  {file:<42} {size / MB:>8.2f}")
+        if size >= SHOWN_MB * MB:
+            print(f"  {file:<42} {size / MB:>8.2f}")
 
 
 if __name__ == "__main__":
