@@ -43,4 +43,5 @@ function(quorvel_qml_module name)
   target_link_libraries(${name}
     PUBLIC quorvel_options ${arg_LINKS} Qt6::Quick
     INTERFACE ${name}plugin)
+  quorvel_use_precompiled(${name})
 endfunction()

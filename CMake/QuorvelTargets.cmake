@@ -46,11 +46,45 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
+# What nearly every file includes, in a library of its own for those who include it, too. A package
+# is built without: it shows whether each file includes what it needs.
+option(QUORVEL_PRECOMPILE_HEADERS "Read common headers once, not with every file" ON)
+set(QUORVEL_COMMON_HEADERS
+  <QAbstractItemModel> <QCoreApplication> <QDateTime> <QDir> <QFile> <QHash> <QList> <QObject>
+  <QPointer> <QProcessEnvironment> <QSet> <QString> <QStringList> <QTemporaryDir> <QThread>
+  <QTimer> <QUrl> <QUuid> <QVariant> <QCoroTask>
+  <algorithm> <chrono> <functional> <map> <memory> <optional> <variant> <vector>)
+
+# quorvel_precompile(NAME)
+# Has the target make them for others.
+function(quorvel_precompile name)
+  target_link_libraries(${name} PRIVATE quorvel_options Qt6::Core QCoro6::Core)
+  target_compile_options(${name} PRIVATE
+    $<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>)
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+  target_precompile_headers(${name} PRIVATE ${QUORVEL_COMMON_HEADERS})
+endfunction()
+
+if(QUORVEL_PRECOMPILE_HEADERS)
+  add_library(quorvel_headers STATIC EXCLUDE_FROM_ALL
+    ${CMAKE_CURRENT_LIST_DIR}/PrecompiledHeaders.cpp)
+  quorvel_precompile(quorvel_headers)
+endif()
+
+# quorvel_use_precompiled(NAME)
+# For a library that is compiled with the same options.
+function(quorvel_use_precompiled name)
+  if(QUORVEL_PRECOMPILE_HEADERS)
+    target_precompile_headers(${name} REUSE_FROM quorvel_headers)
+  endif()
+endfunction()
+
 # quorvel_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
 function(quorvel_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
   target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+  quorvel_use_precompiled(${name})
 endfunction()
 
 # quorvel_moc(NAME source...)
@@ -91,7 +125,9 @@ function(quorvel_test name)
   target_link_libraries(${name} PRIVATE quorvel_options ${arg_LINKS} Qt6::Test)
   # It runs once or twice: what counts is how soon it is built. The code it tests is optimised.
   target_compile_options(${name} PRIVATE -O0)
-  target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
+  if(QUORVEL_PRECOMPILE_HEADERS)
+    target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
+  endif()
   set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
   set_target_properties(${name} PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)

@@ -13,6 +13,7 @@ import hashlib
 import json
 import os
 import pathlib
+import re
 import shlex
 import subprocess
 import sys
@@ -21,6 +22,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 CHECKS = ROOT / ".clang-tidy"
 # More at once would leave one processor with nothing to do at the end.
 BATCH = 12
+PRECOMPILED = re.compile(r" -Winvalid-pch| -Xclang \S+")
 # Following each function on its own finds what is worth it here, in half of the time.
 SHALLOW = [
     f"--extra-arg={word}"
@@ -71,9 +73,10 @@ def batches(commands):
 
 
 def flags_of(command):
-    """Without the compiler, its cache, and what names the one file; a folder stays with the word
-    before it."""
-    words = shlex.split(command["command"].replace("-isystem ", "-isystem"))
+    """Without the compiler, its cache, the precompiled headers, and what names the one file; a
+    folder stays with the word before it."""
+    words = shlex.split(
+        PRECOMPILED.sub("", command["command"]).replace("-isystem ", "-isystem"))
     first = next(i for i, word in enumerate(words) if word.startswith("-"))
     output = words.index("-o")
     return [word for word in words[first:output] + words[output + 2 :]
