@@ -32,6 +32,13 @@ if(QUORVEL_SANITIZERS)
   add_compile_options($<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
 endif()
 
+# A test runs once or twice: what counts is how soon it is built. The code that it tests is optimised,
+# and watched by all of the sanitizers; what the test does itself, by those of memory.
+set(QUORVEL_TEST_OPTIONS -O0)
+if(QUORVEL_SANITIZERS MATCHES "undefined")
+  list(APPEND QUORVEL_TEST_OPTIONS -fno-sanitize=undefined)
+endif()
+
 # What a test's environment adds in a sanitized build: a leak fails the test, too.
 set(QUORVEL_TEST_ENVIRONMENT)
 if(QUORVEL_SANITIZERS)
@@ -123,8 +130,7 @@ function(quorvel_test name)
   add_executable(${name} ${arg_SOURCES})
   quorvel_moc(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE quorvel_options ${arg_LINKS} Qt6::Test)
-  # It runs once or twice: what counts is how soon it is built. The code it tests is optimised.
-  target_compile_options(${name} PRIVATE -O0)
+  target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
   if(QUORVEL_PRECOMPILE_HEADERS)
     target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
   endif()

@@ -12,7 +12,7 @@ namespace quorvel {
 
 /// Tells `MenuBarPanel` that its window has lost the focus for good. A focus that follows the
 /// pointer falls on whatever lies between the icon and the panel; so as long as somebody is on the
-/// way there, and has not been in it, it has some time to come back.
+/// way there, and has not been in it, it has some time to come back, and even more to come at all.
 class PanelFocusWatch final : public QObject
 {
     Q_OBJECT
@@ -35,6 +35,7 @@ private:
 
     QWindow &m_window;
     std::function<bool()> m_isOnTheWay;
+    std::chrono::milliseconds m_limit;
     bool m_isReached = false;
     QTimer *m_patience; ///< The child "patience".
 };

@@ -77,9 +77,13 @@ void ApplicationAdaptor::ActivateAction(const QString &name, const QVariantList 
 
 void ApplicationAdaptor::activate(const QVariantMap &platformData, Request request)
 {
-    emit m_instance->activated({.token = platformData.value(tokenKey).toString(),
+    const Activation activation{.token = platformData.value(tokenKey).toString(),
                                 .startupId = platformData.value(startupIdKey).toString(),
-                                .request = request});
+                                .request = request};
+    // Queued: who asks is answered at once, however long the windows take to come.
+    QMetaObject::invokeMethod(
+        m_instance, [instance = m_instance, activation] { emit instance->activated(activation); },
+        Qt::QueuedConnection);
 }
 
 } // namespace quorvel

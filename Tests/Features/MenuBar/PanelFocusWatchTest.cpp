@@ -63,6 +63,29 @@ private slots:
         QCOMPARE(m_lost->size(), 1);
     }
 
+    void aFocusThatNeverComesIsLostInTheEnd()
+    {
+        makePanel(Pointer::OnTheWay, 1ms);
+        showUnfocused();
+        QTRY_COMPARE(m_lost->size(), 1);
+    }
+
+    void whoeverIsThereNeedsNoFocusToStay()
+    {
+        makePanel(Pointer::OnTheWay, 1h);
+        showUnfocused();
+        QVERIFY(isWaiting());
+        enter();
+        QVERIFY(!isWaiting());
+    }
+
+    void elsewhereNobodyWaitsForTheFocus()
+    {
+        makePanel(Pointer::Elsewhere, 1h);
+        showUnfocused();
+        QVERIFY(!isWaiting());
+    }
+
     void everyShowingHasItsOwnWay()
     {
         show(Pointer::OnTheWay, 1h);
@@ -94,13 +117,25 @@ private slots:
 private:
     enum class Pointer { Elsewhere, OnTheWay };
 
-    void show(Pointer pointer, std::chrono::milliseconds patience)
+    void makePanel(Pointer pointer, std::chrono::milliseconds patience)
     {
         m_panel = std::make_unique<QWindow>();
         m_watch = new PanelFocusWatch(
             *m_panel, [pointer] { return pointer == Pointer::OnTheWay; }, patience, m_panel.get());
         m_lost.emplace(m_watch, &PanelFocusWatch::lost);
+    }
+
+    void show(Pointer pointer, std::chrono::milliseconds patience)
+    {
+        makePanel(pointer, patience);
         focus(*m_panel);
+    }
+
+    /// Every window that really shows gets the focus here.
+    void showUnfocused()
+    {
+        QShowEvent event;
+        QCoreApplication::sendEvent(m_panel.get(), &event);
     }
 
     static void focus(QWindow &window)
