@@ -107,24 +107,24 @@ class AccessibleProgram:
 
     def find(self, name, role=None):
         """The first visible control of that name, and role; none when there is none."""
-        for control in self.controls():
-            if control.name == name and role in (None, control.role):
+        for control, found in self._named_controls():
+            if found == name and (role is None or control.role == role):
                 return control
         return None
 
     def texts(self):
         """What a person reads, from the top."""
-        return [name for control in self.controls() if (name := control.name)]
+        return [name for _, name in self._named_controls() if name]
 
-    def controls(self):
-        """Every visible control. A tree that changes while it is read is read as far as it
-        goes: whoever waits for something asks again."""
+    def _named_controls(self):
+        """Every visible control. A tree that changes while it is read is read as far as it goes:
+        whoever waits for something asks again."""
         try:
             for application in Control(self._bus, REGISTRY, ROOT).children():
                 if self._belongs(application):
                     for window in application.children():
                         if "visible" in window.states:
-                            yield from window.all()
+                            yield from ((control, control.name) for control in window.all())
         except dbus.DBusException:
             return
 
