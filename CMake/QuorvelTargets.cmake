@@ -53,8 +53,8 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
-# What nearly every file includes, in a library of its own for those who include it, too. A package
-# is built without: it shows whether each file includes what it needs.
+# What nearly every file includes. What is released is built without: it shows whether each file of
+# the program includes what it needs.
 option(QUORVEL_PRECOMPILE_HEADERS "Read common headers once, not with every file" ON)
 set(QUORVEL_COMMON_HEADERS
   <QAbstractItemModel> <QCoreApplication> <QDateTime> <QDir> <QFile> <QHash> <QList> <QObject>
@@ -131,9 +131,7 @@ function(quorvel_test name)
   quorvel_moc(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE quorvel_options ${arg_LINKS} Qt6::Test)
   target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
-  if(QUORVEL_PRECOMPILE_HEADERS)
-    target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
-  endif()
+  target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
   set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
   set_target_properties(${name} PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
