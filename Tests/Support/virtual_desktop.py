@@ -117,6 +117,13 @@ class VirtualDesktop:
         self._tray_height = height
         self._tray = STARTERS[kind](self, height, **options)
 
+    def wait_for_tray(self, kind):
+        """Until its window is there: as it comes, it may take the focus from another."""
+        self.wait_until(
+            lambda: self._ask("xdotool", "search", "--onlyvisible", "--class", kind),
+            f"{kind} is there",
+        )
+
     def stop_tray(self):
         self._tray.end()
 
