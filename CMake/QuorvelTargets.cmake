@@ -32,12 +32,8 @@ if(QUORVEL_SANITIZERS)
   add_compile_options($<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
 endif()
 
-# A test runs once or twice: what counts is how soon it is built. The code that it tests is
-# optimised, and watched by all of the sanitizers; what the test does itself, by those of memory.
+# A test runs once or twice: what counts is how soon it is built. The code it tests is optimised.
 set(QUORVEL_TEST_OPTIONS -O0)
-if(QUORVEL_SANITIZERS MATCHES "undefined")
-  list(APPEND QUORVEL_TEST_OPTIONS -fno-sanitize=undefined)
-endif()
 
 # What a test's environment adds in a sanitized build: a leak fails the test, too.
 set(QUORVEL_TEST_ENVIRONMENT)
