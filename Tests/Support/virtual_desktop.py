@@ -118,10 +118,10 @@ class VirtualDesktop:
         self._tray = STARTERS[kind](self, height, **options)
 
     def wait_for_tray(self, kind):
-        """Until its window is there: as it comes, it may take the focus from another."""
+        """Until its window is made: as that comes, it may take the focus from another. One that has
+        no icon yet need not show it."""
         self.wait_until(
-            lambda: self._ask("xdotool", "search", "--onlyvisible", "--class", kind),
-            f"{kind} is there",
+            lambda: self._ask("xdotool", "search", "--class", kind), f"{kind} has a window"
         )
 
     def stop_tray(self):
