@@ -82,26 +82,20 @@ function(quorvel_use_precompiled name)
   endif()
 endfunction()
 
-# quorvel_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
-function(quorvel_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
-  add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
-  quorvel_use_precompiled(${name})
-endfunction()
-
 # quorvel_moc(NAME source...)
 # What AUTOMOC does, for a target whose sources are known: each header, and each test's own file,
 # which includes its "*.moc". AUTOMOC looks for them in two programs of its own a target, and with
-# this many tests that is a quarter of the build.
+# this many targets that is a quarter of the build. What comes of the headers is compiled as one.
 function(quorvel_moc name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}_moc)
   file(MAKE_DIRECTORY ${folder})
+  set(all_headers)
   foreach(source ${ARGN})
     cmake_path(GET source STEM base)
     cmake_path(ABSOLUTE_PATH source)
     if(source MATCHES "\\.h$")
       set(output ${folder}/moc_${base}.cpp)
+      string(APPEND all_headers "#include \"moc_${base}.cpp\"\n")
     elseif(source MATCHES "Test\\.cpp$")
       set(output ${folder}/${base}.moc)
     else()
@@ -110,10 +104,35 @@ function(quorvel_moc name)
     add_custom_command(OUTPUT ${output}
       COMMAND Qt6::moc --no-notes -o ${output} ${source}
       DEPENDS ${source} VERBATIM)
+    set_source_files_properties(${output} PROPERTIES HEADER_FILE_ONLY ON)
     target_sources(${name} PRIVATE ${output})
   endforeach()
+  if(all_headers)
+    file(CONFIGURE OUTPUT ${folder}/mocs.cpp CONTENT "${all_headers}" @ONLY)
+    target_sources(${name} PRIVATE ${folder}/mocs.cpp)
+  endif()
   set_target_properties(${name} PROPERTIES AUTOMOC OFF)
   target_include_directories(${name} PRIVATE ${folder})
+endfunction()
+
+# quorvel_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
+function(quorvel_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  quorvel_moc(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+  quorvel_use_precompiled(${name})
+endfunction()
+
+# quorvel_tests_library(NAME SOURCES ... [LINKS ...])
+# What several tests share, compiled once and as they are.
+function(quorvel_tests_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  quorvel_moc(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} Qt6::Test)
+  target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
+  target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
 endfunction()
 
 # quorvel_test(NAME SOURCES ... LINKS ... [LAUNCHER ...] [LABELS ...] [TIMEOUT seconds])
@@ -175,4 +194,12 @@ function(quorvel_python_test name)
       ${QUORVEL_TEST_ENVIRONMENT} ${arg_ENVIRONMENT})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
+endfunction()
+
+# quorvel_program_test(NAME SCRIPT file ...), otherwise as quorvel_python_test.
+# Needs nothing built but the program and what is packaged with it.
+function(quorvel_program_test name)
+  quorvel_python_test(${name} ${ARGN})
+  set_property(TEST ${name} APPEND PROPERTY LABELS program)
+  set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT QUORVEL_PROGRAM=$<TARGET_FILE:quorvel>)
 endfunction()

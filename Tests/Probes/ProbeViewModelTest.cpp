@@ -3,6 +3,7 @@
 #include "Tests/Probes/ProbeWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

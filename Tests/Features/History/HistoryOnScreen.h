@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Core/DesignSystem/ViewFactory.h"
 #include "Features/History/HistoryScreen.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
@@ -15,57 +14,23 @@ namespace quorvel::tests {
 class HistoryOnScreen final
 {
 public:
-    explicit HistoryOnScreen(const Visits &visits) { world.repository.visits = visits; }
+    explicit HistoryOnScreen(const Visits &visits);
+    ~HistoryOnScreen();
+    Q_DISABLE_COPY_MOVE(HistoryOnScreen)
 
-    void open()
-    {
-        if (QQuickWindow::sceneGraphBackend() != u"software")
-            QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        m_window.reset(qobject_cast<QQuickWindow *>(
-            ViewFactory::make(m_engine, QStringLiteral("History"), QStringLiteral("HistoryWindow"),
-                              {{QStringLiteral("screen"), QVariant::fromValue(&screen)}})
-                .release()));
-        window().show();
-        if (!QTest::qWaitForWindowActive(&window()))
-            qFatal("the history did not open");
-        settle();
-    }
+    void open();
     /// In two frames: what the first one makes larger moves what is below it in the second.
-    void settle()
-    {
-        for (int frame = 0; frame < 2; ++frame) {
-            turnEventLoop();
-            window().grabWindow();
-        }
-    }
+    void settle();
 
     /// The first that is on screen; null without one.
-    [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value)
-    {
-        for (QQuickItem *item : QuickTest::itemsUnder(window().contentItem()))
-            if (item->isVisible() && item->property(property) == value)
-                return item;
-        return nullptr;
-    }
+    [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value);
     [[nodiscard]] QQuickItem *text(const QString &text) { return shown("text", text); }
     [[nodiscard]] QQuickItem *control(const QString &label) { return shown("label", label); }
     /// Whose keyboard it is; empty where nothing with a label has the focus.
-    [[nodiscard]] QString focused()
-    {
-        const QQuickItem *item = window().activeFocusItem();
-        return item ? item->property("label").toString() : QString();
-    }
+    [[nodiscard]] QString focused();
 
-    void click(QQuickItem *item)
-    {
-        QuickTest::click(item);
-        settle();
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(&window(), key, modifiers);
-        settle();
-    }
+    void click(QQuickItem *item);
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     [[nodiscard]] QQuickWindow &window() { return *m_window; }
 
     HistoryWorld world;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Core/Keychain/SecItemKeychainStore.h"
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/History/HistoryRoles.h"
 #include "Platform/Clock/FakeClock.h"
@@ -9,11 +8,8 @@
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
 #include "Tests/Support/Instants.h"
-#include "Tests/Support/RunTask.h"
 
-#include <QDir>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 namespace quorvel::tests {
 
@@ -21,34 +17,16 @@ namespace quorvel::tests {
 /// folder of its own. Outlives the history.
 struct HistoryWorld
 {
-    [[nodiscard]] HistoryRoles roles()
-    {
-        return {.checkInRepository = &repository,
-                .photoStore = CheckInPhotoStore(fileManager),
-                .makeKeychain = [this] { return std::make_unique<FakeKeychain>(keychain); },
-                .clock = clock,
-                .pasteboard = pasteboard,
-                .fileManager = fileManager,
-                .renderCard = renderCard};
-    }
+    HistoryWorld();
+    ~HistoryWorld();
+    Q_DISABLE_COPY_MOVE(HistoryWorld)
 
-    void savePassword(const QString &password, const QString &ssid)
-    {
-        SecItemKeychainStore(SecItemKeychainStore::wifiService, keychain)
-            .savePassword(password, ssid);
-    }
-    void putPhoto(const QImage &photo, const QString &name)
-    {
-        const QString path = CheckInPhotoStore(fileManager).url(name).toLocalFile();
-        if (!QDir().mkpath(QFileInfo(path).path()) || !photo.save(path))
-            qFatal("the photo could not be written");
-    }
+    [[nodiscard]] HistoryRoles roles();
+
+    void savePassword(const QString &password, const QString &ssid);
+    void putPhoto(const QImage &photo, const QString &name);
     /// Has what is read in the background arrive.
-    static void finishLoading()
-    {
-        QThreadPool::globalInstance()->waitForDone();
-        turnEventLoop();
-    }
+    static void finishLoading();
 
     FakeCheckInRepository repository;
     FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};

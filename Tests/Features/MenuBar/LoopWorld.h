@@ -8,7 +8,6 @@
 #include "Services/Weather/FakeWeatherService.h"
 #include "Services/Wifi/FakeWifiService.h"
 #include "Tests/Support/Instants.h"
-#include "Tests/Support/RunTask.h"
 
 #include <memory>
 
@@ -21,95 +20,31 @@ class LoopWorld final
 public:
     using State = ViewState<LocatedSnapshot>;
 
-    LoopWorld() { makeViewModel(); }
+    LoopWorld();
+    ~LoopWorld();
+    Q_DISABLE_COPY_MOVE(LoopWorld)
 
     /// A degree of latitude is 110.6 km at this place: the offsets below are exact to a centimetre.
     static constexpr double metersPerDegree = 110574.4;
 
-    [[nodiscard]] static Location home(double metersNorth = 0)
-    {
-        return {.latitude = metersNorth / metersPerDegree,
-                .longitude = 106.7,
-                .accuracyMeters = 20,
-                .timestamp = {}};
-    }
-    [[nodiscard]] static PlaceCandidate cafe(const QString &name, double distanceMeters)
-    {
-        return {.id = name,
-                .name = name,
-                .latitude = distanceMeters,
-                .longitude = 2,
-                .distanceMeters = distanceMeters,
-                .category = QStringLiteral("Cafe"),
-                .mapItemIdentifier = name};
-    }
-    [[nodiscard]] static WeatherSnapshot sun()
-    {
-        return {.temperatureC = 23, .apparentTemperatureC = 25, .weatherCode = 0, .isDay = true};
-    }
-    [[nodiscard]] static std::vector<PlaceCandidate> found()
-    {
-        return {cafe(QStringLiteral("Far"), 80), cafe(QStringLiteral("Near"), 42)};
-    }
-    [[nodiscard]] LocatedSnapshot full() const
-    {
-        return {
-            .selectedCafe = cafe(QStringLiteral("Near"), 42),
-            .nearbyCandidates = {cafe(QStringLiteral("Near"), 42), cafe(QStringLiteral("Far"), 80)},
-            .weather = sun(),
-            .ssid = wifi.ssid,
-            .hasRememberedPassword = false,
-            .signal = wifi.signal};
-    }
-    [[nodiscard]] LocatedSnapshot degraded() const
-    {
-        return {.ssid = wifi.ssid, .hasRememberedPassword = false, .signal = wifi.signal};
-    }
+    [[nodiscard]] static Location home(double metersNorth = 0);
+    [[nodiscard]] static PlaceCandidate cafe(const QString &name, double distanceMeters);
+    [[nodiscard]] static WeatherSnapshot sun();
+    [[nodiscard]] static std::vector<PlaceCandidate> found();
+    [[nodiscard]] LocatedSnapshot full() const;
+    [[nodiscard]] LocatedSnapshot degraded() const;
 
-    void willAuthorize() { location.authorize(AuthorizationStatus::AuthorizedAlways); }
-    void willLocate(double metersNorth = 0)
-    {
-        willAuthorize();
-        location.locate(home(metersNorth));
-    }
-    void willFindAll(double metersNorth = 0)
-    {
-        willLocate(metersNorth);
-        places.calls.willSucceed(found());
-        weather.calls.willSucceed(sun());
-    }
+    void willAuthorize();
+    void willLocate(double metersNorth = 0);
+    void willFindAll(double metersNorth = 0);
 
     /// Lets everything happen that follows from what has been scripted.
-    static void settle()
-    {
-        for (int turn = 0; turn < 30; ++turn)
-            turnEventLoop();
-    }
-    void send(const MenuBarInput &input)
-    {
-        viewModel->send(input);
-        settle();
-    }
-    void makeViewModel()
-    {
-        viewModel = std::make_unique<MenuBarViewModel>(
-            MenuBarViewModel::Services{location, places, weather, wifi, keychain}, clock);
-        QObject::connect(viewModel.get(), &MenuBarViewModel::stateChanged,
-                         [this] { states.push_back(viewModel->state()); });
-    }
+    static void settle();
+    void send(const MenuBarInput &input);
+    void makeViewModel();
     /// What was asked since this was last called: positions, searches, weathers.
-    [[nodiscard]] QList<qsizetype> newCalls()
-    {
-        const QList<qsizetype> calls{location.calls.count(QStringLiteral("currentLocation")),
-                                     qsizetype(places.calls.requests.size()),
-                                     qsizetype(weather.calls.requests.size())};
-        QList<qsizetype> news;
-        for (qsizetype index = 0; index < calls.size(); ++index)
-            news.append(calls[index] - m_seen[index]);
-        m_seen = calls;
-        return news;
-    }
-    [[nodiscard]] std::vector<State> newStates() { return std::exchange(states, {}); }
+    [[nodiscard]] QList<qsizetype> newCalls();
+    [[nodiscard]] std::vector<State> newStates();
 
     FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};
     FakeLocationService location;

@@ -4,6 +4,7 @@
 #include "Tests/Features/MenuBar/PanelWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 #include <QTimerEvent>
 

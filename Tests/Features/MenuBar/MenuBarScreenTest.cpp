@@ -3,6 +3,7 @@
 #include "Tests/Features/MenuBar/LoopWorld.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

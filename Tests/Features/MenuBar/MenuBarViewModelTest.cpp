@@ -2,6 +2,8 @@
 
 #include "Tests/Features/MenuBar/LoopWorld.h"
 
+#include <QTest>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 

@@ -6,7 +6,6 @@
 
 #include <QQmlEngine>
 #include <QQuickView>
-#include <QScreen>
 
 namespace quorvel::tests {
 
@@ -15,79 +14,30 @@ namespace quorvel::tests {
 class PanelOnScreen final
 {
 public:
-    explicit PanelOnScreen(PanelWorld::Store store = PanelWorld::Store::Present)
-        : panel(engine, world.roles(store),
-                {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}})
-    {}
+    explicit PanelOnScreen(PanelWorld::Store store = PanelWorld::Store::Present);
+    ~PanelOnScreen();
+    Q_DISABLE_COPY_MOVE(PanelOnScreen)
 
     /// What has been scripted happens.
-    void open()
-    {
-        panel.open({400, 0, 22, 22});
-        if (!QTest::qWaitForWindowActive(&window()))
-            qFatal("the panel did not open");
-        settle();
-    }
+    void open();
     /// In two frames: what the first one makes larger moves what is below it in the second.
-    void settle()
-    {
-        for (int frame = 0; frame < 2; ++frame) {
-            LoopWorld::settle();
-            window().grabWindow();
-        }
-    }
+    void settle();
 
     /// The first that is on screen; null without one.
-    [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value)
-    {
-        for (QQuickItem *item : QuickTest::itemsUnder(window().contentItem()))
-            if (item->isVisible() && item->property(property) == value)
-                return item;
-        return nullptr;
-    }
+    [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value);
     [[nodiscard]] QQuickItem *text(const QString &text) { return shown("text", text); }
     [[nodiscard]] QQuickItem *control(const QString &label) { return shown("label", label); }
     [[nodiscard]] QQuickItem *view(const QString &name) { return shown("objectName", name); }
 
     /// Ends the program where there is no such control.
-    void focus(const QString &label)
-    {
-        QQuickItem *found = control(label);
-        if (!found)
-            qFatal("there is no %s", qPrintable(label));
-        found->forceActiveFocus(Qt::TabFocusReason);
-        settle();
-    }
-    void press(const QString &label)
-    {
-        focus(label);
-        key(Qt::Key_Space);
-    }
-    void key(Qt::Key key)
-    {
-        QTest::keyClick(&window(), key);
-        settle();
-    }
+    void focus(const QString &label);
+    void press(const QString &label);
+    void key(Qt::Key key);
     /// Letters that a keyboard has by itself.
-    void type(const QByteArray &letters)
-    {
-        for (const char letter : letters)
-            QTest::keyClick(&window(), letter);
-        settle();
-    }
+    void type(const QByteArray &letters);
 
     /// Whether all of it is within the window and on the screen, and nothing scrolls it away.
-    [[nodiscard]] bool isInSight(const QQuickItem *item)
-    {
-        const QRectF area = item->mapRectToScene(QRectF({}, item->size()));
-        const QRect screen = window().screen()->availableGeometry();
-        QRectF seen(QPointF(), window().size());
-        seen &= QRectF(screen.translated(-window().position()));
-        for (const auto *holder = item; holder; holder = holder->parentItem())
-            if (holder->clip())
-                seen &= holder->mapRectToScene(QRectF({}, holder->size()));
-        return seen.contains(area);
-    }
+    [[nodiscard]] bool isInSight(const QQuickItem *item);
 
     [[nodiscard]] QQuickView &window() { return panel.window(); }
 

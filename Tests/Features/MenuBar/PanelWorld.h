@@ -15,35 +15,17 @@ struct PanelWorld
 {
     enum class Store { Absent, Present };
 
-    [[nodiscard]] MenuBarRoles roles(Store store = Store::Present)
-    {
-        return {.checkInRepository = store == Store::Present ? &repository : nullptr,
-                .loop = {.location = loop.location,
-                         .places = loop.places,
-                         .weather = loop.weather,
-                         .wifi = loop.wifi,
-                         .keychain = loop.keychain},
-                .systemPasswords = systemPasswords,
-                .pasteboard = pasteboard,
-                .systemSettings = systemSettings,
-                .systemEvents = systemEvents,
-                .clock = loop.clock};
-    }
+    PanelWorld();
+    ~PanelWorld();
+    Q_DISABLE_COPY_MOVE(PanelWorld)
+
+    [[nodiscard]] MenuBarRoles roles(Store store = Store::Present);
 
     /// The loop finds these, and the Wi-Fi block hears nothing until it is let.
     void willFind(const std::vector<PlaceCandidate> &cafes,
-                  const WeatherSnapshot &weather = LoopWorld::sun())
-    {
-        loop.willLocate();
-        loop.places.calls.willSucceed(cafes);
-        loop.weather.calls.willSucceed(weather);
-    }
-    void willHear(const QList<WifiNetwork> &networks) { loop.wifi.scans.willSucceed(networks); }
-    void isOn(const QString &ssid, qint64 rssiDBm)
-    {
-        loop.wifi.ssid = ssid;
-        loop.wifi.signal = WifiSignal(rssiDBm);
-    }
+                  const WeatherSnapshot &weather = LoopWorld::sun());
+    void willHear(const QList<WifiNetwork> &networks);
+    void isOn(const QString &ssid, qint64 rssiDBm);
 
     LoopWorld loop;
     FakeCheckInRepository repository;

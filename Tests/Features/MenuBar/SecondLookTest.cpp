@@ -3,6 +3,7 @@
 #include "Platform/SystemEvents/FakeSystemEvents.h"
 #include "Tests/Features/MenuBar/LoopWorld.h"
 
+#include <QTest>
 #include <QTimerEvent>
 
 using namespace Qt::StringLiterals;

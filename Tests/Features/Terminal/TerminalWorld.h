@@ -6,7 +6,6 @@
 #include "Platform/Terminal/FakeTerminal.h"
 #include "Tests/Features/MenuBar/LoopWorld.h"
 
-#include <QJsonDocument>
 #include <QJsonObject>
 
 namespace quorvel::tests {
@@ -22,20 +21,16 @@ inline constexpr int alreadyCheckedIn = 5;
 /// A terminal in the loop's world, and what its commands left on it.
 struct TerminalWorld
 {
-    /// Types the command; gives the exit status.
-    int run(const QStringList &arguments)
-    {
-        terminal.printed.clear();
-        terminal.noted.clear();
-        return int(TerminalCommands::run(arguments, context()));
-    }
+    TerminalWorld();
+    ~TerminalWorld();
+    Q_DISABLE_COPY_MOVE(TerminalWorld)
 
-    [[nodiscard]] QString printed() const { return QString::fromUtf8(terminal.printed); }
-    [[nodiscard]] QString noted() const { return QString::fromUtf8(terminal.noted); }
-    [[nodiscard]] QJsonObject printedJson() const
-    {
-        return QJsonDocument::fromJson(terminal.printed).object();
-    }
+    /// Types the command; gives the exit status.
+    int run(const QStringList &arguments);
+
+    [[nodiscard]] QString printed() const;
+    [[nodiscard]] QString noted() const;
+    [[nodiscard]] QJsonObject printedJson() const;
 
     LoopWorld loop;
     FakeCheckInRepository store;
@@ -46,24 +41,7 @@ struct TerminalWorld
     std::optional<FakeCheckInRepository::Failure> loopFailure;
 
 private:
-    [[nodiscard]] TerminalContext context()
-    {
-        return {.terminal = terminal,
-                .repository = [this]() -> CheckInRepository & {
-                    if (storeFailure)
-                        throw FakeCheckInRepository::Failure(*storeFailure);
-                    return store;
-                },
-                .loop =
-                    [this] {
-                        if (loopFailure)
-                            throw FakeCheckInRepository::Failure(*loopFailure);
-                        return MenuBarViewModel::Services{loop.location, loop.places, loop.weather,
-                                                          loop.wifi, loop.keychain};
-                    },
-                .files = files,
-                .clock = loop.clock};
-    }
+    [[nodiscard]] TerminalContext context();
 };
 
 } // namespace quorvel::tests

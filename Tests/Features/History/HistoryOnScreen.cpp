@@ -1,0 +1,63 @@
+#include "Tests/Features/History/HistoryOnScreen.h"
+
+#include "Core/DesignSystem/ViewFactory.h"
+#include "Tests/Support/RunTask.h"
+
+namespace quorvel::tests {
+
+HistoryOnScreen::HistoryOnScreen(const Visits &visits)
+{
+    world.repository.visits = visits;
+}
+
+HistoryOnScreen::~HistoryOnScreen() = default;
+
+void HistoryOnScreen::open()
+{
+    if (QQuickWindow::sceneGraphBackend() != u"software")
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    m_window.reset(qobject_cast<QQuickWindow *>(
+        ViewFactory::make(m_engine, QStringLiteral("History"), QStringLiteral("HistoryWindow"),
+                          {{QStringLiteral("screen"), QVariant::fromValue(&screen)}})
+            .release()));
+    window().show();
+    if (!QTest::qWaitForWindowActive(&window()))
+        qFatal("the history did not open");
+    settle();
+}
+
+void HistoryOnScreen::settle()
+{
+    for (int frame = 0; frame < 2; ++frame) {
+        turnEventLoop();
+        window().grabWindow();
+    }
+}
+
+QQuickItem *HistoryOnScreen::shown(const char *property, const QVariant &value)
+{
+    for (QQuickItem *item : QuickTest::itemsUnder(window().contentItem()))
+        if (item->isVisible() && item->property(property) == value)
+            return item;
+    return nullptr;
+}
+
+QString HistoryOnScreen::focused()
+{
+    const QQuickItem *item = window().activeFocusItem();
+    return item ? item->property("label").toString() : QString();
+}
+
+void HistoryOnScreen::click(QQuickItem *item)
+{
+    QuickTest::click(item);
+    settle();
+}
+
+void HistoryOnScreen::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&window(), key, modifiers);
+    settle();
+}
+
+} // namespace quorvel::tests
