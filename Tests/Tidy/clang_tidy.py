@@ -5,7 +5,7 @@ Most of the time goes into what the files include, which is nearly the same for 
 batch of them is read as one. Two files of one batch may not give different things the same name,
 even to themselves: such a batch is read target by target instead. A batch counts as the same
 while its files, the headers that they were built from, their compiler flags and the checks are
-the same, byte for byte.
+the same, byte for byte; one that was never built is read each time.
 """
 
 import concurrent.futures
@@ -134,14 +134,18 @@ def complaint_about(batch, unity):
     return finished.stdout + finished.stderr if finished.returncode or unread else ""
 
 
-def check(batch, stamp):
+def is_built(batch, headers):
+    return all(output_of(command) in headers for command in batch)
+
+
+def check(batch, stamp, headers):
     """Returns what there is to change in the batch, or nothing, and remembers that."""
     unity = stamp.with_suffix(".cpp")
     complaint = complaint_about(batch, unity)
     targets = grouped(batch, target_of)
     if complaint and len(targets) > 1:
         complaint = "".join(complaint_about(target, unity) for target in targets)
-    if not complaint:
+    if not complaint and is_built(batch, headers):
         stamp.touch()
     return complaint
 
@@ -151,14 +155,17 @@ def main(build):
     passed = build / "clang-tidy-passed"
     passed.mkdir(exist_ok=True)
     headers = headers_by_object(build)
+    commands = project_commands(build)
+    if not commands:
+        sys.exit(f"clang-tidy: {build} compiles no file by itself: choose another preset")
     waiting = []
-    for batch in batches(project_commands(build)):
+    for batch in batches(commands):
         stamp = passed / fingerprint(batch, headers)
         if not stamp.exists():
             waiting.append((batch, stamp))
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for complaint in pool.map(lambda job: check(*job), waiting):
+        for complaint in pool.map(lambda job: check(*job, headers), waiting):
             if complaint:
                 failed += 1
                 print(complaint, flush=True)
