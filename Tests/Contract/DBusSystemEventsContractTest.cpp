@@ -3,6 +3,8 @@
 #include "Tests/Platform/SystemEvents/LoginManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManagerMock.h"
 
+#include <QTest>
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

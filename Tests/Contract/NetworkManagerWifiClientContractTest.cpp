@@ -3,6 +3,8 @@
 #include "Tests/Platform/Wifi/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/WifiOutcomes.h"
 
+#include <QTest>
+
 #include <cmath>
 
 namespace quorvel::tests {

@@ -2,6 +2,8 @@
 
 #include "Tests/Platform/Wifi/NetworkManagerMock.h"
 
+#include <QTest>
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

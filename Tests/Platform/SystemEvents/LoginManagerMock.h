@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Tests/Support/DBusMock.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
-#include <QProcess>
-#include <QTest>
 
 namespace quorvel::tests {
 
@@ -13,25 +13,9 @@ namespace quorvel::tests {
 class LoginManagerMock final
 {
 public:
-    ~LoginManagerMock()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-
     void start()
     {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
-                           environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
-        m_process.setProcessEnvironment(environment);
-        m_process.setStandardOutputFile(QProcess::nullDevice());
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(NETWORK_MANAGER_PYTHON),
-                        {QStringLiteral("-B"), QStringLiteral("-m"), QStringLiteral("dbusmock"),
-                         QStringLiteral("--template"), QStringLiteral("logind")});
-        if (!QTest::qWaitFor([this] { return prepareForSleep(false); }, 20'000))
-            qFatal("the login manager does not come up");
+        m_mock.start(QStringLiteral("logind"), [this] { return prepareForSleep(false); });
     }
 
     /// Says that the machine goes to sleep, or has woken up.
@@ -49,7 +33,7 @@ public:
 private:
     /// The one that the backend under test is on, so that it hears of it before this returns.
     QDBusConnection m_bus = QDBusConnection::sessionBus();
-    QProcess m_process;
+    DBusMock m_mock;
 };
 
 } // namespace quorvel::tests

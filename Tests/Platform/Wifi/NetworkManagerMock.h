@@ -1,14 +1,11 @@
 #pragma once
 
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
+#include "Tests/Support/DBusMock.h"
 
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
-#include <QProcess>
-#include <QTest>
-
-#include <csignal>
 
 namespace quorvel::tests {
 
@@ -16,33 +13,18 @@ namespace quorvel::tests {
 class NetworkManagerMock final
 {
 public:
-    ~NetworkManagerMock() { stop(); }
-
     void start()
     {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
-                           environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
-        m_process.setProcessEnvironment(environment);
-        m_process.setStandardOutputFile(QProcess::nullDevice());
-        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(NETWORK_MANAGER_PYTHON),
-                        {QStringLiteral("-B"), QStringLiteral("-m"), QStringLiteral("dbusmock"),
-                         QStringLiteral("--template"), QStringLiteral(NETWORK_MANAGER_TEMPLATE)});
-        if (!QTest::qWaitFor([this] { return isServing(); }, 20'000))
-            qFatal("the network service does not come up");
+        m_mock.start(QStringLiteral(QUORVEL_WORLD "/networkmanager_mock.py"),
+                     [this] { return isServing(); });
     }
 
     /// As if it had crashed.
-    void stop()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
+    void stop() { m_mock.stop(); }
 
     /// Keeps its name on the bus and answers nobody.
-    void freeze() { ::kill(pid_t(m_process.processId()), SIGSTOP); }
-    void thaw() { ::kill(pid_t(m_process.processId()), SIGCONT); }
+    void freeze() { m_mock.freeze(); }
+    void thaw() { m_mock.thaw(); }
 
     QVariant call(const QString &member, const QVariantList &arguments = {}) const
     {
@@ -138,7 +120,7 @@ private:
     /// The one that the client under test is on, so that it hears of a change before the change is
     /// confirmed here.
     QDBusConnection m_bus = QDBusConnection::sessionBus();
-    QProcess m_process;
+    DBusMock m_mock;
 };
 
 } // namespace quorvel::tests
