@@ -2,20 +2,11 @@
 
 import unittest
 
-from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PULSE_SECONDS, DesktopCase
-from wayland_desktop import WaylandDesktop
+from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PULSE_SECONDS
+from wayland_case import WaylandCase
 
 LOSS_SECONDS = 2
-
-
-class WaylandCase(DesktopCase):
-    def make_desktop(self):
-        return WaylandDesktop()
-
-    def open_panel(self):
-        self.desktop.click_icon()
-        self.desktop.wait_for_focused_window(PANEL)
-        return self.desktop.windows(PANEL)[0]
+IN_THE_BAR = 5
 
 
 class IconTest(WaylandCase):
@@ -32,7 +23,7 @@ class IconTest(WaylandCase):
 class PanelTest(WaylandCase):
     def setUp(self):
         super().setUp()
-        self.program = self.start_shown_program("swaybar")
+        self.start_shown_program("swaybar")
 
     def test_a_click_on_the_icon_opens_all_of_it_and_the_next_closes_it(self):
         panel = self.open_panel()
@@ -43,12 +34,6 @@ class PanelTest(WaylandCase):
         self.desktop.let_double_click_time_pass()
         self.desktop.click_icon()
         self.desktop.wait_for_no_window(PANEL)
-
-    def test_escape_closes_it_and_the_program_ends_well(self):
-        self.open_panel()
-        self.desktop.press_key("Escape")
-        self.desktop.wait_for_no_window(PANEL)
-        self.assert_ends_well(self.program)
 
     def test_a_second_start_opens_it(self):
         self.assertEqual(self.start_program_again(), 0)
@@ -69,9 +54,17 @@ class FocusTest(WaylandCase):
     def point_beside_the_panel(self):
         self.desktop.point(self.panel.left - 100, self.panel.top)
 
+    def leave_the_panel(self):
+        """As often as it takes: the panel's own wish for the focus may be heard last."""
+        def leaves():
+            self.desktop.point(self.panel.left - 100, IN_THE_BAR)
+            self.point_beside_the_panel()
+            return self.desktop.has_focus(DIAGNOSTICS)
+
+        self.desktop.wait_until(leaves, "the focus follows the pointer")
+
     def reach_the_panel(self):
-        self.point_beside_the_panel()
-        self.desktop.wait_for_focused_window(DIAGNOSTICS)
+        self.leave_the_panel()
         self.desktop.point(self.panel.left + 100, self.panel.top + 5)
         self.desktop.wait_for_focused_window(PANEL)
 
@@ -86,7 +79,7 @@ class FocusTest(WaylandCase):
         )
 
     def test_a_panel_that_nobody_goes_to_closes_in_the_end(self):
-        self.point_beside_the_panel()
+        self.leave_the_panel()
         self.desktop.wait_for_no_window(PANEL)
 
 

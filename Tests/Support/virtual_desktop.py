@@ -271,7 +271,10 @@ class VirtualDesktop:
         return self.wait_until(lambda: self.windows(title), f"the window {title} opens")[0]
 
     def wait_for_focused_window(self, title):
-        self.wait_until(lambda: self._focused_title() == title, f"the window {title} has focus")
+        self.wait_until(lambda: self.has_focus(title), f"the window {title} has focus")
+
+    def has_focus(self, title):
+        return self._focused_title() == title
 
     def wait_for_no_window(self, title):
         self.wait_until(lambda: not self.windows(title), f"the window {title} closes")

@@ -55,8 +55,9 @@ class KeyringWorld:
         self._launch([], b"")
 
     def lock(self):
-        unlocked = dbus.Array([self.default_collection()], signature="o")
-        self._call("Lock", "ao", unlocked)
+        # Right after an item was stored, the daemon may name none for a moment.
+        unlocked = self._wait_until(self.default_collection, "has a keyring to lock")
+        self._call("Lock", "ao", dbus.Array([unlocked], signature="o"))
 
     def unlock(self):
         """As with the right password typed, without a prompt."""
@@ -145,10 +146,11 @@ class KeyringWorld:
 
     def _wait_until(self, condition, what):
         deadline = time.monotonic() + WAIT_SECONDS
-        while not condition():
+        while not (value := condition()):
             if time.monotonic() > deadline:
                 raise AssertionError(f"not so: the keyring {what}\n{self._processes.logs()}")
             time.sleep(POLL_SECONDS)
+        return value
 
 
 def carry_out(keyring, command):
