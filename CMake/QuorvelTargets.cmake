@@ -92,13 +92,13 @@ endfunction()
 function(quorvel_moc name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}_moc)
   file(MAKE_DIRECTORY ${folder})
-  set(all_headers)
+  set(all_mocs)
   foreach(source ${ARGN})
     cmake_path(GET source STEM base)
     cmake_path(ABSOLUTE_PATH source)
     if(source MATCHES "\\.h$")
       set(output ${folder}/moc_${base}.cpp)
-      string(APPEND all_headers "#include \"moc_${base}.cpp\"\n")
+      string(APPEND all_mocs "#include \"moc_${base}.cpp\"\n")
     elseif(source MATCHES "Test\\.cpp$")
       set(output ${folder}/${base}.moc)
     else()
@@ -110,8 +110,8 @@ function(quorvel_moc name)
     set_source_files_properties(${output} PROPERTIES HEADER_FILE_ONLY ON)
     target_sources(${name} PRIVATE ${output})
   endforeach()
-  if(all_headers)
-    file(CONFIGURE OUTPUT ${folder}/mocs.cpp CONTENT "${all_headers}" @ONLY)
+  if(all_mocs)
+    file(CONFIGURE OUTPUT ${folder}/mocs.cpp CONTENT "${all_mocs}" @ONLY)
     target_sources(${name} PRIVATE ${folder}/mocs.cpp)
   endif()
   set_target_properties(${name} PROPERTIES AUTOMOC OFF)
@@ -128,7 +128,7 @@ function(quorvel_library name)
 endfunction()
 
 # quorvel_tests_library(NAME SOURCES ... [LINKS ...])
-# What several tests share, compiled once and as they are.
+# What several tests share, compiled once and with their options.
 function(quorvel_tests_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
@@ -136,6 +136,7 @@ function(quorvel_tests_library name)
   target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} Qt6::Test)
   target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
   target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
+  set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
 endfunction()
 
 # quorvel_test(NAME SOURCES ... LINKS ... [LAUNCHER ...] [LABELS ...] [TIMEOUT seconds])
@@ -194,8 +195,8 @@ endfunction()
 
 # quorvel_program_test(NAME SCRIPT file ... [WHOLE_STACKS]), otherwise as quorvel_python_test.
 # Needs nothing built but the program and what is packaged with it. Some libraries keep no frame
-# pointers: whose leak it is, WHOLE_STACKS tell of those, too, and make the program several times
-# slower.
+# pointers. WHOLE_STACKS trace a leak through those, too, so that a known one is recognised, and
+# make the program several times slower.
 function(quorvel_program_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg WHOLE_STACKS "" "")
   quorvel_python_test(${name} ${arg_UNPARSED_ARGUMENTS})

@@ -13,7 +13,7 @@ class FirstStartTest(ActivationCase):
 
     def test_activating_it_opens_the_panel_beside_its_icon(self):
         self.desktop.start_tray("trayer")
-        self.desktop.wait_for_tray("trayer")
+        self.desktop.wait_for_trayer()
         self.activate()
         self.assert_only_window(PANEL)
         self.desktop.wait_for_icon()

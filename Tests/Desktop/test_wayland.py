@@ -6,7 +6,7 @@ from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PULSE_SECONDS
 from wayland_case import WaylandCase
 
 LOSS_SECONDS = 2
-IN_THE_BAR = 5
+BAR_Y = 5
 
 
 class IconTest(WaylandCase):
@@ -57,7 +57,7 @@ class FocusTest(WaylandCase):
     def leave_the_panel(self):
         """As often as it takes: the panel's own wish for the focus may be heard last."""
         def leaves():
-            self.desktop.point(self.panel.left - 100, IN_THE_BAR)
+            self.desktop.point(self.panel.left - 100, BAR_Y)
             self.point_beside_the_panel()
             return self.desktop.has_focus(DIAGNOSTICS)
 

@@ -8,7 +8,7 @@ namespace quorvel::tests {
 
 namespace {
 
-constexpr int startLimit = 20'000;
+constexpr int startLimitMilliseconds = 20'000;
 
 } // namespace
 
@@ -28,7 +28,7 @@ void DBusMock::start(const QString &serviceTemplate, const std::function<bool()>
     m_process.start(QStringLiteral(QUORVEL_PYTHON),
                     {QStringLiteral("-B"), QStringLiteral("-m"), QStringLiteral("dbusmock"),
                      QStringLiteral("--template"), serviceTemplate});
-    if (!QTest::qWaitFor(isServing, startLimit))
+    if (!QTest::qWaitFor(isServing, startLimitMilliseconds))
         qFatal("%s does not come up", qUtf8Printable(serviceTemplate));
 }
 

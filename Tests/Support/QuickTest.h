@@ -34,6 +34,15 @@ inline QQuickItem *find(QQuickItem *root, const char *property, const QVariant &
     return nullptr;
 }
 
+/// The first item in `window` that shows and whose `property` is `value`, or null.
+inline QQuickItem *shown(const QQuickWindow &window, const char *property, const QVariant &value)
+{
+    for (QQuickItem *item : itemsUnder(window.contentItem()))
+        if (item->isVisible() && item->property(property) == value)
+            return item;
+    return nullptr;
+}
+
 inline QPoint centre(const QQuickItem *item)
 {
     return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();

@@ -117,11 +117,11 @@ class VirtualDesktop:
         self._tray_height = height
         self._tray = STARTERS[kind](self, height, **options)
 
-    def wait_for_tray(self, kind):
-        """Until its window is made: as that comes, it may take the focus from another. One that has
-        no icon yet need not show it."""
+    def wait_for_trayer(self):
+        """Until its window is made. It may take the focus as it shows itself, which it sometimes
+        does at once, and sometimes with the first icon."""
         self.wait_until(
-            lambda: self._ask("xdotool", "search", "--class", kind), f"{kind} has a window"
+            lambda: self._ask("xdotool", "search", "--classname", "^panel$"), "trayer has a window"
         )
 
     def stop_tray(self):

@@ -32,7 +32,7 @@ SHALLOW = [
 
 def project_commands(build):
     """The compile commands of what the tree ships and measures, not of generated files. Tests are
-    compiled with every warning by two compilers; linting them too would double the time."""
+    compiled with every warning; linting them too would double the time."""
     commands = json.loads((build / "compile_commands.json").read_text())
     return {
         command["file"]: command

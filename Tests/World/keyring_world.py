@@ -55,9 +55,7 @@ class KeyringWorld:
         self._launch([], b"")
 
     def lock(self):
-        # Right after an item was stored, the daemon may name none for a moment.
-        unlocked = self._wait_until(self.default_collection, "has a keyring to lock")
-        self._call("Lock", "ao", dbus.Array([unlocked], signature="o"))
+        self._call("Lock", "ao", dbus.Array([self._collection_there()], signature="o"))
 
     def unlock(self):
         """As with the right password typed, without a prompt."""
@@ -67,7 +65,7 @@ class KeyringWorld:
         secret = (session, dbus.ByteArray(b""), dbus.ByteArray(PASSWORD), "text/plain")
         bus.call_blocking(
             NAME, PATH, UNPROMPTED, "UnlockWithMasterPassword", "o(oayays)",
-            (self.default_collection(), secret),
+            (self._collection_there(), secret),
         )
         bus.close()
 
@@ -114,12 +112,16 @@ class KeyringWorld:
         return path if path not in NO_COLLECTION else None
 
     def is_locked(self):
-        return bool(self._properties(self.default_collection(), COLLECTION)["Locked"])
+        return bool(self._properties(self._collection_there(), COLLECTION)["Locked"])
 
     def collections(self):
         return [str(path) for path in self._properties(PATH, SERVICE)["Collections"]]
 
     # Parts
+
+    def _collection_there(self):
+        """Right after an item was stored, the daemon may name none for a moment."""
+        return self._wait_until(self.default_collection, "has a keyring")
 
     def _launch(self, options, typed):
         self.absent()

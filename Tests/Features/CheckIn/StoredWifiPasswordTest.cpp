@@ -13,9 +13,6 @@ class StoredWifiPasswordTest final : public WifiSectionCase
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void theEyeReadsTheStoredPasswordAndClearsIt()
     {
         openSaved();

@@ -12,9 +12,6 @@ class WifiFillTest final : public WifiSectionCase
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void theSystemsPasswordReplacesTheDraft()
     {
         show(three);

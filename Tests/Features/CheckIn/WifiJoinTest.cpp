@@ -12,9 +12,6 @@ class WifiJoinTest final : public WifiSectionCase
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void eightCharactersAreEnoughAndSevenAreNot_data()
     {
         QTest::addColumn<QString>("draft");

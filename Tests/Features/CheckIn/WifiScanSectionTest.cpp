@@ -7,15 +7,12 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// What the block lists, and when it listens.
+/// What the block lists, when it listens and asks the keychain, and how it may be destroyed.
 class WifiScanSectionTest final : public WifiSectionCase
 {
     Q_OBJECT
 
 private slots:
-    void init() { begin(); }
-    void cleanup() { end(); }
-
     void itBeginsScanningAndListensOnlyWhenShown()
     {
         settle();

@@ -17,7 +17,7 @@ WifiSectionCase::WifiSectionCase()
 
 WifiSectionCase::~WifiSectionCase() = default;
 
-void WifiSectionCase::begin()
+void WifiSectionCase::init()
 {
     m_section.reset();
     m_services.emplace();
@@ -30,7 +30,7 @@ void WifiSectionCase::begin()
                                               .copiedInterval = 0ms});
 }
 
-void WifiSectionCase::end()
+void WifiSectionCase::cleanup()
 {
     m_section.reset();
 }

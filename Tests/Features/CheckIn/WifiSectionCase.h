@@ -15,6 +15,10 @@ class WifiSectionCase : public QObject
 {
     Q_OBJECT
 
+private slots:
+    void init();
+    void cleanup();
+
 protected:
     using ScanState = WifiScanSection::ScanState;
     using Networks = QList<WifiNetwork>;
@@ -30,9 +34,6 @@ protected:
     WifiSectionCase();
     ~WifiSectionCase() override;
 
-    void begin();
-    void end();
-
     static void settle();
     /// Posted events alone, so that no timer fires.
     static void settleBriefly();
@@ -43,7 +44,7 @@ protected:
     /// "A" is open, and its password kept.
     void openSaved();
 
-    /// A join that goes on until one of the next two.
+    /// A join that goes on until `endJoin` or `failJoin`.
     void hold(const QString &ssid, const QString &password);
     void endJoin();
     void failJoin();

@@ -36,10 +36,7 @@ void HistoryOnScreen::settle()
 
 QQuickItem *HistoryOnScreen::shown(const char *property, const QVariant &value)
 {
-    for (QQuickItem *item : QuickTest::itemsUnder(window().contentItem()))
-        if (item->isVisible() && item->property(property) == value)
-            return item;
-    return nullptr;
+    return QuickTest::shown(window(), property, value);
 }
 
 QString HistoryOnScreen::focused()

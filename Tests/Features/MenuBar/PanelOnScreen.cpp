@@ -29,10 +29,7 @@ void PanelOnScreen::settle()
 
 QQuickItem *PanelOnScreen::shown(const char *property, const QVariant &value)
 {
-    for (QQuickItem *item : QuickTest::itemsUnder(window().contentItem()))
-        if (item->isVisible() && item->property(property) == value)
-            return item;
-    return nullptr;
+    return QuickTest::shown(window(), property, value);
 }
 
 void PanelOnScreen::focus(const QString &label)
