@@ -20,11 +20,7 @@ ProbeRoles ProbeWorld::roles(Store store)
             .placesService = places,
             .repository = store == Store::Present ? &repository : nullptr,
             .setupError = store == Store::Present ? QString() : setupError,
-            .loop = {.location = loop.location,
-                     .places = loop.places,
-                     .weather = loop.weather,
-                     .wifi = loop.wifi,
-                     .keychain = loop.keychain},
+            .loop = loop.services(),
             .pasteboard = pasteboard,
             .clock = loop.clock};
 }

@@ -55,6 +55,11 @@ LocatedSnapshot LoopWorld::degraded() const
     return {.ssid = wifi.ssid, .hasRememberedPassword = false, .signal = wifi.signal};
 }
 
+MenuBarViewModel::Services LoopWorld::services()
+{
+    return {location, places, weather, wifi, keychain};
+}
+
 void LoopWorld::willAuthorize()
 {
     location.authorize(AuthorizationStatus::AuthorizedAlways);
@@ -87,8 +92,7 @@ void LoopWorld::send(const MenuBarInput &input)
 
 void LoopWorld::makeViewModel()
 {
-    viewModel = std::make_unique<MenuBarViewModel>(
-        MenuBarViewModel::Services{location, places, weather, wifi, keychain}, clock);
+    viewModel = std::make_unique<MenuBarViewModel>(services(), clock);
     QObject::connect(viewModel.get(), &MenuBarViewModel::stateChanged,
                      [this] { states.push_back(viewModel->state()); });
 }

@@ -34,6 +34,9 @@ public:
     [[nodiscard]] LocatedSnapshot full() const;
     [[nodiscard]] LocatedSnapshot degraded() const;
 
+    /// What the loop asks.
+    [[nodiscard]] MenuBarViewModel::Services services();
+
     void willAuthorize();
     void willLocate(double metersNorth = 0);
     void willFindAll(double metersNorth = 0);

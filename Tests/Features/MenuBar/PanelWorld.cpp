@@ -8,11 +8,7 @@ PanelWorld::~PanelWorld() = default;
 MenuBarRoles PanelWorld::roles(Store store)
 {
     return {.checkInRepository = store == Store::Present ? &repository : nullptr,
-            .loop = {.location = loop.location,
-                     .places = loop.places,
-                     .weather = loop.weather,
-                     .wifi = loop.wifi,
-                     .keychain = loop.keychain},
+            .loop = loop.services(),
             .systemPasswords = systemPasswords,
             .pasteboard = pasteboard,
             .systemSettings = systemSettings,

@@ -41,8 +41,7 @@ TerminalContext TerminalWorld::context()
                 [this] {
                     if (loopFailure)
                         throw FakeCheckInRepository::Failure(*loopFailure);
-                    return MenuBarViewModel::Services{loop.location, loop.places, loop.weather,
-                                                      loop.wifi, loop.keychain};
+                    return loop.services();
                 },
             .files = files,
             .clock = loop.clock};
