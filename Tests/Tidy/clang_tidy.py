@@ -5,7 +5,7 @@ Most of the time goes into what the files include, which is nearly the same for 
 batch of them is read as one. Two files of one batch may not give different things the same name,
 even to themselves: such a batch is read target by target instead. A batch counts as the same
 while its files, the headers that they were built from, their compiler flags and the checks are
-the same, byte for byte; one that was never built is read each time.
+the same, byte for byte.
 """
 
 import concurrent.futures
@@ -134,18 +134,14 @@ def complaint_about(batch, unity):
     return finished.stdout + finished.stderr if finished.returncode or unread else ""
 
 
-def is_built(batch, headers):
-    return all(output_of(command) in headers for command in batch)
-
-
-def check(batch, stamp, headers):
+def check(batch, stamp):
     """Returns what there is to change in the batch, or nothing, and remembers that."""
     unity = stamp.with_suffix(".cpp")
     complaint = complaint_about(batch, unity)
     targets = grouped(batch, target_of)
     if complaint and len(targets) > 1:
         complaint = "".join(complaint_about(target, unity) for target in targets)
-    if not complaint and is_built(batch, headers):
+    if not complaint:
         stamp.touch()
     return complaint
 
@@ -165,7 +161,7 @@ def main(build):
             waiting.append((batch, stamp))
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for complaint in pool.map(lambda job: check(*job, headers), waiting):
+        for complaint in pool.map(lambda job: check(*job), waiting):
             if complaint:
                 failed += 1
                 print(complaint, flush=True)
