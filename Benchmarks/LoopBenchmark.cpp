@@ -2,8 +2,8 @@
 
 #include "Benchmarks/Comparison.h"
 #include "Core/Keychain/FakeKeychainStore.h"
-#include "Core/Support/Task.h"
-#include "Features/MenuBar/MenuBarViewModel.h"
+#include "Core/Support/Tasks/Task.h"
+#include "Features/MenuBar/Loop/MenuBarViewModel.h"
 #include "Platform/Clock/Clock.h"
 #include "Services/Location/FakeLocationService.h"
 #include "Services/Places/FakePlacesService.h"

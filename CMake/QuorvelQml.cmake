@@ -23,6 +23,11 @@ endif()
 # Whoever links NAME can import the URI: its types and files are inside the program.
 function(quorvel_qml_module name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "QML_FILES;SOURCES;IMPORTS;LINKS")
+  # A module is flat to those who import it, whatever folders its files stand in.
+  foreach(view ${arg_QML_FILES})
+    cmake_path(GET view FILENAME file_name)
+    set_source_files_properties(${view} PROPERTIES QT_RESOURCE_ALIAS ${file_name})
+  endforeach()
   qt_add_library(${name} STATIC)
   qt_add_qml_module(${name}
     URI ${arg_URI}
@@ -39,7 +44,11 @@ function(quorvel_qml_module name)
   list(FILTER sources INCLUDE REGEX "/qmlcache/")
   set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
   # The generated registration names its headers without their folder.
-  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  set(folders ${arg_SOURCES})
+  list(TRANSFORM folders REPLACE "[^/]+$" "")
+  list(REMOVE_DUPLICATES folders)
+  list(TRANSFORM folders PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_include_directories(${name} PRIVATE ${folders})
   target_link_libraries(${name}
     PUBLIC quorvel_options ${arg_LINKS} Qt6::Quick
     INTERFACE ${name}plugin)

@@ -168,17 +168,22 @@ endfunction()
 # Always the system's Python: the one first on PATH may lack the modules that Debian installs.
 set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
 
+# Where the tests' own modules of Python stand.
+set(QUORVEL_PYTHON_FOLDERS
+  Support/Desktop Support/Session World World/Daemons World/Web Desktop)
+list(TRANSFORM QUORVEL_PYTHON_FOLDERS PREPEND ${PROJECT_SOURCE_DIR}/Tests/)
+list(JOIN QUORVEL_PYTHON_FOLDERS ":" QUORVEL_PYTHONPATH)
+
 # Has a test start a daemon, a real one or a mock, from the tests' own world.
 function(quorvel_beside_daemon name)
   target_compile_definitions(${name} PRIVATE
-    QUORVEL_PYTHON="${QUORVEL_PYTHON}" QUORVEL_WORLD="${PROJECT_SOURCE_DIR}/Tests/World")
+    QUORVEL_PYTHON="${QUORVEL_PYTHON}" QUORVEL_DAEMONS="${PROJECT_SOURCE_DIR}/Tests/World/Daemons")
   set_property(TEST ${name} APPEND PROPERTY
-    ENVIRONMENT PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support)
+    ENVIRONMENT PYTHONPATH=${QUORVEL_PYTHONPATH})
 endfunction()
 
 # quorvel_python_test(NAME SCRIPT file [ARGUMENTS ...] [LABELS ...] [TIMEOUT seconds]
 #                     [ENVIRONMENT ...])
-# Finds the modules of Tests/Support and Tests/World.
 function(quorvel_python_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "SCRIPT;TIMEOUT" "ARGUMENTS;LABELS;ENVIRONMENT")
   if(NOT arg_TIMEOUT)
@@ -187,7 +192,7 @@ function(quorvel_python_test name)
   add_test(NAME ${name}
     COMMAND ${QUORVEL_PYTHON} -B ${CMAKE_CURRENT_SOURCE_DIR}/${arg_SCRIPT} ${arg_ARGUMENTS})
   set(environment
-      PYTHONPATH=${PROJECT_SOURCE_DIR}/Tests/Support:${PROJECT_SOURCE_DIR}/Tests/World
+      PYTHONPATH=${QUORVEL_PYTHONPATH}
       ${QUORVEL_TEST_ENVIRONMENT} ${arg_ENVIRONMENT})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")

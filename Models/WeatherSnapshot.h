@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/ObjectStore/Composite.h"
+#include "Platform/ObjectStore/Schema/Composite.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Features/MenuBar/MenuBarFacilities.h"
+#include "Features/MenuBar/Loop/MenuBarFacilities.h"
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Core/DI/AppEnvironment.h"
-#include "Features/MenuBar/MenuBarLabel.h"
-#include "Features/MenuBar/TraylessOpening.h"
+#include "Features/MenuBar/Icon/MenuBarLabel.h"
+#include "Features/MenuBar/Icon/TraylessOpening.h"
 #include "Platform/SessionLock/ScreenSaverSessionLock.h"
 #include "Platform/SingleInstance/SingleInstance.h"
 #include "Platform/StatusItem/TrayStatusItem.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Features/Scenes/Scenes.h"
+#include "Core/DI/Scenes.h"
 #include "Quorvel/ProgramModule.h"
 
 namespace quorvel {

@@ -1,4 +1,4 @@
-#include "Core/Support/Task.h"
+#include "Core/Support/Tasks/Task.h"
 #include "Platform/ApplicationId.h"
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 #include "Platform/Termination/LogOut.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Support/RecordListModel.h"
-#include "_Probes/MenuBarViewModelProbe.h"
+#include "_Probes/Loop/MenuBarViewModelProbe.h"
 #include "_Probes/ProbeViewModel.h"
 
 namespace quorvel {

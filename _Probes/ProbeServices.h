@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Features/MenuBar/MenuBarServices.h"
+#include "Features/MenuBar/Loop/MenuBarServices.h"
 #include "_Probes/ProbeRoles.h"
 
 namespace quorvel {

@@ -1,10 +1,10 @@
 #include "_Probes/ProbeViewModel.h"
 
 #include "Core/Persistence/CheckInRepository.h"
-#include "Features/History/HistoryTexts.h"
+#include "Features/History/List/HistoryTexts.h"
 #include "Platform/Pasteboard/Pasteboard.h"
-#include "_Probes/ProbeTexts.h"
-#include "_Probes/ShareableText.h"
+#include "_Probes/Log/ProbeTexts.h"
+#include "_Probes/Log/ShareableText.h"
 
 #include <algorithm>
 #include <span>

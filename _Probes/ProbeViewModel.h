@@ -1,6 +1,6 @@
 #pragma once
 
-#include "_Probes/LogLine.h"
+#include "_Probes/Log/LogLine.h"
 #include "_Probes/ProbeRoles.h"
 
 #include <QPointer>

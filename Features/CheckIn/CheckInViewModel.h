@@ -3,7 +3,7 @@
 #include "Core/Keychain/KeychainStore.h"
 #include "Core/Persistence/CheckInRepository.h"
 #include "Core/Support/ViewState.h"
-#include "Features/MenuBar/LocatedSnapshot.h"
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "Core/Support/RecordListModel.h"
-#include "Features/CheckIn/CafeRow.h"
+#include "Features/CheckIn/Cafe/CafeRow.h"
 #include "Features/CheckIn/CheckInViewModel.h"
 #include "Features/CheckIn/LocatedTexts.h"
 #include "Features/CheckIn/RatingRow.h"
-#include "Features/CheckIn/WifiScreen.h"
-#include "Features/MenuBar/MenuBarViewModel.h"
+#include "Features/CheckIn/Wifi/WifiScreen.h"
+#include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #include "Features/CheckIn/LocatedTexts.h"
 
-#include "Core/Support/RoundedNumber.h"
+#include "Core/Support/Texts/RoundedNumber.h"
 
 namespace quorvel::LocatedTexts {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Features/CheckIn/CheckInViewModel.h"
-#include "Features/MenuBar/LocatedSnapshot.h"
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Persistence/CheckInPhotoStore.h"
-#include "Features/History/VisitWifiQR.h"
+#include "Features/History/Visit/VisitWifiQR.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #include "Features/History/HistoryScreen.h"
 
-#include "Features/History/HistoryTexts.h"
+#include "Features/History/List/HistoryTexts.h"
 
 namespace quorvel {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Features/History/HistoryListModel.h"
 #include "Features/History/HistoryViewModel.h"
-#include "Features/History/VisitDetail.h"
+#include "Features/History/List/HistoryListModel.h"
+#include "Features/History/Visit/VisitDetail.h"
 
 #include <qqmlintegration.h>
 

@@ -1,6 +1,6 @@
 #include "Features/History/HistoryViewModel.h"
 
-#include "Features/History/HistoryGrouping.h"
+#include "Features/History/List/HistoryGrouping.h"
 
 #include <QSet>
 

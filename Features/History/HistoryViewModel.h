@@ -2,7 +2,7 @@
 
 #include "Core/Persistence/CheckInRepository.h"
 #include "Core/Support/ViewState.h"
-#include "Features/History/HistorySection.h"
+#include "Features/History/List/HistorySection.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 

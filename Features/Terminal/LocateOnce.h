@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Features/MenuBar/MenuBarViewModel.h"
+#include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
 namespace quorvel {
 

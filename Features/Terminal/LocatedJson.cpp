@@ -1,6 +1,6 @@
 #include "Features/Terminal/LocatedJson.h"
 
-#include "Services/Share/VisitJson.h"
+#include "Services/Share/Export/VisitJson.h"
 
 #include <QJsonArray>
 

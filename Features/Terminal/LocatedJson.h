@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Support/ViewState.h"
-#include "Features/MenuBar/LocatedSnapshot.h"
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
 
 #include <QJsonObject>
 

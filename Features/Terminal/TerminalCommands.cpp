@@ -1,9 +1,9 @@
 #include "Features/Terminal/TerminalCommands.h"
 
-#include "Features/Terminal/CheckInCommand.h"
-#include "Features/Terminal/ExportCommand.h"
-#include "Features/Terminal/HistoryCommand.h"
-#include "Features/Terminal/LocateCommand.h"
+#include "Features/Terminal/Commands/CheckInCommand.h"
+#include "Features/Terminal/Commands/ExportCommand.h"
+#include "Features/Terminal/Commands/HistoryCommand.h"
+#include "Features/Terminal/Commands/LocateCommand.h"
 #include "Platform/Terminal/Terminal.h"
 #include "Platform/Terminal/TerminalError.h"
 

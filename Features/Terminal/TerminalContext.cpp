@@ -1,6 +1,6 @@
 #include "Features/Terminal/TerminalContext.h"
 
-#include "Core/Support/PrintableText.h"
+#include "Core/Support/Texts/PrintableText.h"
 #include "Platform/Terminal/Terminal.h"
 
 namespace quorvel {

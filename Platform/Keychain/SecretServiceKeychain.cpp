@@ -1,8 +1,8 @@
 #include "Platform/Keychain/SecretServiceKeychain.h"
 
-#include "Platform/Keychain/SecretAttributes.h"
-#include "Platform/Keychain/SecretServiceCall.h"
-#include "Platform/Keychain/SecretServiceFailure.h"
+#include "Platform/Keychain/SecretService/SecretAttributes.h"
+#include "Platform/Keychain/SecretService/SecretServiceCall.h"
+#include "Platform/Keychain/SecretService/SecretServiceFailure.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Files/XdgBaseDirectories.h"
+#include "Platform/Files/Xdg/XdgBaseDirectories.h"
 #include "Platform/LoginItem/LoginItem.h"
 
 namespace quorvel {

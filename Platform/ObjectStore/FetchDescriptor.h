@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/ObjectStore/EntityDescription.h"
+#include "Platform/ObjectStore/Schema/EntityDescription.h"
 
 #include <compare>
 #include <functional>

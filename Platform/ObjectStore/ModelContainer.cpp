@@ -1,7 +1,7 @@
 #include "Platform/ObjectStore/ModelContainer.h"
 
-#include "Platform/ObjectStore/StoreConnection.h"
-#include "Platform/ObjectStore/StoreTurn.h"
+#include "Platform/ObjectStore/Sql/StoreConnection.h"
+#include "Platform/ObjectStore/Sql/StoreTurn.h"
 
 namespace quorvel {
 

@@ -1,7 +1,7 @@
 #include "Platform/ObjectStore/ModelContext.h"
 
-#include "Platform/ObjectStore/EntitySql.h"
-#include "Platform/ObjectStore/StoreConnection.h"
+#include "Platform/ObjectStore/Sql/EntitySql.h"
+#include "Platform/ObjectStore/Sql/StoreConnection.h"
 #include "Platform/ObjectStore/StoreError.h"
 
 #include <QScopeGuard>

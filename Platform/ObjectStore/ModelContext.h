@@ -2,7 +2,7 @@
 
 #include "Platform/ObjectStore/FetchDescriptor.h"
 #include "Platform/ObjectStore/PersistentObject.h"
-#include "Platform/ObjectStore/RowTable.h"
+#include "Platform/ObjectStore/Sql/RowTable.h"
 
 #include <QHash>
 

@@ -1,11 +1,11 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 
 #include "Platform/Wifi/NetworkManager/AccessPoint.h"
-#include "Platform/Wifi/NetworkManager/NetworkManagerJoin.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerScan.h"
-#include "Platform/Wifi/NetworkManager/NetworkManagerSecret.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerStates.h"
+#include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerJoin.h"
+#include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerSecret.h"
 
 #include <QObject>
 

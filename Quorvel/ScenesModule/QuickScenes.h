@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Features/MenuBar/MenuBarFacilities.h"
-#include "Features/Scenes/Scenes.h"
+#include "Core/DI/Scenes.h"
+#include "Features/MenuBar/Loop/MenuBarFacilities.h"
 
 #include <QObject>
 #include <QQmlEngine>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/DI/AppEnvironment.h"
-#include "Features/MenuBar/MenuBarServices.h"
+#include "Features/MenuBar/Loop/MenuBarServices.h"
 #include "Features/Terminal/TerminalContext.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Quorvel/LiveFacilities.h"

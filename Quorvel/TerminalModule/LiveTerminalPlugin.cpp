@@ -1,6 +1,6 @@
 #include "Quorvel/TerminalModule/LiveTerminalPlugin.h"
 
-#include "Core/Support/Task.h"
+#include "Core/Support/Tasks/Task.h"
 #include "Features/Terminal/TerminalCommands.h"
 #include "Quorvel/TerminalModule/LiveTerminal.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Support/OneShotSlot.h"
+#include "Core/Support/Tasks/OneShotSlot.h"
 #include "Services/Location/LocationService.h"
 
 #include <QObject>

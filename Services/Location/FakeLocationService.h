@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Support/AppError.h"
-#include "Core/Support/OneShotSlot.h"
+#include "Core/Support/Tasks/OneShotSlot.h"
 #include "Services/Location/LocationService.h"
 
 #include <QStringList>

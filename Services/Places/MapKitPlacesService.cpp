@@ -1,7 +1,7 @@
 #include "Services/Places/MapKitPlacesService.h"
 
 #include "Core/Support/AppError.h"
-#include "Core/Support/ShortestDecimal.h"
+#include "Core/Support/Texts/ShortestDecimal.h"
 #include "Platform/Geodesy/DistanceMeters.h"
 #include "Platform/PointsOfInterest/PointsOfInterestError.h"
 

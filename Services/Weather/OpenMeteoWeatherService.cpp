@@ -1,7 +1,7 @@
 #include "Services/Weather/OpenMeteoWeatherService.h"
 
 #include "Core/Support/AppError.h"
-#include "Core/Support/ShortestDecimal.h"
+#include "Core/Support/Texts/ShortestDecimal.h"
 #include "Platform/Http/HttpError.h"
 #include "Services/Weather/OpenMeteoDTO.h"
 

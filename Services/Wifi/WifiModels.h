@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Support/Task.h"
+#include "Core/Support/Tasks/Task.h"
 
 #include <QList>
 #include <QString>

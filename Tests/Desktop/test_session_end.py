@@ -8,7 +8,7 @@ import unittest
 
 from desktop_case import PANEL, DesktopCase
 
-MANAGER = pathlib.Path(__file__).parent.parent / "Support/fake_session_manager.py"
+MANAGER = pathlib.Path(__file__).parent.parent / "Support/Desktop/fake_session_manager.py"
 PROMPT_SECONDS = 5
 # As the protocol counts: started again at the next login, or never.
 NEVER = 3

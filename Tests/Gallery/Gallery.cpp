@@ -1,6 +1,6 @@
 #include "Tests/Gallery/Gallery.h"
 
-#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/Theme/Theme.h"
 
 namespace quorvel::tests {
 

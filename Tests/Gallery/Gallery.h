@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tests/Gallery/GalleryStates.h"
+#include "Tests/Gallery/States/GalleryStates.h"
 
 #include <QStringList>
 

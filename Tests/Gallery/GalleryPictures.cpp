@@ -1,8 +1,8 @@
 #include "Tests/Gallery/GalleryPictures.h"
 
-#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Gallery/GalleryStage.h"
-#include "Tests/Gallery/GalleryStates.h"
+#include "Tests/Gallery/States/GalleryStates.h"
 
 #include <QDir>
 #include <QQuickWindow>

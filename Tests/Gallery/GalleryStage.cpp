@@ -1,7 +1,7 @@
 #include "Tests/Gallery/GalleryStage.h"
 
-#include "Core/DesignSystem/ViewFactory.h"
-#include "Features/History/VisitPicture.h"
+#include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Features/History/Share/VisitPicture.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QAbstractItemModel>

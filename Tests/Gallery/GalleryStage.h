@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Features/History/HistoryScreen.h"
-#include "Features/MenuBar/LaunchAtLoginToggle.h"
-#include "Features/MenuBar/MenuBarScene.h"
+#include "Features/MenuBar/Panel/LaunchAtLoginToggle.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Tests/Features/History/HistoryWorld.h"
-#include "Tests/Features/MenuBar/PanelWorld.h"
+#include "Tests/Features/MenuBar/Panel/PanelWorld.h"
 #include "Tests/Probes/ProbeWorld.h"
 #include "_Probes/ProbeScreen.h"
 

@@ -1,8 +1,8 @@
 #include "Tests/Gallery/Gallery.h"
 
-#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Gallery/GalleryPictures.h"
-#include "Tests/Gallery/ViewInspection.h"
+#include "Tests/Gallery/Inspection/ViewInspection.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QQmlEngine>

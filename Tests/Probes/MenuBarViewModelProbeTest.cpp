@@ -1,6 +1,6 @@
-#include "_Probes/MenuBarViewModelProbe.h"
+#include "_Probes/Loop/MenuBarViewModelProbe.h"
 
-#include "Tests/Features/MenuBar/LoopWorld.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QSignalSpy>
 #include <QTest>

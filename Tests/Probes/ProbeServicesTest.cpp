@@ -2,7 +2,7 @@
 
 #include "Core/DI/AppEnvironment.h"
 #include "Platform/Files/FakeFileManager.h"
-#include "Tests/Support/QuietFacilities.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QTest>
 

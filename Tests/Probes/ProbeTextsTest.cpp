@@ -1,4 +1,4 @@
-#include "_Probes/ProbeTexts.h"
+#include "_Probes/Log/ProbeTexts.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-#include "Core/DesignSystem/Theme.h"
-#include "Core/DesignSystem/ViewFactory.h"
+#include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Probes/ProbeWorld.h"
 #include "Tests/Support/QuickTest.h"
 #include "_Probes/ProbeScreen.h"

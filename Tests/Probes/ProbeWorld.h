@@ -2,7 +2,7 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
-#include "Tests/Features/MenuBar/LoopWorld.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "_Probes/ProbeRoles.h"
 
 namespace quorvel::tests {

@@ -1,4 +1,4 @@
-#include "_Probes/ShareableText.h"
+#include "_Probes/Log/ShareableText.h"
 
 #include <QTest>
 

@@ -24,6 +24,7 @@ PLATFORM_HEADERS = re.compile(
     r"|QSystemTrayIcon|QSql|QtSql|xcb/|X11/|SQLiteCpp/|sqlite3|libsecret/|gio/|glib|qrcodegen"
     r"|qpa/|QtGui/qpa)"
 )
+COROUTINES = "Core/Support/Tasks/Task.h"
 POSIX_HEADERS = re.compile(r"<(unistd|fcntl|pwd|dlfcn|sys/\w+)\.h>")
 
 
@@ -77,8 +78,8 @@ def fakes_stay_out_of_the_product(tree):
 def coroutine_library_has_one_door(tree):
     """Task.h alone names the coroutine library."""
     for source in tree.sources:
-        if source.is_product() and source.is_cpp() and source.path != "Core/Support/Task.h":
-            yield from source.findings(r"\bQCoro\w*|\bqCoro\b", "only Core/Support/Task.h names it")
+        if source.is_product() and source.is_cpp() and source.path != COROUTINES:
+            yield from source.findings(r"\bQCoro\w*|\bqCoro\b", f"only {COROUTINES} names it")
 
 
 RULES = [

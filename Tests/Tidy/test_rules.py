@@ -18,7 +18,7 @@ SAMPLES = {
         [
             {"Models/Cafe.h": '#include "Core/Support/AppError.h"\n'},
             {"Platform/Files/FileManager.h": '#include "Models/Cafe.h"\n'},
-            {"Core/Support/Task.h": '#include "Core/DI/AppEnvironment.h"\n'},
+            {"Core/Support/Tasks/Task.h": '#include "Core/DI/AppEnvironment.h"\n'},
             {"Services/Wifi/Wifi.cpp": '#include "Features/MenuBar/MenuBarRoot.h"\n'},
             {"Features/MenuBar/Label.cpp": '#include "Quorvel/QuorvelApp.h"\n'},
         ],
@@ -31,7 +31,7 @@ SAMPLES = {
     ),
     "platform_headers_stay_in_platform": (
         [
-            {"Core/Support/Task.h": f"#include <{header}>\n"}
+            {"Core/Support/Tasks/Task.h": f"#include <{header}>\n"}
             for header in ("QDBusConnection", "QtDBus/QDBusMessage", "QNetworkAccessManager",
                            "QProcess", "QClipboard", "QSystemTrayIcon", "SQLiteCpp/Database.h",
                            "sqlite3.h", "libsecret/secret.h", "gio/gio.h", "glib.h",
@@ -41,7 +41,7 @@ SAMPLES = {
         [
             {"Platform/Wifi/Wifi.cpp": "#include <QDBusConnection>\n#include <unistd.h>\n"},
             {"Tests/Core/CrashTest.cpp": "#include <QProcess>\n"},
-            {"Core/Support/Task.h": "#include <QObject>\n#include <chrono>\n"},
+            {"Core/Support/Tasks/Task.h": "#include <QObject>\n#include <chrono>\n"},
             {"Quorvel/main.cpp": "#include <unistd.h>\n"},
         ],
     ),
@@ -56,7 +56,7 @@ SAMPLES = {
         ],
     ),
     "fakes_stay_out_of_the_product": (
-        [{"Core/Support/Task.cpp": '#include "Platform/Clock/FakeClock.h"\n'}],
+        [{"Core/Support/Tasks/Task.cpp": '#include "Platform/Clock/FakeClock.h"\n'}],
         [
             {"Tests/Core/TaskTest.cpp": '#include "Platform/Clock/FakeClock.h"\n'},
             {"Platform/Clock/FakeClock.cpp": '#include "Platform/Clock/FakeClock.h"\n'},
@@ -65,7 +65,7 @@ SAMPLES = {
     "coroutine_library_has_one_door": (
         [{"Core/DI/Wait.h": "#include <QCoroTask>\n"}, {"Core/DI/Wait.cpp": "qCoro(reply);\n"}],
         [
-            {"Core/Support/Task.h": "#include <QCoroTask>\n"},
+            {"Core/Support/Tasks/Task.h": "#include <QCoroTask>\n"},
             {"Core/Support/CMakeLists.txt": "target_link_libraries(task QCoro6::Core)\n"},
         ],
     ),

@@ -9,7 +9,7 @@ import pathlib
 import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
-for neighbour in ("Support", "World"):
+for neighbour in ("Support/Desktop", "Support/Session", "World"):
     sys.path.append(str(HERE.parent / neighbour))
 
 from person import Person  # noqa: E402

@@ -13,7 +13,9 @@ import sys
 import tempfile
 
 # Run by hand, nobody has set the path to what the tests share.
-sys.path.append(str(pathlib.Path(__file__).resolve().parent.parent / "Support"))
+TESTS = pathlib.Path(__file__).resolve().parent.parent
+for folder in ("Support/Session", "World/Daemons", "World/Web"):
+    sys.path.append(str(TESTS / folder))
 
 from district import District  # noqa: E402
 from district_server import DistrictServer  # noqa: E402

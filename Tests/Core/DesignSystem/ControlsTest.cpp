@@ -1,5 +1,5 @@
-#include "Core/DesignSystem/Theme.h"
-#include "Tests/Core/DesignSystem/OpenSheet.h"
+#include "Core/DesignSystem/Theme/Theme.h"
+#include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 
 #include <QSignalSpy>
 

@@ -1,7 +1,7 @@
-#include "Core/DesignSystem/SignalBarsView.h"
-#include "Core/DesignSystem/Theme.h"
-#include "Core/DesignSystem/WeatherGlyph.h"
-#include "Tests/Core/DesignSystem/OpenSheet.h"
+#include "Core/DesignSystem/Glyphs/SignalBarsView.h"
+#include "Core/DesignSystem/Glyphs/WeatherGlyph.h"
+#include "Core/DesignSystem/Theme/Theme.h"
+#include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 
 #include <QImage>
 #include <QPainter>
@@ -123,31 +123,6 @@ private slots:
         QCOMPARE(dots->y(), label->height() + 3);
         QCOMPARE(QAccessible::queryAccessibleInterface(column)->text(QAccessible::Name),
                  u"Quiet 3 of 5"_s);
-    }
-
-    void starsUpToTheValueAreLit()
-    {
-        const ThemeColor &color = *Theme::shared().color();
-        for (int value = 0; value <= 6; ++value) {
-            const auto stars = starsOf(value);
-            QCOMPARE(stars.size(), 5);
-            for (int place = 1; place <= 5; ++place) {
-                const bool isLit = place <= value;
-                const QQuickItem *star = stars[place - 1];
-                QCOMPARE(star->property("name"), QVariant(isLit ? u"star.fill"_s : u"star"_s));
-                QCOMPARE(star->property("color").value<QColor>(),
-                         isLit ? color.starOn() : color.starOff());
-                QCOMPARE(star->size(), QSizeF(12, 12));
-            }
-        }
-    }
-
-    void starsAreOneElementForAssistiveTools()
-    {
-        const auto *meter = accessible(item(u"meter0"_s));
-        QCOMPARE(meter->text(QAccessible::Name), u"Power outlets 0 of 5"_s);
-        QCOMPARE(accessible(item(u"meter4"_s))->text(QAccessible::Name), u"Power outlets 4 of 5"_s);
-        QCOMPARE(meter->childCount(), 0);
     }
 
     void glyphHasTheColorOfItsWeather_data()
@@ -273,15 +248,6 @@ private:
     {
         // What a repeater makes is an item of the tree, and no child of its objects.
         return QuickTest::find(m_view->rootObject(), "objectName", objectName);
-    }
-
-    [[nodiscard]] QList<QQuickItem *> starsOf(int value) const
-    {
-        QList<QQuickItem *> stars;
-        for (QQuickItem *part : item(u"meter%1"_s.arg(value))->childItems())
-            if (part->inherits("quorvel::Symbol"))
-                stars.append(part);
-        return stars;
     }
 
     [[nodiscard]] QImage steamAt(QQuickItem *cup, double phase) const

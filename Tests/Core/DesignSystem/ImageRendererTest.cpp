@@ -1,6 +1,6 @@
-#include "Core/DesignSystem/ImageRenderer.h"
+#include "Core/DesignSystem/Rendering/ImageRenderer.h"
 
-#include "Core/DesignSystem/ViewFactory.h"
+#include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "Core/DesignSystem/RatingScale.h"
+#include "Core/DesignSystem/Ratings/RatingScale.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
-#include "Core/DesignSystem/Symbol.h"
+#include "Core/DesignSystem/Symbols/Symbol.h"
 
-#include "Core/DesignSystem/SymbolDrawing.h"
+#include "Core/DesignSystem/Symbols/SymbolDrawing.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,6 +1,6 @@
-#include "Core/DesignSystem/Theme.h"
+#include "Core/DesignSystem/Theme/Theme.h"
 
-#include "Core/DesignSystem/ViewFactory.h"
+#include "Core/DesignSystem/Rendering/ViewFactory.h"
 
 #include <QMetaProperty>
 #include <QQmlComponent>

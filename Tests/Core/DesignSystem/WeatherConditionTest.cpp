@@ -1,4 +1,4 @@
-#include "Core/DesignSystem/WeatherCondition.h"
+#include "Core/DesignSystem/Glyphs/WeatherCondition.h"
 
 #include <QTest>
 

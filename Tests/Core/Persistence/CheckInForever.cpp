@@ -3,7 +3,7 @@
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
-#include "Platform/Files/XdgFileManager.h"
+#include "Platform/Files/Xdg/XdgFileManager.h"
 
 #include <QFile>
 

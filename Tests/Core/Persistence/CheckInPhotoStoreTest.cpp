@@ -1,8 +1,8 @@
 #include "Core/Persistence/CheckInPhotoStore.h"
 
 #include "Platform/Files/FakeFileManager.h"
-#include "Platform/Files/XdgFileManager.h"
-#include "Tests/Support/LastWords.h"
+#include "Platform/Files/Xdg/XdgFileManager.h"
+#include "Tests/Support/Services/LastWords.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
-#include "Platform/Files/XdgFileManager.h"
+#include "Platform/Files/Xdg/XdgFileManager.h"
 #include "Tests/Support/SeededRandom.h"
 
 #include <QProcess>

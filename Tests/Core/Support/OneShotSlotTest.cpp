@@ -1,4 +1,4 @@
-#include "Core/Support/OneShotSlot.h"
+#include "Core/Support/Tasks/OneShotSlot.h"
 
 #include "Core/Support/AppError.h"
 #include "Tests/Support/RunTask.h"

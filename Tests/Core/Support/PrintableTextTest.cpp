@@ -1,4 +1,4 @@
-#include "Core/Support/PrintableText.h"
+#include "Core/Support/Texts/PrintableText.h"
 
 #include <QJsonDocument>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "Core/Support/RoundedNumber.h"
+#include "Core/Support/Texts/RoundedNumber.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "Core/Support/RunDetached.h"
+#include "Core/Support/Tasks/RunDetached.h"
 
 #include "Core/Support/AppError.h"
 #include "Tests/Support/RunTask.h"

@@ -1,4 +1,4 @@
-#include "Core/Support/ShortestDecimal.h"
+#include "Core/Support/Texts/ShortestDecimal.h"
 
 #include "Tests/Support/SeededRandom.h"
 

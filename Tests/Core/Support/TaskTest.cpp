@@ -1,8 +1,8 @@
-#include "Core/Support/Task.h"
+#include "Core/Support/Tasks/Task.h"
 
 #include "Core/Support/AppError.h"
-#include "Tests/Support/LastWords.h"
 #include "Tests/Support/RunTask.h"
+#include "Tests/Support/Services/LastWords.h"
 
 #include <QThread>
 

@@ -2,8 +2,8 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
-#include "Services/Wifi/FakeSystemWifiPasswordReader.h"
-#include "Tests/Features/MenuBar/LoopWorld.h"
+#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>

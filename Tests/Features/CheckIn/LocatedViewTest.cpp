@@ -1,4 +1,4 @@
-#include "Tests/Features/MenuBar/PanelOnScreen.h"
+#include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 
 #include <QAccessible>
 

@@ -1,6 +1,6 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
 
-#include "Core/DesignSystem/ViewFactory.h"
+#include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Tests/Support/RunTask.h"
 
 namespace quorvel::tests {

@@ -1,4 +1,4 @@
-#include "Features/Terminal/CheckInCommand.h"
+#include "Features/Terminal/Commands/CheckInCommand.h"
 
 #include "Features/CheckIn/CheckInViewModel.h"
 #include "Tests/Features/Terminal/TerminalWorld.h"

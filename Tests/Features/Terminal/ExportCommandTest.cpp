@@ -1,4 +1,4 @@
-#include "Features/Terminal/ExportCommand.h"
+#include "Features/Terminal/Commands/ExportCommand.h"
 
 #include "Tests/Features/Terminal/TerminalWorld.h"
 

@@ -1,4 +1,4 @@
-#include "Features/Terminal/HistoryCommand.h"
+#include "Features/Terminal/Commands/HistoryCommand.h"
 
 #include "Tests/Features/Terminal/TerminalWorld.h"
 

@@ -1,4 +1,4 @@
-#include "Features/Terminal/LocateCommand.h"
+#include "Features/Terminal/Commands/LocateCommand.h"
 
 #include "Tests/Features/Terminal/TerminalWorld.h"
 

@@ -4,7 +4,7 @@
 #include "Features/Terminal/TerminalCommands.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Terminal/FakeTerminal.h"
-#include "Tests/Features/MenuBar/LoopWorld.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QJsonObject>
 

@@ -1,4 +1,4 @@
-#include "Platform/Files/XdgBaseDirectories.h"
+#include "Platform/Files/Xdg/XdgBaseDirectories.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
-#include "Platform/Files/XdgFileManager.h"
+#include "Platform/Files/Xdg/XdgFileManager.h"
 
 #include "Platform/Files/FileError.h"
-#include "Tests/Support/PrivateMounts.h"
+#include "Tests/Support/Services/PrivateMounts.h"
 
 #include <QDir>
 #include <QScopeGuard>

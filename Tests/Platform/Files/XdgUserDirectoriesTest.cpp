@@ -1,4 +1,4 @@
-#include "Platform/Files/XdgUserDirectories.h"
+#include "Platform/Files/Xdg/XdgUserDirectories.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "Platform/Keychain/CallDeadline.h"
+#include "Platform/Keychain/SecretService/CallDeadline.h"
 
 #include <QElapsedTimer>
 #include <QTest>

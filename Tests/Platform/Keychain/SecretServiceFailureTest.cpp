@@ -1,4 +1,4 @@
-#include "Platform/Keychain/SecretServiceFailure.h"
+#include "Platform/Keychain/SecretService/SecretServiceFailure.h"
 
 #include <QTest>
 #include <libsecret/secret.h>

@@ -1,6 +1,6 @@
 #include "Platform/Keychain/SecretServiceKeychain.h"
 
-#include "Tests/World/KeyringWorld.h"
+#include "Tests/World/Daemons/KeyringWorld.h"
 
 #include <QElapsedTimer>
 #include <QTest>

@@ -1,7 +1,7 @@
 #include "Platform/Location/GeoClueLocationManager.h"
 
 #include "Platform/SystemBus/SystemBus.h"
-#include "Tests/World/GeoClueWorld.h"
+#include "Tests/World/Daemons/GeoClueWorld.h"
 
 #include <QSignalSpy>
 

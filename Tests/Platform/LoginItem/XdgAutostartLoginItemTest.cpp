@@ -1,7 +1,7 @@
 #include "Platform/LoginItem/XdgAutostartLoginItem.h"
 
 #include "Platform/LoginItem/LoginItemError.h"
-#include "Tests/Support/PrivateMounts.h"
+#include "Tests/Support/Services/PrivateMounts.h"
 
 #include <QDir>
 #include <QProcess>

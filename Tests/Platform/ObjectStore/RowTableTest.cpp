@@ -1,4 +1,4 @@
-#include "Platform/ObjectStore/RowTable.h"
+#include "Platform/ObjectStore/Sql/RowTable.h"
 
 #include "Tests/Platform/ObjectStore/LibraryEntities.h"
 

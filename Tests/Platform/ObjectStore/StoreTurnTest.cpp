@@ -1,4 +1,4 @@
-#include "Platform/ObjectStore/StoreTurn.h"
+#include "Platform/ObjectStore/Sql/StoreTurn.h"
 
 #include "Platform/ObjectStore/StoreError.h"
 #include "Tests/Platform/ObjectStore/LibraryEntities.h"

@@ -6,7 +6,7 @@
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Instants.h"
 #include "Tests/Support/RunTask.h"
-#include "Tests/Support/ScriptedHttpServer.h"
+#include "Tests/Support/Services/ScriptedHttpServer.h"
 
 namespace quorvel::tests {
 

@@ -1,6 +1,6 @@
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 
-#include "Tests/Platform/Wifi/NetworkManagerMock.h"
+#include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 
 #include <QTest>
 

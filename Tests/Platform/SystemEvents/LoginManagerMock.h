@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tests/Support/DBusMock.h"
+#include "Tests/Support/Services/DBusMock.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,5 +1,5 @@
 #include "Core/DI/AppEnvironment.h"
-#include "Features/Scenes/Scenes.h"
+#include "Core/DI/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
 
 #include <QGuiApplication>

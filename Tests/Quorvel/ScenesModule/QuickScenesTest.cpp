@@ -1,12 +1,12 @@
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
 #include "Core/DI/AppEnvironment.h"
-#include "Core/DesignSystem/Theme.h"
-#include "Features/MenuBar/MenuBarPanel.h"
+#include "Core/DesignSystem/Theme/Theme.h"
+#include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
 #include "Platform/Appearance/FakeAppearance.h"
 #include "Platform/Clock/Clock.h"
 #include "Tests/Support/QuickTest.h"
-#include "Tests/Support/QuietFacilities.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QQuickView>
 

@@ -1,7 +1,7 @@
 #include "Services/Location/FakeLocationService.h"
 
-#include "Tests/Support/LastWords.h"
 #include "Tests/Support/RunTask.h"
+#include "Tests/Support/Services/LastWords.h"
 
 using namespace Qt::StringLiterals;
 

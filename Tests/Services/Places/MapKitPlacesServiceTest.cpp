@@ -8,7 +8,7 @@
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
 #include "Services/Places/FakePlacesService.h"
 #include "Tests/Support/RunTask.h"
-#include "Tests/Support/ScriptedHttpServer.h"
+#include "Tests/Support/Services/ScriptedHttpServer.h"
 
 namespace quorvel::tests {
 

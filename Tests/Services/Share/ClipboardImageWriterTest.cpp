@@ -1,7 +1,7 @@
 #include "Services/Share/ClipboardImageWriter.h"
 
 #include "Platform/Files/FakeFileManager.h"
-#include "Platform/Files/XdgFileManager.h"
+#include "Platform/Files/Xdg/XdgFileManager.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "Services/Share/VisitCsv.h"
+#include "Services/Share/Export/VisitCsv.h"
 
 #include "Tests/Services/Share/SampleVisit.h"
 

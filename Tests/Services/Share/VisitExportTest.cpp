@@ -1,4 +1,4 @@
-#include "Services/Share/VisitExport.h"
+#include "Services/Share/Export/VisitExport.h"
 
 #include "Tests/Services/Share/SampleVisit.h"
 

@@ -3,8 +3,8 @@
 #include "Core/Support/AppError.h"
 #include "Platform/Wifi/FakeWifiClient.h"
 #include "Platform/Wifi/WifiError.h"
-#include "Tests/Support/LastWords.h"
 #include "Tests/Support/RunTask.h"
+#include "Tests/Support/Services/LastWords.h"
 
 #include <QTest>
 

@@ -1,8 +1,8 @@
-#include "Services/Wifi/SystemWifiPasswordReader.h"
+#include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
 
 #include "Platform/Wifi/FakeWifiClient.h"
 #include "Platform/Wifi/WifiError.h"
-#include "Services/Wifi/FakeSystemWifiPasswordReader.h"
+#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
 #include "Tests/Support/RunTask.h"
 
 #include <QTest>

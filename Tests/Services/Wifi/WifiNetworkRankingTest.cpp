@@ -1,6 +1,6 @@
 #include "Services/Wifi/WifiNetworkRanking.h"
 
-#include "Tests/Support/LastWords.h"
+#include "Tests/Support/Services/LastWords.h"
 
 #include <QTest>
 

@@ -1,0 +1,19 @@
+#include "Core/DesignSystem/Theme/Theme.h"
+
+#include <QQmlEngine>
+
+namespace quorvel {
+
+Theme &Theme::shared()
+{
+    static Theme theme;
+    return theme;
+}
+
+Theme *Theme::create(QQmlEngine * /*engine*/, QJSEngine * /*scriptEngine*/)
+{
+    QQmlEngine::setObjectOwnership(&shared(), QQmlEngine::CppOwnership);
+    return &shared();
+}
+
+} // namespace quorvel

@@ -1,0 +1,14 @@
+#include "Core/DesignSystem/Theme/ThemedItem.h"
+
+#include "Core/DesignSystem/Theme/Theme.h"
+
+namespace quorvel {
+
+ThemedItem::ThemedItem(QQuickItem *parent)
+    : QQuickPaintedItem(parent)
+{
+    setAntialiasing(true);
+    connect(Theme::shared().color(), &ThemeColor::changed, this, [this] { update(); });
+}
+
+} // namespace quorvel

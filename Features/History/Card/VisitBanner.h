@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Features/History/Visit/VisitDetail.h"
+
+#include <QQuickPaintedItem>
+
+class QPainterPath;
+
+namespace quorvel {
+
+/// The upper end of a visit's card: the photo, filling it, or the gradient where there is none. Its
+/// upper corners are those of the card.
+class VisitBanner : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(
+        quorvel::VisitDetail *detail READ detail WRITE setDetail NOTIFY detailChanged REQUIRED)
+    Q_PROPERTY(qreal cornerRadius READ cornerRadius WRITE setCornerRadius NOTIFY cornerRadiusChanged
+                   REQUIRED)
+
+public:
+    explicit VisitBanner(QQuickItem *parent = nullptr);
+
+    void paint(QPainter *painter) override;
+
+    /// Whose photo it is. Set once; may go before this.
+    [[nodiscard]] VisitDetail *detail() const { return m_detail; }
+    void setDetail(VisitDetail *detail);
+    [[nodiscard]] qreal cornerRadius() const { return m_cornerRadius; }
+    void setCornerRadius(qreal cornerRadius);
+
+signals:
+    void detailChanged();
+    void cornerRadiusChanged();
+
+private:
+    [[nodiscard]] QBrush fill() const;
+    [[nodiscard]] QPainterPath outline() const;
+
+    QPointer<VisitDetail> m_detail;
+    qreal m_cornerRadius = 0;
+};
+
+} // namespace quorvel

@@ -1,0 +1,78 @@
+#include "Features/History/List/HistoryTexts.h"
+
+#include "Core/Support/Texts/RoundedNumber.h"
+
+namespace quorvel::HistoryTexts {
+
+using namespace Qt::StringLiterals;
+
+QString weeklySummary(const HistoryViewModel::WeeklySummary &summary)
+{
+    return QString::number(summary.visits) + u" visits · "_s + QString::number(summary.cafes) +
+           u" cafés this week"_s;
+}
+
+QString loadError(const HistoryViewModel::State &state)
+{
+    const auto *error = state.errorValue();
+    return error ? loadErrorFrom(error->errorDescription()) : QString();
+}
+
+QString loadErrorFrom(const QString &description)
+{
+    return description.isEmpty() ? u"Không tải được lịch sử check-in."_s : description;
+}
+
+bool isEmpty(const HistoryViewModel::State &state)
+{
+    const auto *sections = state.loadedValue();
+    return sections && sections->empty();
+}
+
+QString emptyTitle()
+{
+    return u"No check-ins yet"_s;
+}
+
+QString emptyHint()
+{
+    return u"Check in at a café from the menu bar to start your history."_s;
+}
+
+QString title(const CheckIn &checkIn)
+{
+    return checkIn.cafe() ? checkIn.cafe()->name() : u"Unknown café"_s;
+}
+
+QString day(Instant date, const Calendar &calendar, const QLocale &locale)
+{
+    return locale.toString(calendar.localTime(date).date(), u"ddd, MMM d");
+}
+
+QString time(Instant date, const Calendar &calendar, const QLocale &locale)
+{
+    return locale.toString(calendar.localTime(date).time(), u"HH:mm");
+}
+
+QString temperature(const WeatherSnapshot &weather)
+{
+    return roundedNumber(weather.temperatureC) + u'°';
+}
+
+QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &locale)
+{
+    const QString text = time(checkIn.date(), calendar, locale);
+    const auto &weather = checkIn.weather();
+    return weather ? text + u" · "_s + temperature(*weather) : text;
+}
+
+const QList<Rating> &ratings()
+{
+    static const QList<Rating> columns{{u"Wifi"_s, &WorkRatings::wifiSpeed},
+                                       {u"Power"_s, &WorkRatings::outlets},
+                                       {u"Quiet"_s, &WorkRatings::noise},
+                                       {u"Calls"_s, &WorkRatings::quietForCalls}};
+    return columns;
+}
+
+} // namespace quorvel::HistoryTexts

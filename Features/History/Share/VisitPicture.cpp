@@ -1,0 +1,22 @@
+#include "Features/History/Share/VisitPicture.h"
+
+#include "Core/DesignSystem/Rendering/ImageRenderer.h"
+#include "Features/History/Visit/VisitDetail.h"
+
+namespace quorvel::VisitPicture {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr qreal pixelsPerPoint = 2;
+
+} // namespace
+
+QImage image(QQmlEngine &engine, VisitDetail &detail)
+{
+    return ImageRenderer::image(engine, u"History"_s, u"VisitCardView"_s,
+                                {{u"detail"_s, QVariant::fromValue(&detail)}}, pixelsPerPoint);
+}
+
+} // namespace quorvel::VisitPicture

@@ -1,0 +1,69 @@
+#include "Features/History/Visit/VisitDetail.h"
+
+#include "Features/History/Visit/VisitPhoto.h"
+#include "Platform/Clock/Clock.h"
+#include "Services/Share/ShareSlug.h"
+
+namespace quorvel {
+
+namespace {
+
+/// The banner of the card, in the pixels of a shared picture.
+constexpr QSize photoArea(840, 320);
+
+std::optional<QString> ssidOf(const CheckIn &checkIn)
+{
+    return checkIn.cafe() ? checkIn.cafe()->lastKnownSSID() : std::nullopt;
+}
+
+} // namespace
+
+VisitDetail::VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &roles,
+                         QObject *parent)
+    : QObject(parent)
+    , m_roles(roles)
+    , m_checkIn(std::move(checkIn))
+    , m_card(VisitCard::of(*m_checkIn, roles.clock.calendar(), roles.clock.locale()))
+    , m_share({.slug = [this] { return shareSlug(); }, .picture = [this] { return picture(); }},
+              roles.pasteboard, roles.fileManager)
+{
+    connect(&m_share, &VisitShare::stateChanged, this, &VisitDetail::shareStateChanged);
+}
+
+void VisitDetail::load()
+{
+    spawn(loadPhoto(this,
+                    VisitPhoto::load(m_roles.photoStore, m_checkIn->photoFilename(), photoArea)));
+    spawn(loadWifiQR(this, VisitWifiQR::load(ssidOf(*m_checkIn), m_roles.makeKeychain)));
+}
+
+Task<> VisitDetail::loadPhoto(QPointer<VisitDetail> self, Task<Picture> photo)
+{
+    const auto image = co_await photo;
+    if (!self || !image)
+        co_return;
+    self->m_photoImage = *image;
+    emit self->photoImageChanged();
+}
+
+Task<> VisitDetail::loadWifiQR(QPointer<VisitDetail> self, Task<Picture> wifiQR)
+{
+    const auto image = co_await wifiQR;
+    if (!self || !image)
+        co_return;
+    self->m_wifiQRImage = *image;
+    emit self->wifiQRImageChanged();
+}
+
+QString VisitDetail::shareSlug() const
+{
+    return ShareSlug::of(*m_checkIn, m_roles.clock.calendar());
+}
+
+VisitShare::Picture VisitDetail::picture()
+{
+    return {.image = m_roles.renderCard(*this),
+            .secrecy = hasWifiQR() ? Secrecy::Secret : Secrecy::Open};
+}
+
+} // namespace quorvel

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Core/Keychain/KeychainStore.h"
+#include "Core/Support/ViewState.h"
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
+#include "Platform/Clock/Clock.h"
+#include "Services/Location/LocationService.h"
+#include "Services/Places/PlacesService.h"
+#include "Services/Weather/WeatherService.h"
+
+#include <QObject>
+
+#include <stop_token>
+
+namespace quorvel {
+
+/// The daily loop behind the panel: where the user is, in which café, what the weather there is and
+/// which network they are on. Reuses what it found for ten minutes and a hundred metres, and falls
+/// back to a snapshot without a café. Main thread only.
+class MenuBarViewModel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the loop asks; all of it outlives the view model.
+    struct Services
+    {
+        LocationService &location;
+        PlacesService &places;
+        WeatherService &weather;
+        WifiService &wifi;
+        KeychainStore &keychain;
+    };
+
+    explicit MenuBarViewModel(const Services &services, const Clock &clock = Clock::system(),
+                              QObject *parent = nullptr);
+    ~MenuBarViewModel() override;
+
+    /// Ends the load that runs, and acts in a turn of the event loop of its own: the newest input
+    /// wins.
+    void send(const MenuBarInput &input);
+
+    [[nodiscard]] const ViewState<LocatedSnapshot> &state() const { return m_state; }
+    /// Whether a load runs, also behind what is shown meanwhile.
+    [[nodiscard]] bool isLocating() const { return m_isLocating; }
+
+signals:
+    void stateChanged();
+    void isLocatingChanged();
+
+private:
+    enum class ForceRefresh : bool { No, Yes };
+    struct Load;
+
+    void run(const MenuBarInput &input, const std::stop_token &stop);
+    void locateAndLoad(ForceRefresh forceRefresh, const std::stop_token &stop);
+    [[nodiscard]] static Task<> locateToEnd(Load load);
+    [[nodiscard]] static Task<> locate(Load load);
+    [[nodiscard]] static Task<> search(Load load, Location location);
+    [[nodiscard]] static Task<> loadDetails(Load load, std::vector<PlaceCandidate> candidates,
+                                            Location location);
+    void selectCafe(const PlaceCandidate &candidate);
+
+    [[nodiscard]] bool needsFresh(ForceRefresh forceRefresh) const;
+    [[nodiscard]] bool isReusable(const Load &load, const Location &location) const;
+    [[nodiscard]] LocatedSnapshot degradedSnapshot();
+    [[nodiscard]] LocatedSnapshot snapshotOn(const std::optional<QString> &ssid);
+    [[nodiscard]] bool hasRememberedPassword(const std::optional<QString> &ssid);
+    void setState(ViewState<LocatedSnapshot> state);
+    void setLocating(bool isLocating);
+
+    Services m_services;
+    const Clock &m_clock;
+    ViewState<LocatedSnapshot> m_state = ViewState<LocatedSnapshot>::idle();
+    std::stop_source m_loadTask;
+    bool m_isLocating = false;
+
+    /// The last snapshot that was no fallback, with the place and time of its making.
+    std::optional<LocatedSnapshot> m_lastSnapshot;
+    std::optional<Location> m_lastLocation;
+    std::optional<Instant> m_lastSnapshotAt;
+};
+
+} // namespace quorvel

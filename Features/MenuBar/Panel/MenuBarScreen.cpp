@@ -1,0 +1,51 @@
+#include "Features/MenuBar/Panel/MenuBarScreen.h"
+
+namespace quorvel {
+
+using namespace Qt::StringLiterals;
+
+MenuBarScreen::MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObject *parent)
+    : QObject(parent)
+    , m_viewModel(viewModel)
+    , m_form(form)
+{
+    connect(&m_viewModel, &MenuBarViewModel::stateChanged, this, &MenuBarScreen::changed);
+}
+
+void MenuBarScreen::start()
+{
+    m_viewModel.send(MenuBarInput::start());
+}
+
+void MenuBarScreen::retry()
+{
+    m_viewModel.send(MenuBarInput::retry());
+}
+
+MenuBarScreen::Kind MenuBarScreen::kind() const
+{
+    if (m_viewModel.state().isError())
+        return Kind::Denied;
+    // Deliberate: what cannot be saved is not offered, so without a form it waits for ever.
+    const bool isLocated = m_viewModel.state().isLoaded() && m_form == CheckInForm::Present;
+    return isLocated ? Kind::Located : Kind::Waiting;
+}
+
+QString MenuBarScreen::errorText() const
+{
+    const auto *error = m_viewModel.state().errorValue();
+    return error ? errorTextFrom(error->errorDescription()) : QString();
+}
+
+QString MenuBarScreen::errorTextFrom(const QString &description)
+{
+    return description.isEmpty() ? u"Đã có lỗi xảy ra."_s : description;
+}
+
+bool MenuBarScreen::canOpenSettings() const
+{
+    const auto *error = m_viewModel.state().errorValue();
+    return error && error->kind() == AppError::Case::LocationDenied;
+}
+
+} // namespace quorvel

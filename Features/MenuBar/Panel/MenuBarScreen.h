@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Features/MenuBar/Loop/MenuBarViewModel.h"
+
+#include <qqmlintegration.h>
+
+namespace quorvel {
+
+/// Which screen the panel's middle shows, for its view.
+class MenuBarScreen final : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the panel")
+    Q_PROPERTY(Kind kind READ kind NOTIFY changed)
+    Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
+    Q_PROPERTY(bool canOpenSettings READ canOpenSettings NOTIFY changed)
+
+public:
+    enum class Kind { Waiting, Denied, Located };
+    Q_ENUM(Kind)
+    /// Absent when there is no store to save visits in.
+    enum class CheckInForm { Absent, Present };
+
+    /// The view model outlives the screen.
+    MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObject *parent = nullptr);
+
+    /// To be called at each opening of the panel.
+    Q_INVOKABLE void start();
+    Q_INVOKABLE void retry();
+
+    [[nodiscard]] Kind kind() const;
+    /// The sentence of the error; empty without one.
+    [[nodiscard]] QString errorText() const;
+    [[nodiscard]] static QString errorTextFrom(const QString &description);
+    /// Whether the system's settings can help.
+    [[nodiscard]] bool canOpenSettings() const;
+
+signals:
+    void changed();
+
+private:
+    MenuBarViewModel &m_viewModel;
+    CheckInForm m_form;
+};
+
+} // namespace quorvel

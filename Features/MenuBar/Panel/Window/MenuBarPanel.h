@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Features/MenuBar/Panel/LaunchAtLoginToggle.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
+#include "Features/MenuBar/Panel/Window/PanelToggleGuard.h"
+
+#include <QObject>
+#include <QRect>
+
+#include <memory>
+
+class QQmlEngine;
+class QQuickItem;
+class QQuickView;
+
+namespace quorvel {
+
+/// The window that drops down from the status item: owns it with what its view is built from, and
+/// opens, places and closes it. Kept alive while hidden, so that opening again takes one frame.
+class MenuBarPanel final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Throws ViewError.
+    MenuBarPanel(QQmlEngine &engine, const MenuBarRoles &roles, LaunchAtLoginSwitch launchAtLogin,
+                 PanelToggleGuard guard = PanelToggleGuard());
+    ~MenuBarPanel() override;
+
+    /// A click on the status item. `anchor` is where the item is, or empty.
+    void toggle(const QRect &anchor);
+    /// Shows the panel, or brings it to the front.
+    void open(const QRect &anchor);
+    Q_SLOT void close();
+
+    [[nodiscard]] QQuickView &window() { return *m_window; }
+
+signals:
+    void windowRequested(const QString &identifier);
+    void quitRequested();
+
+private:
+    void setUpWindow();
+    void followView();
+    void fitToView();
+    void focusNoControl();
+    void limitHeight();
+    void place();
+    void placeAnew();
+    [[nodiscard]] bool isOnTheWay() const;
+    void closeOnFocusLoss();
+
+    // Order: what the view is bound to outlives it.
+    MenuBarScene m_scene;
+    LaunchAtLoginToggle m_launchAtLogin;
+    PanelToggleGuard m_guard;
+    QRect m_anchor;
+    std::unique_ptr<QQuickView> m_window;
+    QQuickItem *m_view = nullptr;
+};
+
+} // namespace quorvel

@@ -1,0 +1,126 @@
+#include "Features/Terminal/Commands/HistoryCommand.h"
+
+#include "Core/Support/Texts/PrintableText.h"
+#include "Features/History/List/HistoryTexts.h"
+#include "Platform/Terminal/Terminal.h"
+#include "Services/Share/Export/VisitExport.h"
+
+namespace quorvel::HistoryCommand {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto dayFormat = "yyyy-MM-dd"_L1;
+
+/// The user's midnight at which the day begins. Noon is in the day wherever its clocks change.
+std::optional<Instant> startOf(const std::optional<QString> &day, const Calendar &calendar)
+{
+    if (!day)
+        return std::nullopt;
+    const QDate date = QDate::fromString(*day, dayFormat);
+    // The format alone takes blanks and signs for digits.
+    if (!date.isValid() || date.toString(dayFormat) != *day)
+        throw UsageError(u"“%1” is no day as in “2026-03-01”"_s.arg(*day));
+    const qint64 inside = QDateTime(date, QTime(12, 0), calendar.timeZone()).toMSecsSinceEpoch();
+    return calendar.day(Instant(std::chrono::milliseconds(inside))).start;
+}
+
+/// Throws AppError.
+HistoryViewModel::Sections sectionsOf(HistoryViewModel &viewModel)
+{
+    viewModel.load();
+    if (const auto *error = viewModel.state().errorValue())
+        throw AppError(*error);
+    return *viewModel.state().loadedValue();
+}
+
+/// They are newest first, throughout.
+void dropBefore(HistoryViewModel::Sections &sections, Instant start)
+{
+    for (HistorySection &section : sections)
+        std::erase_if(section.checkIns,
+                      [start](const auto &visit) { return visit->date() < start; });
+    std::erase_if(sections, [](const HistorySection &section) { return section.checkIns.empty(); });
+}
+
+std::vector<std::shared_ptr<CheckIn>> visitsOf(const HistoryViewModel::Sections &sections)
+{
+    std::vector<std::shared_ptr<CheckIn>> visits;
+    for (const HistorySection &section : sections)
+        visits.insert(visits.end(), section.checkIns.begin(), section.checkIns.end());
+    return visits;
+}
+
+QString ratingsText(const WorkRatings &ratings)
+{
+    QStringList scores;
+    for (const auto &rating : HistoryTexts::ratings())
+        scores.append(rating.label + u' ' + QString::number(ratings.*rating.score));
+    return scores.join(u" · "_s);
+}
+
+QString visitLines(const CheckIn &visit, const Calendar &calendar, const QLocale &locale)
+{
+    const QString indent = u"    "_s;
+    QString lines = u"  "_s + HistoryTexts::moment(visit, calendar, locale) + u"  "_s +
+                    PrintableText::line(HistoryTexts::title(visit)) + u'\n';
+    lines += indent + ratingsText(visit.ratings()) + u'\n';
+    if (!visit.note().isEmpty())
+        lines += indent + PrintableText::line(visit.note()) + u'\n';
+    return lines;
+}
+
+void print(const HistoryViewModel::Sections &sections, const TerminalContext &context)
+{
+    const Calendar calendar = context.clock.calendar();
+    const QLocale locale = context.clock.locale();
+    for (const HistorySection &section : sections) {
+        QString text = u'\n' + PrintableText::line(section.title) + u'\n';
+        for (const auto &visit : section.checkIns)
+            text += visitLines(*visit, calendar, locale);
+        context.terminal.print(text.toUtf8());
+    }
+}
+
+QString headOf(const HistoryViewModel &viewModel, const HistoryViewModel::Sections &sections)
+{
+    if (HistoryTexts::isEmpty(viewModel.state()))
+        return HistoryTexts::emptyTitle() + u'\n';
+    return HistoryTexts::weeklySummary(viewModel.weeklySummary()) + u'\n' +
+           (sections.empty() ? u"\nNo check-ins since that day\n"_s : QString());
+}
+
+} // namespace
+
+const CommandSyntax &syntax()
+{
+    static const CommandSyntax syntax{
+        .name = u"history"_s,
+        .summary = u"List your visits, newest first."_s,
+        .options = {{u"--json"_s, {}, u"Print one JSON object, for programs."_s},
+                    {u"--since"_s, u"DAY"_s, u"Only from that day on, as in 2026-03-01."_s}},
+        .details =
+            u"\nExit status: 0 they are listed, also when there is none; 1 something failed;\n"
+            "2 the arguments are wrong.\n"_s};
+    return syntax;
+}
+
+ExitStatus run(const CommandArguments &arguments, const TerminalContext &context)
+{
+    const auto start = startOf(arguments.value(u"--since"_s), context.clock.calendar());
+    HistoryViewModel viewModel(context.repository(), context.clock);
+    auto sections = sectionsOf(viewModel);
+    if (start)
+        dropBefore(sections, *start);
+    if (arguments.has(u"--json"_s)) {
+        VisitExport::write(visitsOf(sections), VisitExport::Format::Json,
+                           [&](QByteArrayView piece) { context.terminal.print(piece); });
+        return ExitStatus::Done;
+    }
+    context.terminal.print(headOf(viewModel, sections).toUtf8());
+    print(sections, context);
+    return ExitStatus::Done;
+}
+
+} // namespace quorvel::HistoryCommand

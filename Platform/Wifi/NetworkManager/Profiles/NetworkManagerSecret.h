@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
+#include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerProfiles.h"
+#include "Platform/Wifi/WifiClient.h"
+#include "Platform/Wifi/WifiLimits.h"
+
+namespace quorvel {
+
+/// One look-up of the password stored for a network, in the profile last used of those that carry
+/// one. Destroys itself at its end.
+class NetworkManagerSecret final : public QObject
+{
+public:
+    using Completed = Completion<std::optional<QString>>;
+
+    NetworkManagerSecret(NetworkManagerBus bus, NetworkManagerModel &model,
+                         const WifiLimits &limits, QString ssid, Completed completion,
+                         QObject *parent);
+
+private:
+    void found(Outcome<QList<NetworkManagerProfile>> outcome);
+    void told(const QDBusMessage &reply);
+    void fail(const WifiError &error);
+    void end(Outcome<std::optional<QString>> outcome);
+
+    NetworkManagerBus m_bus;
+    QString m_ssid;
+    Completed m_completion;
+};
+
+} // namespace quorvel

@@ -1,0 +1,113 @@
+#include "Services/Share/Export/VisitCsv.h"
+
+#include "Core/Support/Texts/PrintableText.h"
+#include "Core/Support/Texts/ShortestDecimal.h"
+#include "Services/Share/Export/VisitJson.h"
+
+#include <cmath>
+
+namespace quorvel::VisitCsv {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// With these a spreadsheet begins to calculate; the full-width ones read the same to some.
+constexpr QStringView formulaBeginnings = u"=+-@\uff1d\uff0b\uff0d\uff20";
+
+QString quoted(QString field)
+{
+    // A semicolon is what some countries' spreadsheets take for the comma.
+    const bool needsQuotes = field.contains(u'"') || field.contains(u',') || field.contains(u';') ||
+                             field.contains(u'\n') || field != field.trimmed();
+    return needsQuotes ? u'"' + field.replace(u'"', "\"\""_L1) + u'"' : field;
+}
+
+QString textField(const QString &text)
+{
+    const QString printable = PrintableText::lines(text);
+    // A spreadsheet may pass over blanks in front.
+    const QString content = printable.trimmed();
+    const bool isFormula = !content.isEmpty() && formulaBeginnings.contains(content.front());
+    return quoted(isFormula ? u'\'' + printable : printable);
+}
+
+QString textField(const std::optional<QString> &text)
+{
+    return textField(text.value_or(QString()));
+}
+
+QString numberField(double number)
+{
+    return std::isfinite(number) ? shortestDecimal(number) : QString();
+}
+
+QStringList weatherFields(const std::optional<WeatherSnapshot> &weather)
+{
+    if (!weather)
+        return {{}, {}, {}, {}, {}};
+    return {numberField(weather->temperatureC), numberField(weather->apparentTemperatureC),
+            QString::number(weather->weatherCode), weather->isDay ? u"true"_s : u"false"_s,
+            VisitJson::date(weather->capturedAt)};
+}
+
+QStringList ratingFields(const WorkRatings &ratings)
+{
+    return {QString::number(ratings.wifiSpeed), QString::number(ratings.outlets),
+            QString::number(ratings.noise), QString::number(ratings.quietForCalls)};
+}
+
+QStringList cafeFields(const std::shared_ptr<Cafe> &cafe)
+{
+    if (!cafe)
+        return {{}, {}, {}, {}, {}, {}};
+    return {cafe->id().toString(QUuid::WithoutBraces),
+            textField(cafe->name()),
+            numberField(cafe->latitude()),
+            numberField(cafe->longitude()),
+            textField(cafe->lastKnownSSID()),
+            textField(cafe->mapItemIdentifier())};
+}
+
+QByteArray lineOf(const QStringList &fields)
+{
+    return fields.join(u',').toUtf8() + "\r\n";
+}
+
+} // namespace
+
+QByteArray header()
+{
+    return lineOf({u"id"_s,
+                   u"date"_s,
+                   u"wifiSpeed"_s,
+                   u"outlets"_s,
+                   u"noise"_s,
+                   u"quietForCalls"_s,
+                   u"note"_s,
+                   u"address"_s,
+                   u"photoFilename"_s,
+                   u"temperatureC"_s,
+                   u"apparentTemperatureC"_s,
+                   u"weatherCode"_s,
+                   u"isDay"_s,
+                   u"capturedAt"_s,
+                   u"cafeId"_s,
+                   u"cafeName"_s,
+                   u"latitude"_s,
+                   u"longitude"_s,
+                   u"lastKnownSSID"_s,
+                   u"mapItemIdentifier"_s});
+}
+
+QByteArray row(const CheckIn &visit)
+{
+    return lineOf(
+        QStringList{visit.id().toString(QUuid::WithoutBraces), VisitJson::date(visit.date())} +
+        ratingFields(visit.ratings()) +
+        QStringList{textField(visit.note()), textField(visit.address()),
+                    textField(visit.photoFilename())} +
+        weatherFields(visit.weather()) + cafeFields(visit.cafe()));
+}
+
+} // namespace quorvel::VisitCsv

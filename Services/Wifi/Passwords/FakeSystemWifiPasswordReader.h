@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Platform/Errors/FakeAnswers.h"
+#include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
+
+namespace quorvel {
+
+/// A system that has stored the passwords which a test has scripted.
+class FakeSystemWifiPasswordReader final : public SystemWifiPasswordReader
+{
+public:
+    [[nodiscard]] Task<std::optional<QString>> password(QString forSSID) override
+    {
+        askedFor.append(forSSID);
+        Pending<std::optional<QString>> pending;
+        passwords.call(pending.completion());
+        const auto answer = co_await pending;
+        co_return answer;
+    }
+
+    FakeAnswers<std::optional<QString>> passwords{"FakeSystemWifiPasswordReader::password"};
+    QStringList askedFor;
+};
+
+} // namespace quorvel

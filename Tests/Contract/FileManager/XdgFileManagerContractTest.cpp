@@ -1,0 +1,37 @@
+#include "Platform/Files/Xdg/XdgFileManager.h"
+#include "Tests/Contract/FileManager/FileManagerContract.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTest>
+
+namespace quorvel::tests {
+
+class XdgFileManagerContractTest final : public FileManagerContract
+{
+    Q_OBJECT
+
+    std::unique_ptr<FileManager> make() override
+    {
+        return std::make_unique<XdgFileManager>(XdgBaseDirectories{.dataHome = root()});
+    }
+    void putFile(const QString &path) override
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        QVERIFY(QFile(path).open(QIODevice::WriteOnly));
+    }
+    void loseFolderOf(const QString &path) override
+    {
+        QVERIFY(!QFileInfo::exists(QFileInfo(path).path()));
+    }
+    QByteArray content(const QString &path) override
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::XdgFileManagerContractTest)
+#include "XdgFileManagerContractTest.moc"

@@ -1,0 +1,69 @@
+#include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace quorvel::tests {
+
+/// A password that is kept: seen and copied.
+class StoredWifiPasswordTest final : public WifiSectionCase
+{
+    Q_OBJECT
+
+private slots:
+    void theEyeReadsTheStoredPasswordAndClearsIt()
+    {
+        openSaved();
+        m_section->toggleRevealStoredPassword(u"A"_s);
+        QCOMPARE(m_section->revealedScannedPassword(), u"stored word"_s);
+        m_section->toggleRevealStoredPassword(u"A"_s);
+        QCOMPARE(m_section->revealedScannedPassword(), std::nullopt);
+    }
+
+    void aStoredPasswordThatIsGoneIsNoLongerSaved()
+    {
+        openSaved();
+        m_services->keychain.passwords.clear();
+        m_section->toggleRevealStoredPassword(u"A"_s);
+        QCOMPARE(m_section->revealedScannedPassword(), std::nullopt);
+        QVERIFY(!m_section->rows()[0].isSaved);
+    }
+
+    void copyingPutsTheStoredPasswordOnThePasteboard()
+    {
+        openSaved();
+        m_section->copyStoredPassword(u"A"_s);
+        QCOMPARE(m_services->pasteboard.calls, QStringList({u"clear"_s, u"secret"_s}));
+        QCOMPARE(m_services->pasteboard.secret, u"stored word"_s);
+        QVERIFY(m_section->copiedScanned());
+        int changes = 0;
+        connect(&*m_section, &WifiScanSection::changed, this, [&changes] { ++changes; });
+        QVERIFY(QTest::qWaitFor([this] { return !m_section->copiedScanned(); }));
+        QCOMPARE(changes, 1);
+    }
+
+    void copiedStaysForTwoSecondsUnlessToldOtherwise()
+    {
+        const WifiScanSection::Inputs inputs{.keychainStore = m_services->keychain,
+                                             .systemPasswordReader = m_services->reader,
+                                             .wifiService = m_services->wifi,
+                                             .pasteboard = m_services->pasteboard};
+        QVERIFY(inputs.copiedInterval == 2s);
+    }
+
+    void whatCannotBeReadLeavesThePasteboardAlone()
+    {
+        openSaved();
+        m_services->keychain.failure = KeychainError::unexpectedItemFormat();
+        m_section->copyStoredPassword(u"A"_s);
+        QVERIFY(m_services->pasteboard.calls.isEmpty());
+        QVERIFY(!m_section->copiedScanned());
+    }
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::StoredWifiPasswordTest)
+#include "StoredWifiPasswordTest.moc"

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Core/Keychain/FakeKeychainStore.h"
+#include "Features/CheckIn/Wifi/WifiScanSection.h"
+#include "Platform/Pasteboard/FakePasteboard.h"
+#include "Services/Wifi/FakeWifiService.h"
+#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
+
+#include <optional>
+
+namespace quorvel::tests {
+
+/// What the tests of the Wi-Fi block share: the block, new for each case, over fakes.
+class WifiSectionCase : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+protected:
+    using ScanState = WifiScanSection::ScanState;
+    using Networks = QList<WifiNetwork>;
+
+    struct Services
+    {
+        FakeKeychainStore keychain;
+        FakeSystemWifiPasswordReader reader;
+        FakeWifiService wifi;
+        FakePasteboard pasteboard;
+    };
+
+    WifiSectionCase();
+    ~WifiSectionCase() override;
+
+    static void settle();
+    /// Posted events alone, so that no timer fires.
+    static void settleBriefly();
+
+    /// The block is shown, and hears these.
+    void show(const Networks &networks);
+    void showAgain(const Networks &networks);
+    /// "A" is open, and its password kept.
+    void openSaved();
+
+    /// A join that goes on until `endJoin` or `failJoin`.
+    void hold(const QString &ssid, const QString &password);
+    void endJoin();
+    void failJoin();
+
+    /// The system answers what it was asked first.
+    void answerFill(const std::optional<QString> &password);
+
+    const Networks three;
+    const QString other = WifiScanSection::otherKey;
+    const QString cannotConnect;
+    std::optional<Services> m_services;
+    std::optional<WifiScanSection> m_section;
+    /// How often the block told that it joined or kept something.
+    int m_connected = 0;
+};
+
+} // namespace quorvel::tests

@@ -1,0 +1,256 @@
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace quorvel::tests {
+
+namespace {
+
+using State = LoopWorld::State;
+using States = std::vector<State>;
+
+/// Where a load waits.
+enum class Point { Authorization, Position, Search, Weather };
+
+const QList<std::pair<Point, QString>> points{{Point::Authorization, u"authorization"_s},
+                                              {Point::Position, u"position"_s},
+                                              {Point::Search, u"search"_s},
+                                              {Point::Weather, u"weather"_s}};
+
+const QList<std::pair<MenuBarInput, QString>> &inputs()
+{
+    static const QList<std::pair<MenuBarInput, QString>> all{
+        {MenuBarInput::start(), u"start"_s},
+        {MenuBarInput::retry(), u"retry"_s},
+        {MenuBarInput::cancel(), u"cancel"_s},
+        {MenuBarInput::selectCafe(LoopWorld::cafe(u"Picked"_s, 7)), u"selectCafe"_s}};
+    return all;
+}
+
+bool loads(const MenuBarInput &input)
+{
+    return input == MenuBarInput::start() || input == MenuBarInput::retry();
+}
+
+} // namespace
+
+/// Every input overtakes every load at every place where it waits: nothing of the older one is
+/// written, neither to the state nor to what later starts reuse.
+class MenuBarCancellationTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_world.emplace();
+        m_cached.reset();
+    }
+
+    void anOvertakenLoadWritesNothing_data()
+    {
+        QTest::addColumn<int>("older");
+        QTest::addColumn<int>("newer");
+        QTest::addColumn<Point>("point");
+        QTest::addColumn<bool>("hasCache");
+        for (int older = 0; older < inputs().size(); ++older)
+            for (int newer = 0; newer < inputs().size(); ++newer)
+                for (const auto &[point, name] : points)
+                    for (const bool hasCache : {false, true})
+                        // The others end in the turn that they begin in.
+                        if (loads(inputs()[older].first))
+                            QTest::addRow("%s overtakes %s at its %s, %s",
+                                          qPrintable(inputs()[newer].second),
+                                          qPrintable(inputs()[older].second), qPrintable(name),
+                                          hasCache ? "with a cache" : "without")
+                                << older << newer << point << hasCache;
+    }
+
+    void anOvertakenLoadWritesNothing()
+    {
+        QFETCH(const int, older);
+        QFETCH(const int, newer);
+        QFETCH(const Point, point);
+        QFETCH(const bool, hasCache);
+        if (hasCache)
+            fillStaleCache();
+        suspend(inputs()[older].first, point);
+
+        const MenuBarInput input = inputs()[newer].first;
+        const State expected = paintOf(input);
+        if (loads(input))
+            holdAll();
+        m_world->send(input);
+        QVERIFY(m_world->viewModel->state() == expected);
+        QCOMPARE(m_world->viewModel->isLocating(), loads(input));
+        static_cast<void>(m_world->newStates());
+
+        release(point, u"Old"_s);
+        QVERIFY(m_world->newStates().empty());
+        QCOMPARE(m_world->viewModel->isLocating(), loads(input));
+
+        if (loads(input)) {
+            finishHeld(point);
+            QCOMPARE(m_world->newStates().size(), 1U);
+            QCOMPARE(selected(), u"New"_s);
+            QVERIFY(!m_world->viewModel->isLocating());
+        }
+        const auto remembered = loads(input) ? m_world->viewModel->state() : cacheAfter(input);
+        nextStartPaints(remembered);
+    }
+
+    void aViewModelDestroyedWhileItWaitsWritesNothing_data() { eachPoint(); }
+
+    void aViewModelDestroyedWhileItWaitsWritesNothing()
+    {
+        QFETCH(const Point, point);
+        suspend(MenuBarInput::start(), point);
+        static_cast<void>(m_world->newCalls());
+        static_cast<void>(m_world->newStates());
+        m_world->viewModel.reset();
+        release(point, u"Old"_s);
+        QVERIFY(m_world->newStates().empty());
+        QCOMPARE(m_world->newCalls(), (QList<qsizetype>{0, 0, 0}));
+        QVERIFY(m_world->keychain.read.isEmpty());
+    }
+
+    void servicesThatEndWhileALoadWaitsEndTheLoad_data() { eachPoint(); }
+
+    void servicesThatEndWhileALoadWaitsEndTheLoad()
+    {
+        QFETCH(const Point, point);
+        suspend(MenuBarInput::start(), point);
+        m_world.reset();
+        LoopWorld::settle();
+    }
+
+    void aViewModelDestroyedBeforeItsTurnDoesNothing()
+    {
+        m_world->viewModel->send(MenuBarInput::start());
+        m_world->viewModel.reset();
+        LoopWorld::settle();
+        QVERIFY(m_world->location.calls.isEmpty());
+    }
+
+private:
+    static void eachPoint()
+    {
+        QTest::addColumn<Point>("point");
+        for (const auto &[point, name] : points)
+            QTest::newRow(qPrintable(name)) << point;
+    }
+
+    void fillStaleCache()
+    {
+        m_world->willFindAll();
+        m_world->send(MenuBarInput::start());
+        m_cached = m_world->full();
+        m_world->clock.instant += 601s;
+    }
+
+    /// Sends an input whose load then waits at the point.
+    void suspend(const MenuBarInput &input, Point point)
+    {
+        if (point == Point::Authorization)
+            m_world->location.holdAuthorization();
+        else
+            m_world->willAuthorize();
+        if (point == Point::Position)
+            m_world->location.holdLocation();
+        else if (point > Point::Position)
+            m_world->location.locate(LoopWorld::home());
+        if (point == Point::Search)
+            m_world->places.calls.willHold();
+        else if (point > Point::Search)
+            m_world->places.calls.willSucceed({LoopWorld::cafe(u"Old"_s, 1)});
+        if (point == Point::Weather)
+            m_world->weather.calls.willHold();
+        m_world->send(input);
+    }
+
+    void holdAll()
+    {
+        m_world->location.holdAuthorization();
+        m_world->location.holdLocation();
+        m_world->places.calls.willHold();
+        m_world->weather.calls.willHold();
+    }
+
+    /// Answers what has waited at the point for longest. The services of the location keep one
+    /// waiter, so that there it is the newer one.
+    void release(Point point, const QString &cafe)
+    {
+        switch (point) {
+        case Point::Authorization:
+            m_world->location.authorizationWaiter.finish(AuthorizationStatus::AuthorizedAlways);
+            break;
+        case Point::Position:
+            m_world->location.locationWaiter.finish(LoopWorld::home());
+            break;
+        case Point::Search:
+            m_world->places.calls.release(
+                Outcome<FakePlacesService::Candidates>::success({LoopWorld::cafe(cafe, 1)}));
+            break;
+        case Point::Weather:
+            m_world->weather.calls.release(Outcome<WeatherSnapshot>::success(LoopWorld::sun()));
+            break;
+        }
+        LoopWorld::settle();
+    }
+
+    /// Answers everything that the newer load asks, from where the release at the point left it.
+    void finishHeld(Point released)
+    {
+        for (const auto &[point, name] : points)
+            if (point != Point::Authorization || released != Point::Authorization)
+                release(point, u"New"_s);
+    }
+
+    /// What the newer input itself shows while it waits.
+    [[nodiscard]] State paintOf(const MenuBarInput &newer) const
+    {
+        const State &shown = m_world->viewModel->state();
+        if (newer == MenuBarInput::retry() || (newer == MenuBarInput::start() && !m_cached))
+            return State::loading();
+        if (newer == MenuBarInput::start())
+            return State::loaded(*m_cached);
+        if (newer == MenuBarInput::cancel() || !shown.isLoaded())
+            return shown;
+        auto snapshot = *shown.loadedValue();
+        snapshot.selectedCafe = newer.candidate();
+        return State::loaded(snapshot);
+    }
+
+    /// What a later start paints after an input that loads nothing.
+    [[nodiscard]] State cacheAfter(const MenuBarInput &newer) const
+    {
+        const State &shown = m_world->viewModel->state();
+        if (newer.kind() == MenuBarInput::Case::SelectCafe && shown.isLoaded())
+            return shown;
+        return m_cached ? State::loaded(*m_cached) : State::loading();
+    }
+
+    void nextStartPaints(const State &expected)
+    {
+        m_world->location.holdAuthorization();
+        m_world->send(MenuBarInput::start());
+        QVERIFY(m_world->viewModel->state() == expected);
+    }
+
+    [[nodiscard]] QString selected() const
+    {
+        const auto *snapshot = m_world->viewModel->state().loadedValue();
+        return snapshot && snapshot->selectedCafe ? snapshot->selectedCafe->name : QString();
+    }
+
+    std::optional<LoopWorld> m_world;
+    std::optional<LocatedSnapshot> m_cached;
+};
+
+} // namespace quorvel::tests
+
+QTEST_GUILESS_MAIN(quorvel::tests::MenuBarCancellationTest)
+#include "MenuBarCancellationTest.moc"

@@ -1,0 +1,37 @@
+#include "Tests/Features/MenuBar/Panel/PanelWorld.h"
+
+namespace quorvel::tests {
+
+PanelWorld::PanelWorld() = default;
+PanelWorld::~PanelWorld() = default;
+
+MenuBarRoles PanelWorld::roles(Store store)
+{
+    return {.checkInRepository = store == Store::Present ? &repository : nullptr,
+            .loop = loop.services(),
+            .systemPasswords = systemPasswords,
+            .pasteboard = pasteboard,
+            .systemSettings = systemSettings,
+            .systemEvents = systemEvents,
+            .clock = loop.clock};
+}
+
+void PanelWorld::willFind(const std::vector<PlaceCandidate> &cafes, const WeatherSnapshot &weather)
+{
+    loop.willLocate();
+    loop.places.calls.willSucceed(cafes);
+    loop.weather.calls.willSucceed(weather);
+}
+
+void PanelWorld::willHear(const QList<WifiNetwork> &networks)
+{
+    loop.wifi.scans.willSucceed(networks);
+}
+
+void PanelWorld::isOn(const QString &ssid, qint64 rssiDBm)
+{
+    loop.wifi.ssid = ssid;
+    loop.wifi.signal = WifiSignal(rssiDBm);
+}
+
+} // namespace quorvel::tests

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "Core/Persistence/FakeCheckInRepository.h"
+#include "Features/MenuBar/Loop/MenuBarRoles.h"
+#include "Platform/Pasteboard/FakePasteboard.h"
+#include "Platform/SystemEvents/FakeSystemEvents.h"
+#include "Platform/SystemSettings/FakeSystemSettings.h"
+#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
+
+namespace quorvel::tests {
+
+/// Everything that the panel asks, as fakes, for tests of its screens. Outlives the panel.
+struct PanelWorld
+{
+    enum class Store { Absent, Present };
+
+    PanelWorld();
+    ~PanelWorld();
+    Q_DISABLE_COPY_MOVE(PanelWorld)
+
+    [[nodiscard]] MenuBarRoles roles(Store store = Store::Present);
+
+    /// The loop finds these, and the Wi-Fi block hears nothing until it is let.
+    void willFind(const std::vector<PlaceCandidate> &cafes,
+                  const WeatherSnapshot &weather = LoopWorld::sun());
+    void willHear(const QList<WifiNetwork> &networks);
+    void isOn(const QString &ssid, qint64 rssiDBm);
+
+    LoopWorld loop;
+    FakeCheckInRepository repository;
+    FakeSystemWifiPasswordReader systemPasswords;
+    FakePasteboard pasteboard;
+    FakeSystemSettings systemSettings;
+    FakeSystemEvents systemEvents;
+};
+
+} // namespace quorvel::tests

@@ -1,0 +1,372 @@
+#include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
+
+#include "Core/DesignSystem/Theme/Theme.h"
+#include "Features/MenuBar/Loop/MenuBarServices.h"
+#include "Platform/Errors/LocalizedError.h"
+#include "Tests/Support/QuickTest.h"
+#include "Tests/Support/Services/QuietFacilities.h"
+
+#include <QAccessible>
+#include <QCursor>
+#include <QQmlEngine>
+#include <QQuickView>
+#include <QSignalSpy>
+
+using namespace quorvel;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QRect anchor(400, 0, 22, 22);
+
+struct FakeLoginItem
+{
+    bool enabled = false;
+    bool refuses = false;
+    QList<bool> asked;
+
+    LaunchAtLoginSwitch asSwitch()
+    {
+        return {.isEnabled = [this] { return enabled; },
+                .setEnabled =
+                    [this](bool wanted) {
+                        asked << wanted;
+                        if (refuses)
+                            throw Refusal();
+                        enabled = wanted;
+                    }};
+    }
+
+    struct Refusal final : LocalizedError
+    {
+        [[nodiscard]] QString errorDescription() const override { return u"Not today."_s; }
+    };
+};
+
+} // namespace
+
+class MenuBarPanelTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    static void initTestCase() { QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); }
+
+    void init()
+    {
+        QuickTest::failOnWarnings();
+        m_loginItem = {};
+        m_now = 1h;
+        m_panel = std::make_unique<MenuBarPanel>(m_engine, m_services.roles(nullptr),
+                                                 m_loginItem.asSwitch(),
+                                                 PanelToggleGuard([this] { return m_now; }));
+    }
+
+    void cleanup()
+    {
+        m_panel.reset();
+        QCursor::setPos(0, 0);
+        Theme::shared().setStyle(AppearanceStyle::Light);
+    }
+
+    void windowIsAFixedFramelessToolOnTop()
+    {
+        const QQuickView &window = m_panel->window();
+        QCOMPARE(window.title(), u"Quorvel"_s);
+        QCOMPARE(window.flags() & Qt::WindowType_Mask, Qt::Tool);
+        QVERIFY(window.flags() & Qt::FramelessWindowHint);
+        QVERIFY(window.flags() & Qt::WindowStaysOnTopHint);
+        QCOMPARE(window.width(), 340);
+        QCOMPARE(window.minimumSize(), window.size());
+        QCOMPARE(window.maximumSize(), window.size());
+        QVERIFY(!window.isVisible());
+    }
+
+    void headerContentAndFooterAreSetOut()
+    {
+        open();
+        QQuickItem *cup = find("name", u"cup.and.saucer.fill"_s);
+        QCOMPARE(cup->property("color").value<QColor>(), Theme::shared().color()->accent());
+        QCOMPARE(left(cup), 16.0);
+        QQuickItem *title = find("text", u"Quorvel"_s);
+        QCOMPARE(title->property("font").value<QFont>(), Theme::shared().font()->title());
+        QQuickItem *clock = find("label", u"Check-ins"_s);
+        QCOMPARE(clock->property("symbol"), u"clock"_s);
+        QCOMPARE(top(clock), 12.0);
+        QCOMPARE(left(find("text", u"Launch at Login"_s)), 16.0);
+        QCOMPARE(left(find("text", u"Quit Quorvel"_s)), 16.0);
+        const QQuickItem *toggle = find("label", u"Launch at Login"_s);
+        const QQuickItem *quit = find("label", u"Quit Quorvel"_s);
+        QCOMPARE(top(quit), top(toggle) + toggle->height() + 4);
+        QCOMPARE(top(quit) + quit->height() + 8, double(m_panel->window().height()));
+    }
+
+    void clockAsksForTheHistoryWindow()
+    {
+        open();
+        QSignalSpy requested(m_panel.get(), &MenuBarPanel::windowRequested);
+        QuickTest::click(find("label", u"Check-ins"_s));
+        QCOMPARE(requested.size(), 1);
+        QCOMPARE(requested.first().first().toString(), u"history"_s);
+    }
+
+    void quitIsPassedOn()
+    {
+        open();
+        QSignalSpy quit(m_panel.get(), &MenuBarPanel::quitRequested);
+        QuickTest::click(find("label", u"Quit Quorvel"_s));
+        QCOMPARE(quit.size(), 1);
+    }
+
+    void toggleSetsTheLoginItemAndReadsItBack()
+    {
+        open();
+        QuickTest::click(loginToggle());
+        QCOMPARE(m_loginItem.asked, QList<bool>{true});
+        QCOMPARE(loginToggle()->property("checked").toBool(), true);
+        QuickTest::click(loginToggle());
+        QCOMPARE(m_loginItem.asked, (QList<bool>{true, false}));
+        QCOMPARE(loginToggle()->property("checked").toBool(), false);
+    }
+
+    void refusedChangeLeavesTheToggleWhereItWas()
+    {
+        m_loginItem.refuses = true;
+        open();
+        QuickTest::click(loginToggle());
+        QCOMPARE(m_loginItem.asked, QList<bool>{true});
+        QCOMPARE(loginToggle()->property("checked").toBool(), false);
+    }
+
+    void toggleShowsWhatTheStatusBecameThoughItWasRefused()
+    {
+        m_loginItem.refuses = true;
+        open();
+        m_loginItem.enabled = true;
+        QuickTest::click(loginToggle());
+        QCOMPARE(loginToggle()->property("checked").toBool(), true);
+    }
+
+    void openingReadsTheLoginItem()
+    {
+        QCOMPARE(loginToggle()->property("checked").toBool(), false);
+        m_loginItem.enabled = true;
+        open();
+        QCOMPARE(loginToggle()->property("checked").toBool(), true);
+        QVERIFY(m_loginItem.asked.isEmpty());
+    }
+
+    void knobIsInItsPlaceFromTheFirstFrame()
+    {
+        m_loginItem.enabled = true;
+        m_panel->open(anchor);
+        const QQuickItem *knob = QuickTest::find(loginToggle(), "radius", 7.0);
+        QCOMPARE(knob->x(), 16.0);
+    }
+
+    void clickOpensBelowTheIcon()
+    {
+        m_panel->toggle(anchor);
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+        QCOMPARE(m_panel->window().position(), QPoint(241, 26));
+    }
+
+    void secondClickCloses()
+    {
+        open();
+        m_now += 1s;
+        m_panel->toggle(anchor);
+        QVERIFY(!m_panel->window().isVisible());
+    }
+
+    void doubleClickCountsOnce()
+    {
+        m_panel->toggle(anchor);
+        m_now += 150ms;
+        m_panel->toggle(anchor);
+        QVERIFY(m_panel->window().isVisible());
+    }
+
+    void losingTheFocusCloses()
+    {
+        open();
+        loseFocus();
+        QTRY_VERIFY(!m_panel->window().isVisible());
+    }
+
+    void losingTheFocusOnTheWayFromTheIconDoesNotClose()
+    {
+        open();
+        QCursor::setPos(anchor.center().x(), m_panel->window().y() - 24);
+        loseFocus();
+        QVERIFY(m_panel->window().isVisible());
+    }
+
+    void losingTheFocusFurtherAwayCloses()
+    {
+        open();
+        QCursor::setPos(anchor.center().x(), m_panel->window().y() - 25);
+        loseFocus();
+        QVERIFY(!m_panel->window().isVisible());
+    }
+
+    void clickThatTookTheFocusDoesNotOpenAgain()
+    {
+        open();
+        m_now += 5s;
+        loseFocus();
+        QTRY_VERIFY(!m_panel->window().isVisible());
+        m_now += 111ms;
+        m_panel->toggle(anchor);
+        QVERIFY(!m_panel->window().isVisible());
+        m_now += 189ms;
+        m_panel->toggle(anchor);
+        QVERIFY(m_panel->window().isVisible());
+    }
+
+    void escapeCloses()
+    {
+        open();
+        QTest::keyClick(&m_panel->window(), Qt::Key_Escape);
+        QVERIFY(!m_panel->window().isVisible());
+    }
+
+    void escapeClosesFromAnyControl()
+    {
+        open();
+        QTest::keyClick(&m_panel->window(), Qt::Key_Tab);
+        QTest::keyClick(&m_panel->window(), Qt::Key_Tab);
+        QTest::keyClick(&m_panel->window(), Qt::Key_Escape);
+        QVERIFY(!m_panel->window().isVisible());
+    }
+
+    void openingAnOpenPanelKeepsIt()
+    {
+        open();
+        const QPoint before = m_panel->window().position();
+        m_panel->open(QRect(700, 0, 22, 22));
+        QVERIFY(m_panel->window().isVisible());
+        QCOMPARE(m_panel->window().position(), before);
+    }
+
+    void tabGoesThroughTheControlsFromTop()
+    {
+        open();
+        QStringList order;
+        for (int i = 0; i < 4; ++i) {
+            QTest::keyClick(&m_panel->window(), Qt::Key_Tab);
+            order << m_panel->window().activeFocusItem()->property("label").toString();
+        }
+        QCOMPARE(order, (QStringList{u"Check-ins"_s, u"Launch at Login"_s, u"Quit Quorvel"_s,
+                                     u"Check-ins"_s}));
+    }
+
+    void openingAgainStartsWithoutFocusOnAControl()
+    {
+        open();
+        QTest::keyClick(&m_panel->window(), Qt::Key_Tab);
+        QVERIFY(find("label", u"Check-ins"_s)->hasActiveFocus());
+        m_panel->close();
+        open();
+        QVERIFY(!find("label", u"Check-ins"_s)->hasActiveFocus());
+        QTest::keyClick(&m_panel->window(), Qt::Key_Escape);
+        QVERIFY(!m_panel->window().isVisible());
+    }
+
+    void windowFollowsTheHeightOfItsView()
+    {
+        open();
+        const int before = m_panel->window().height();
+        view()->setImplicitHeight(before + 60);
+        QCOMPARE(m_panel->window().height(), before + 60);
+        QCOMPARE(view()->height(), before + 60.0);
+        view()->setImplicitHeight(before - 60);
+        QCOMPARE(m_panel->window().height(), before - 60);
+        QCOMPARE(m_panel->window().minimumSize(), m_panel->window().maximumSize());
+    }
+
+    void panelAboveABarGrowsUpwards()
+    {
+        const QRect atBottom(400, 770, 22, 22);
+        m_panel->open(atBottom);
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+        const auto bottom = [this] { return m_panel->window().geometry().bottom(); };
+        QCOMPARE(bottom(), atBottom.top() - 5);
+        view()->setImplicitHeight(view()->height() + 60);
+        QCOMPARE(bottom(), atBottom.top() - 5);
+    }
+
+    void newAppearanceRepaintsTheOpenPanel()
+    {
+        open();
+        QCOMPARE(QuickTest::pixel(view(), {170, 120}), QColor(0xFBF6EF));
+        Theme::shared().setStyle(AppearanceStyle::Dark);
+        QCOMPARE(QuickTest::pixel(view(), {170, 120}), QColor(0x1A1410));
+        QCOMPARE(m_panel->window().color(), QColor(0x1A1410));
+    }
+
+    void everyItemThatTakesTheFocusIsNamed()
+    {
+        int count = 0;
+        for (QQuickItem *item : QuickTest::itemsUnder(view())) {
+            if (item->activeFocusOnTab() && item->isVisible()) {
+                ++count;
+                auto *interface = QAccessible::queryAccessibleInterface(item);
+                QVERIFY(!interface->text(QAccessible::Name).isEmpty());
+                QVERIFY(interface->state().focusable);
+            }
+        }
+        QCOMPARE(count, 3);
+    }
+
+    void theSystemIsFollowedWhileThePanelIsOpen()
+    {
+        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        open();
+        QVERIFY(m_facilities.systemEvents.isFollowed);
+        m_panel->close();
+        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        open();
+        QVERIFY(m_facilities.systemEvents.isFollowed);
+    }
+
+private:
+    void open()
+    {
+        m_panel->open(anchor);
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+    }
+
+    void loseFocus()
+    {
+        m_other.show();
+        m_other.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&m_other));
+        m_other.hide();
+    }
+
+    [[nodiscard]] QQuickItem *view()
+    {
+        return m_panel->window().contentItem()->childItems().first();
+    }
+    [[nodiscard]] QQuickItem *find(const char *property, const QString &value)
+    {
+        return QuickTest::find(view(), property, value);
+    }
+    [[nodiscard]] QQuickItem *loginToggle() { return find("label", u"Launch at Login"_s); }
+
+    static double left(const QQuickItem *item) { return item->mapToScene({0, 0}).x(); }
+    static double top(const QQuickItem *item) { return item->mapToScene({0, 0}).y(); }
+
+    QQmlEngine m_engine;
+    QWindow m_other;
+    FakeLoginItem m_loginItem;
+    std::chrono::milliseconds m_now{};
+    tests::QuietFacilities m_facilities;
+    MenuBarServices m_services{m_facilities.menuBar()};
+    std::unique_ptr<MenuBarPanel> m_panel;
+};
+
+QTEST_MAIN(MenuBarPanelTest)
+#include "MenuBarPanelTest.moc"

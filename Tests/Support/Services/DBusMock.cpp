@@ -1,0 +1,51 @@
+#include "Tests/Support/Services/DBusMock.h"
+
+#include <QTest>
+
+#include <csignal>
+
+namespace quorvel::tests {
+
+namespace {
+
+constexpr int startLimitMilliseconds = 20'000;
+
+} // namespace
+
+DBusMock::~DBusMock()
+{
+    stop();
+}
+
+void DBusMock::start(const QString &serviceTemplate, const std::function<bool()> &isServing)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SYSTEM_BUS_ADDRESS"),
+                       environment.value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
+    m_process.setProcessEnvironment(environment);
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(QUORVEL_PYTHON),
+                    {QStringLiteral("-B"), QStringLiteral("-m"), QStringLiteral("dbusmock"),
+                     QStringLiteral("--template"), serviceTemplate});
+    if (!QTest::qWaitFor(isServing, startLimitMilliseconds))
+        qFatal("%s does not come up", qUtf8Printable(serviceTemplate));
+}
+
+void DBusMock::stop()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void DBusMock::freeze()
+{
+    ::kill(pid_t(m_process.processId()), SIGSTOP);
+}
+
+void DBusMock::thaw()
+{
+    ::kill(pid_t(m_process.processId()), SIGCONT);
+}
+
+} // namespace quorvel::tests

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QProcess>
+#include <QTest>
+
+namespace quorvel::tests {
+
+/// The real keyring daemon on a session bus of its own, for the tests of one program. Make it
+/// before anything asks for the session bus.
+class KeyringWorld final
+{
+public:
+    KeyringWorld()
+    {
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_process.start(
+            QStringLiteral(QUORVEL_PYTHON),
+            {QStringLiteral("-B"), QStringLiteral(QUORVEL_DAEMONS "/keyring_world.py")});
+        const QByteArray address = answer();
+        if (!address.startsWith("unix:"))
+            qFatal("there is no world: %s", address.constData());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    }
+    KeyringWorld(const KeyringWorld &) = delete;
+    KeyringWorld &operator=(const KeyringWorld &) = delete;
+    ~KeyringWorld()
+    {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished(limit);
+    }
+
+    /// One of the commands of keyring_world.py; a test cannot go on without what it asks for.
+    void tell(const QByteArray &command)
+    {
+        m_process.write(command + '\n');
+        const QByteArray said = answer();
+        if (said != "done")
+            qFatal("%s: %s", command.constData(), said.constData());
+    }
+
+private:
+    static constexpr int limit = 20'000;
+
+    QByteArray answer()
+    {
+        static_cast<void>(QTest::qWaitFor([this] { return m_process.canReadLine(); }, limit));
+        return m_process.readLine().trimmed();
+    }
+
+    QProcess m_process;
+};
+
+} // namespace quorvel::tests

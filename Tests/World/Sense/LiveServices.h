@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Core/Keychain/SecItemKeychainStore.h"
+#include "Platform/Http/HttpClient.h"
+#include "Platform/Location/GeoClueLocationManager.h"
+#include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
+#include "Platform/SystemBus/SystemBus.h"
+#include "Platform/Wifi/NetworkManagerWifiClient.h"
+#include "Quorvel/Endpoints.h"
+#include "Services/Location/CoreLocationService.h"
+#include "Services/Places/MapKitPlacesService.h"
+#include "Services/Weather/OpenMeteoWeatherService.h"
+#include "Services/Wifi/CoreWLANWifiService.h"
+#include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
+
+namespace quorvel::tests {
+
+/// All that the program senses by, over the machine that it runs on or over the district that plays
+/// it, for the programs of this folder. Needs an application object.
+struct LiveServices
+{
+    explicit LiveServices(const Endpoints &endpoints)
+        : map(HttpClient::shared(), Clock::system(),
+              endpoints.places ? QList<QUrl>{*endpoints.places}
+                               : OverpassPointsOfInterest::defaultEndpoints)
+        , weather(HttpClient::shared(), Clock::system(),
+                  endpoints.weather.value_or(OpenMeteoWeatherService::defaultEndpoint))
+    {}
+
+    CoreLocationService location{std::make_unique<GeoClueLocationManager>(SystemBus::connection())};
+    OverpassPointsOfInterest map;
+    MapKitPlacesService places{map};
+    OpenMeteoWeatherService weather;
+    NetworkManagerWifiClient radio{SystemBus::connection()};
+    CoreWLANWifiService wifi{radio};
+    SecurityCLIWifiPasswordReader systemPasswords{radio};
+    SecItemKeychainStore keychain{SecItemKeychainStore::wifiService};
+};
+
+} // namespace quorvel::tests

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Features/MenuBar/Loop/MenuBarViewModel.h"
+
+#include <QStringList>
+#include <qqmlintegration.h>
+
+namespace quorvel {
+
+/// The daily loop, driven by hand: what its state is, in words, and the inputs that it takes.
+class MenuBarViewModelProbe final : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the window")
+    Q_PROPERTY(QString heading READ heading CONSTANT)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
+    Q_PROPERTY(bool isError READ isError NOTIFY changed)
+    Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY changed)
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+
+public:
+    MenuBarViewModelProbe(const MenuBarViewModel::Services &services, const Clock &clock,
+                          QObject *parent = nullptr);
+
+    /// As if the panel opened; pressed twice, the second ends the load of the first.
+    Q_INVOKABLE void run();
+    /// Offered while the state is an error.
+    Q_INVOKABLE void retry();
+    Q_INVOKABLE void cancel();
+
+    [[nodiscard]] static QString heading();
+    [[nodiscard]] bool isLoading() const { return m_vm.state().isLoading(); }
+    [[nodiscard]] bool isError() const { return m_vm.state().isError(); }
+    [[nodiscard]] bool isLoaded() const { return m_vm.state().isLoaded(); }
+    /// The state in one line; four when something was found.
+    [[nodiscard]] QString text() const;
+
+signals:
+    void changed();
+
+private:
+    MenuBarViewModel m_vm;
+};
+
+} // namespace quorvel
