@@ -1,9 +1,9 @@
 #include "Quorvel/LiveFacilities.h"
 
+#include "Platform/Bus/SystemBus.h"
 #include "Platform/Http/HttpClient.h"
 #include "Platform/Keychain/Keychain.h"
 #include "Platform/Location/GeoClueLocationManager.h"
-#include "Platform/SystemBus/SystemBus.h"
 #include "Quorvel/Endpoints.h"
 #include "Services/Weather/OpenMeteoWeatherService.h"
 

@@ -2,8 +2,8 @@
 
 #include "Core/Support/LaunchAtLogin.h"
 #include "Platform/Appearance/PortalAppearance.h"
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/Errors/LocalizedError.h"
-#include "Platform/SessionBus/SessionBus.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 
 #include "Platform/ApplicationId.h"
-#include "Platform/SessionBus/SessionBus.h"
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/SingleInstance/ApplicationAdaptor.h"
 
 #include <QDBusConnection>

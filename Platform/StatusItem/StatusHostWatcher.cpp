@@ -1,6 +1,6 @@
 #include "Platform/StatusItem/StatusHostWatcher.h"
 
-#include "Platform/SessionBus/SessionBus.h"
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/StatusItem/NotifierWatcherClient.h"
 #include "Platform/StatusItem/XEmbedManagerWatcher.h"
 

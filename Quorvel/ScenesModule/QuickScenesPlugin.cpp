@@ -1,11 +1,11 @@
 #include "Quorvel/ScenesModule/QuickScenesPlugin.h"
 
 #include "Platform/ApplicationId.h"
+#include "Platform/Bus/SessionBus.h"
+#include "Platform/Bus/SystemBus.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
-#include "Platform/SessionBus/SessionBus.h"
-#include "Platform/SystemBus/SystemBus.h"
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 #include "Platform/SystemSettings/DesktopSystemSettings.h"
 #include "Quorvel/Endpoints.h"

@@ -1,7 +1,7 @@
 #include "Quorvel/TerminalModule/LiveTerminal.h"
 
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/NotificationCenter/SessionNotifications.h"
-#include "Platform/SessionBus/SessionBus.h"
 #include "Quorvel/Endpoints.h"
 
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 #include "Platform/Keychain/SecretService/SecretServiceConnection.h"
 
+#include "Platform/Bus/SessionBus.h"
 #include "Platform/Keychain/SecretService/SecretServiceFailure.h"
-#include "Platform/SessionBus/SessionBus.h"
 
 #include <QProcessEnvironment>
 

@@ -1,5 +1,5 @@
+#include "Platform/Bus/SystemBus.h"
 #include "Platform/Location/GeoClueLocationManager.h"
-#include "Platform/SystemBus/SystemBus.h"
 #include "Tests/Contract/LocationManager/LocationManagerContract.h"
 #include "Tests/World/Daemons/GeoClueWorld.h"
 

@@ -1,6 +1,6 @@
 #include "Platform/Location/GeoClueLocationManager.h"
 
-#include "Platform/SystemBus/SystemBus.h"
+#include "Platform/Bus/SystemBus.h"
 #include "Tests/World/Daemons/GeoClueWorld.h"
 
 #include <QSignalSpy>

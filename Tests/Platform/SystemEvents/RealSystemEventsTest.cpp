@@ -1,4 +1,4 @@
-#include "Platform/SystemBus/SystemBus.h"
+#include "Platform/Bus/SystemBus.h"
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
 

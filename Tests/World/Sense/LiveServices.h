@@ -1,10 +1,10 @@
 #pragma once
 
 #include "Core/Keychain/SecItemKeychainStore.h"
+#include "Platform/Bus/SystemBus.h"
 #include "Platform/Http/HttpClient.h"
 #include "Platform/Location/GeoClueLocationManager.h"
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
-#include "Platform/SystemBus/SystemBus.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Quorvel/Endpoints.h"
 #include "Services/Location/CoreLocationService.h"

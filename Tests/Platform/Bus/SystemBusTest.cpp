@@ -1,4 +1,4 @@
-#include "Platform/SystemBus/SystemBus.h"
+#include "Platform/Bus/SystemBus.h"
 
 #include <QDBusError>
 #include <QTemporaryDir>

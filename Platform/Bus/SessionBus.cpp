@@ -1,4 +1,4 @@
-#include "Platform/SessionBus/SessionBus.h"
+#include "Platform/Bus/SessionBus.h"
 
 #include <QFile>
 #include <QProcessEnvironment>

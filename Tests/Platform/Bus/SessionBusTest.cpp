@@ -1,4 +1,4 @@
-#include "Platform/SessionBus/SessionBus.h"
+#include "Platform/Bus/SessionBus.h"
 
 #include <QFile>
 #include <QProcessEnvironment>
@@ -38,7 +38,7 @@ bool makeSocket(const QString &path)
 
 } // namespace
 
-class SessionBusConnectionTest final : public QObject
+class SessionBusTest final : public QObject
 {
     Q_OBJECT
 
@@ -50,6 +50,7 @@ private slots:
         QTest::newRow("a socket") << u"unix:path=/run/user/1000/bus"_s << true;
         QTest::newRow("one of two") << u"tcp:host=a;unix:abstract=b"_s << true;
         QTest::newRow("a launch") << u"autolaunch:"_s << false;
+        QTest::newRow("a launch for the user") << u"autolaunch:scope=*user"_s << false;
         QTest::newRow("a launch at last") << u"unix:path=/a;autolaunch:scope=*user"_s << false;
         QTest::newRow("nothing") << QString() << false;
     }
@@ -92,5 +93,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(SessionBusConnectionTest)
-#include "SessionBusConnectionTest.moc"
+QTEST_GUILESS_MAIN(SessionBusTest)
+#include "SessionBusTest.moc"
