@@ -1,12 +1,8 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
 
-#include <QDBusError>
 #include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 
 #include <algorithm>
-#include <limits>
 
 namespace quorvel {
 
@@ -32,13 +28,6 @@ QDBusMessage messageOf(const NetworkManagerCall &call)
     return message;
 }
 
-/// The largest number is the bus library's own word for "for ever".
-int timeoutOf(std::chrono::milliseconds limit)
-{
-    constexpr std::chrono::milliseconds longest{std::numeric_limits<int>::max()};
-    return static_cast<int>(std::min(limit, longest).count());
-}
-
 bool endsInAny(const QString &name, std::initializer_list<QLatin1StringView> endings)
 {
     return std::any_of(endings.begin(), endings.end(),
@@ -54,31 +43,14 @@ NetworkManagerBus::NetworkManagerBus(QDBusConnection connection)
 }
 
 void NetworkManagerBus::call(QObject *context, const NetworkManagerCall &call,
-                             std::chrono::milliseconds limit, const Handler &handler) const
+                             std::chrono::milliseconds limit, const BusCall::Handler &handler) const
 {
-    // A call on a bus that is not there would never be answered, not even with an error.
-    if (!m_connection.isConnected()) {
-        const auto error = QDBusMessage::createError(QDBusError::Disconnected, u"No bus"_s);
-        QMetaObject::invokeMethod(
-            context, [handler, error] { handler(error); }, Qt::QueuedConnection);
-        return;
-    }
-    auto *watcher = new QDBusPendingCallWatcher(
-        m_connection.asyncCall(messageOf(call), timeoutOf(limit)), context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, handler] {
-        watcher->deleteLater();
-        handler(watcher->reply());
-    });
+    BusCall::start(m_connection, messageOf(call), limit, context, handler);
 }
 
 void NetworkManagerBus::send(const NetworkManagerCall &call) const
 {
     m_connection.send(messageOf(call));
-}
-
-bool NetworkManagerBus::isError(const QDBusMessage &reply)
-{
-    return reply.type() != QDBusMessage::ReplyMessage;
 }
 
 WifiError NetworkManagerBus::errorOf(const QDBusMessage &reply)

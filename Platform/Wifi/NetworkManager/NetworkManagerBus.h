@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/WifiError.h"
 
 #include <QDBusConnection>
@@ -9,7 +10,6 @@
 #include <QVariant>
 
 #include <chrono>
-#include <functional>
 
 namespace quorvel {
 
@@ -54,24 +54,17 @@ struct NetworkManagerCall
 class NetworkManagerBus final
 {
 public:
-    /// Hears the reply, or the message of an error.
-    using Handler = std::function<void(const QDBusMessage &)>;
-
-    /// A limit for calls that last as long as the user thinks about them.
-    static constexpr auto noLimit = std::chrono::milliseconds::max();
-
     explicit NetworkManagerBus(QDBusConnection connection);
 
     [[nodiscard]] QDBusConnection connection() const { return m_connection; }
 
-    /// The handler is called once and later, unless the context is destroyed before.
+    /// As `BusCall::start`.
     void call(QObject *context, const NetworkManagerCall &call, std::chrono::milliseconds limit,
-              const Handler &handler) const;
+              const BusCall::Handler &handler) const;
 
     /// For calls whose reply nobody needs.
     void send(const NetworkManagerCall &call) const;
 
-    [[nodiscard]] static bool isError(const QDBusMessage &reply);
     /// What an error means to us.
     [[nodiscard]] static WifiError errorOf(const QDBusMessage &reply);
 

@@ -1,5 +1,6 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
 
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerStates.h"
 
 #include <QDBusArgument>
@@ -148,9 +149,8 @@ void NetworkManagerModel::read()
 
 void NetworkManagerModel::take(const QDBusMessage &reply)
 {
-    // Lifetime: it is the context of the call that we are in.
-    m_question.release()->deleteLater();
-    m_isRead = !NetworkManagerBus::isError(reply);
+    m_question.reset();
+    m_isRead = !BusCall::isError(reply);
     if (m_isRead) {
         m_owner = reply.service();
         const auto objects = argument<NetworkManagerObjects>(reply, 0);

@@ -95,7 +95,7 @@ private:
     bool m_isRead = false;
     /// Why it is not.
     WifiError m_readError{WifiError::Code::ServiceGone};
-    /// The question that is open now; to drop it is to ignore its answer.
+    /// The context of the question that is open now; to drop it is to ignore the answer.
     std::unique_ptr<QObject> m_question;
     /// What was heard since it was asked: the bus library hands signals out before an answer that
     /// came before them.

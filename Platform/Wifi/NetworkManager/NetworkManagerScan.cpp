@@ -1,5 +1,6 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerScan.h"
 
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/AccessPoint.h"
 
 namespace quorvel {
@@ -42,12 +43,12 @@ void NetworkManagerScan::begin()
                 .interface = Names::wireless,
                 .member = u"RequestScan"_s,
                 .arguments = {QVariantMap()}},
-               NetworkManagerBus::noLimit, [this](const QDBusMessage &reply) { answered(reply); });
+               BusCall::noLimit, [this](const QDBusMessage &reply) { answered(reply); });
 }
 
 void NetworkManagerScan::answered(const QDBusMessage &reply)
 {
-    if (NetworkManagerBus::isError(reply))
+    if (BusCall::isError(reply))
         return fail(NetworkManagerBus::errorOf(reply));
     m_isAccepted = true;
     valuesChanged(m_radio);

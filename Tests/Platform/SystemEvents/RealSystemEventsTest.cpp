@@ -1,3 +1,4 @@
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Bus/SystemBus.h"
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
@@ -104,7 +105,7 @@ private:
                    [&answer](const QDBusMessage &reply) { answer = reply; });
         if (!QTest::qWaitFor([&answer] { return answer.has_value(); }, 15'000))
             qFatal("the daemon does not answer");
-        if (NetworkManagerBus::isError(*answer))
+        if (BusCall::isError(*answer))
             qFatal("%s", qUtf8Printable(answer->errorMessage()));
         return answer->arguments();
     }

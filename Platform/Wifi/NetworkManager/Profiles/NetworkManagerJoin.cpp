@@ -1,5 +1,6 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerJoin.h"
 
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 
 #include <algorithm>
@@ -121,13 +122,13 @@ void NetworkManagerJoin::activate(const AccessPoint &point)
                 .interface = Names::manager,
                 .member = u"AddAndActivateConnection2"_s,
                 .arguments = arguments},
-               NetworkManagerBus::noLimit, [this](const QDBusMessage &reply) { activated(reply); });
+               BusCall::noLimit, [this](const QDBusMessage &reply) { activated(reply); });
 }
 
 void NetworkManagerJoin::activated(const QDBusMessage &reply)
 {
     m_isAwaitingPermission = false;
-    if (NetworkManagerBus::isError(reply))
+    if (BusCall::isError(reply))
         return fail(errorOfActivation(reply));
     m_profile = reply.arguments().value(0).value<QDBusObjectPath>().path();
     m_active = reply.arguments().value(1).value<QDBusObjectPath>().path();

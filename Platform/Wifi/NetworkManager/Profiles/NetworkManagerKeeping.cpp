@@ -1,5 +1,7 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 
+#include "Platform/Bus/BusCall.h"
+
 #include <QDBusArgument>
 
 #include <algorithm>
@@ -59,7 +61,7 @@ void NetworkManagerKeeping::updateIfPermitted(const NetworkManagerProfile &profi
     const auto decide = [this, profile, permission](const QDBusMessage &reply) {
         const auto permissions = qdbus_cast<QMap<QString, QString>>(reply.arguments().value(0));
         // To be asked for an administrator's password after the fact would surprise the user.
-        if (!NetworkManagerBus::isError(reply) && permissions.value(permission) == u"yes"_s)
+        if (!BusCall::isError(reply) && permissions.value(permission) == u"yes"_s)
             update(profile);
         else
             save();
@@ -73,7 +75,7 @@ void NetworkManagerKeeping::updateIfPermitted(const NetworkManagerProfile &profi
 void NetworkManagerKeeping::update(const NetworkManagerProfile &profile)
 {
     const auto finish = [this](const QDBusMessage &reply) {
-        if (NetworkManagerBus::isError(reply))
+        if (BusCall::isError(reply))
             save();
         else
             end();
@@ -105,7 +107,7 @@ void NetworkManagerKeeping::save()
         this,
         {.path = m_connection.temporaryProfile, .interface = Names::profile, .member = u"Save"_s},
         m_limit, [this](const QDBusMessage &reply) {
-            if (NetworkManagerBus::isError(reply))
+            if (BusCall::isError(reply))
                 qWarning("The joined network is not remembered: %s",
                          qUtf8Printable(reply.errorName()));
             end();

@@ -1,5 +1,7 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerProfiles.h"
 
+#include "Platform/Bus/BusCall.h"
+
 #include <QDBusArgument>
 
 #include <algorithm>
@@ -53,7 +55,7 @@ NetworkManagerProfiles::NetworkManagerProfiles(NetworkManagerBus bus,
 
 void NetworkManagerProfiles::listed(const QDBusMessage &reply)
 {
-    if (NetworkManagerBus::isError(reply)) {
+    if (BusCall::isError(reply)) {
         end(Outcome<QList<NetworkManagerProfile>>::failure(NetworkManagerBus::errorOf(reply)));
         return;
     }
@@ -71,7 +73,7 @@ void NetworkManagerProfiles::listed(const QDBusMessage &reply)
 void NetworkManagerProfiles::described(const QString &path, const QDBusMessage &reply)
 {
     // Silent: a profile that is gone by now, or another user's own, is none for us.
-    if (!NetworkManagerBus::isError(reply))
+    if (!BusCall::isError(reply))
         m_profiles.append(
             {.path = path,
              .settings = qdbus_cast<NetworkManagerGroups>(reply.arguments().value(0))});

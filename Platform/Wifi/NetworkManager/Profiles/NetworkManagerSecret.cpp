@@ -1,5 +1,7 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerSecret.h"
 
+#include "Platform/Bus/BusCall.h"
+
 #include <QDBusArgument>
 
 #include <algorithm>
@@ -59,7 +61,7 @@ void NetworkManagerSecret::found(Outcome<QList<NetworkManagerProfile>> outcome)
                     .interface = Names::profile,
                     .member = u"GetSecrets"_s,
                     .arguments = {Names::securitySetting}},
-                   NetworkManagerBus::noLimit, [this](const QDBusMessage &reply) { told(reply); });
+                   BusCall::noLimit, [this](const QDBusMessage &reply) { told(reply); });
     } catch (const WifiError &error) {
         fail(error);
     }
@@ -67,7 +69,7 @@ void NetworkManagerSecret::found(Outcome<QList<NetworkManagerProfile>> outcome)
 
 void NetworkManagerSecret::told(const QDBusMessage &reply)
 {
-    if (!NetworkManagerBus::isError(reply))
+    if (!BusCall::isError(reply))
         end(Outcome<std::optional<QString>>::success(passwordIn(reply)));
     else if (meansNone(reply))
         end(Outcome<std::optional<QString>>::success(std::nullopt));

@@ -1,3 +1,4 @@
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
@@ -191,7 +192,7 @@ private:
         m_bus.call(&context, call, 20s, [&answer](const QDBusMessage &reply) { answer = reply; });
         if (!QTest::qWaitFor([&answer] { return answer.has_value(); }, 20'000))
             qFatal("no answer to %s", qUtf8Printable(call.member));
-        if (NetworkManagerBus::isError(*answer))
+        if (BusCall::isError(*answer))
             qFatal("%s: %s", qUtf8Printable(call.member), qUtf8Printable(answer->errorMessage()));
         return answer->arguments();
     }
