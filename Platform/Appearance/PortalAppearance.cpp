@@ -1,8 +1,9 @@
 #include "Platform/Appearance/PortalAppearance.h"
 
+#include "Platform/Bus/BusCall.h"
+
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
@@ -47,7 +48,6 @@ AppearanceStyle paletteStyle()
 PortalAppearance::PortalAppearance(const QDBusConnection &bus)
     : m_bus(bus)
 {
-    // A call on a bus that is not there would never be answered, not even with an error.
     if (m_bus.isConnected()) {
         follow();
         read();
@@ -81,15 +81,12 @@ void PortalAppearance::read()
     auto message =
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
     message << appearanceNamespace << colorSchemeKey;
-    const auto timeout = static_cast<int>(readTimeout.count());
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, timeout), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
-        call->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *call;
+    const auto answered = [this](const QDBusReply<QDBusVariant> &reply) {
         // Silent: a desktop without this portal or setting is an ordinary one.
-        if (!reply.isError())
+        if (reply.isValid())
             adopt(reply.value().variant());
-    });
+    };
+    BusCall::start(m_bus, message, readTimeout, this, answered);
 }
 
 void PortalAppearance::adopt(const QVariant &colorScheme)

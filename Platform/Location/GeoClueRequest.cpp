@@ -1,19 +1,18 @@
 #include "Platform/Location/GeoClueRequest.h"
 
 #include "Platform/ApplicationId.h"
+#include "Platform/Bus/BusCall.h"
 #include "Platform/Location/GeoClueLocation.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QPointer>
-
-#include <limits>
 
 namespace quorvel {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -27,7 +26,8 @@ const auto noObject = u"/"_s;
 
 /// The daemon moves every position of a lower level by a kilometre.
 constexpr uint exactAccuracyLevel = 8;
-constexpr int noTimeout = std::numeric_limits<int>::max();
+/// Ends a call of a step whose own, shorter limit has passed.
+constexpr auto callLimit = 25s;
 
 const auto noBus = u"There is no system bus to ask for the location."_s;
 const auto noAnswer = u"The location service did not answer."_s;
@@ -122,17 +122,14 @@ void GeoClueRequest::createClient()
     const auto message =
         QDBusMessage::createMethodCall(service, managerPath, managerInterface, u"CreateClient"_s);
     // Without an agent the daemon answers when one comes, however late: that client has to go too.
+    const auto answered = [self = QPointer(this), bus = m_bus](const QDBusMessage &reply) {
+        if (self && !self->m_hasEnded)
+            self->clientCreated(reply);
+        else if (!clientOf(reply).isEmpty())
+            deleteClient(bus, reply.service(), clientOf(reply));
+    };
     // Lifetime: the call outlives this conversation, not the manager that began it.
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, noTimeout), parent());
-    connect(call, &QDBusPendingCallWatcher::finished, call,
-            [call, self = QPointer(this), bus = m_bus] {
-                call->deleteLater();
-                const auto reply = call->reply();
-                if (self && !self->m_hasEnded)
-                    self->clientCreated(reply);
-                else if (!clientOf(reply).isEmpty())
-                    deleteClient(bus, reply.service(), clientOf(reply));
-            });
+    BusCall::start(m_bus, message, BusCall::noLimit, parent(), answered);
 }
 
 void GeoClueRequest::clientCreated(const QDBusMessage &reply)
@@ -213,11 +210,9 @@ void GeoClueRequest::follow()
 void GeoClueRequest::ask(const QDBusMessage &message, std::chrono::milliseconds limit, Next next)
 {
     m_limit.start(limit);
-    auto *call = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, next] {
-        call->deleteLater();
+    BusCall::start(m_bus, message, callLimit, this, [this, next](const QDBusMessage &reply) {
         if (!m_hasEnded)
-            (this->*next)(call->reply());
+            (this->*next)(reply);
     });
 }
 
@@ -237,7 +232,7 @@ QDBusMessage GeoClueRequest::clientCall(const QString &method) const
 bool GeoClueRequest::isFine(const QDBusMessage &reply)
 {
     m_limit.stop();
-    if (reply.type() == QDBusMessage::ReplyMessage)
+    if (!BusCall::isError(reply))
         return true;
     fail(descriptionOf(reply));
     return false;

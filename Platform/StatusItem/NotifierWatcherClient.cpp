@@ -1,9 +1,10 @@
 #include "Platform/StatusItem/NotifierWatcherClient.h"
 
+#include "Platform/Bus/BusCall.h"
+
 #include <QDBusError>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 #include <QDBusVariant>
 
 namespace quorvel {
@@ -23,9 +24,9 @@ QDBusMessage hostQuestion()
     return question;
 }
 
-NotifierWatcher stateAfter(const QDBusPendingReply<QDBusVariant> &reply)
+NotifierWatcher stateAfter(const QDBusReply<QDBusVariant> &reply)
 {
-    if (!reply.isError())
+    if (reply.isValid())
         return reply.value().variant().toBool() ? NotifierWatcher::WithHost
                                                 : NotifierWatcher::WithoutHost;
     if (reply.error().name() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner") ||
@@ -62,16 +63,14 @@ NotifierWatcherClient::NotifierWatcherClient(const QDBusConnection &bus,
     ask();
 }
 
-NotifierWatcherClient::~NotifierWatcherClient() = default;
-
 void NotifierWatcherClient::ask()
 {
     m_retry.stop();
-    const auto timeout = static_cast<int>(m_limits.reply.count());
-    m_question =
-        std::make_unique<QDBusPendingCallWatcher>(m_bus.asyncCall(hostQuestion(), timeout));
-    connect(m_question.get(), &QDBusPendingCallWatcher::finished, this,
-            &NotifierWatcherClient::answered);
+    m_question = std::make_unique<QObject>();
+    const auto hear = [this](const QDBusReply<QDBusVariant> &reply) {
+        answered(stateAfter(reply));
+    };
+    BusCall::start(m_bus, hostQuestion(), m_limits.reply, m_question.get(), hear);
 }
 
 void NotifierWatcherClient::followSignals()
@@ -98,12 +97,8 @@ void NotifierWatcherClient::ownerChanged(const QString &newOwner)
     ask();
 }
 
-void NotifierWatcherClient::answered()
+void NotifierWatcherClient::answered(NotifierWatcher state)
 {
-    // Lifetime: it is the sender of the signal that we are in.
-    QDBusPendingCallWatcher *question = m_question.release();
-    question->deleteLater();
-    const NotifierWatcher state = stateAfter(*question);
     if (state == NotifierWatcher::Silent)
         keepAsking();
     else

@@ -9,8 +9,6 @@
 
 #include <memory>
 
-class QDBusPendingCallWatcher;
-
 namespace quorvel {
 
 /// Follows the session bus's status notifier watcher for `StatusHostWatcher`: asks it whether a
@@ -23,7 +21,6 @@ class NotifierWatcherClient final : public QObject
 public:
     NotifierWatcherClient(const QDBusConnection &bus, const StatusHostLimits &limits,
                           QObject *parent = nullptr);
-    ~NotifierWatcherClient() override;
 
     [[nodiscard]] NotifierWatcher state() const { return m_state; }
 
@@ -36,7 +33,7 @@ private slots:
 private:
     void followSignals();
     void ownerChanged(const QString &newOwner);
-    void answered();
+    void answered(NotifierWatcher state);
     void keepAsking();
     void setState(NotifierWatcher state);
 
@@ -44,8 +41,8 @@ private:
     StatusHostLimits m_limits;
     NotifierWatcher m_state = NotifierWatcher::Unknown;
     QDBusServiceWatcher m_owner;
-    /// The question that is open now; to drop it is to ignore its answer.
-    std::unique_ptr<QDBusPendingCallWatcher> m_question;
+    /// The context of the latest question; to drop it is to ignore the answer.
+    std::unique_ptr<QObject> m_question;
     QTimer m_retry;
     int m_unanswered = 0;
 };
