@@ -3,12 +3,12 @@
 #include "Platform/ApplicationId.h"
 #include "Platform/Files/FileError.h"
 #include "Platform/Files/Folders.h"
+#include "Platform/Files/PrivateFile.h"
 #include "Platform/LoginItem/DesktopEntry.h"
 #include "Platform/LoginItem/LoginItemError.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -54,15 +54,10 @@ void write(const QString &file, const QByteArray &text, LoginItemError::Operatio
 {
     try {
         Folders::create(QFileInfo(file).path());
+        PrivateFile::write(file, text);
     } catch (const FileError &error) {
         throw LoginItemError(operation, error.errorDescription());
     }
-    QSaveFile target(file);
-    // Order: commit alone does not notice that the last bytes found no room, and would leave an
-    // empty file.
-    if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() ||
-        !target.flush() || !target.commit())
-        throw LoginItemError(operation, target.errorString());
 }
 
 void remove(const QString &file)

@@ -62,12 +62,12 @@ private slots:
                  QStringList{u"com.zantho.quorvel.desktop"_s});
     }
 
-    void foldersMadeForTheEntryAreForTheirUserAlone()
+    void theEntryAndItsFoldersAreForTheirUserAlone()
     {
         item().registerItem();
         const auto others = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-        for (const QString &folder : {u"config"_s, u"config/autostart"_s})
-            QVERIFY(!(QFile::permissions(m_folder->filePath(folder)) & others));
+        for (const QString &path : {u"config"_s, u"config/autostart"_s, u"config/"_s + fileName})
+            QVERIFY(!(QFile::permissions(m_folder->filePath(path)) & others));
     }
 
     void registeringAgainTakesBackWhatTheUserSwitchedOff()
@@ -249,7 +249,9 @@ private slots:
             item().registerItem();
         } catch (const LoginItemError &error) {
             QCOMPARE(error.operation(), LoginItemError::Operation::Register);
-            QVERIFY(error.errorDescription().endsWith(u": No space left on device"_s));
+            QCOMPARE(error.errorDescription(),
+                     u"Quorvel could not be added to the programs that start at login: The file "
+                     "“%1” could not be written: No space left on device"_s.arg(userFile()));
             QCOMPARE(read(userFile()), entry("Hidden=true\n"));
             return;
         }
