@@ -1,6 +1,6 @@
 #include "Platform/Files/FileError.h"
 
-#include <system_error>
+#include "Platform/Errors/SystemReason.h"
 
 namespace quorvel {
 
@@ -33,8 +33,7 @@ FileError::FileError(Operation operation, QString path, int code)
 
 QString FileError::errorDescription() const
 {
-    const QString reason = QString::fromLocal8Bit(std::generic_category().message(m_code));
-    return sentence(m_operation).arg(m_path, reason);
+    return sentence(m_operation).arg(m_path, systemReason(m_code));
 }
 
 bool operator==(const FileError &left, const FileError &right)

@@ -1,7 +1,8 @@
 #include "Platform/Terminal/TerminalError.h"
 
+#include "Platform/Errors/SystemReason.h"
+
 #include <cerrno>
-#include <system_error>
 
 namespace quorvel {
 
@@ -14,8 +15,7 @@ bool TerminalError::isReaderGone() const
 
 QString TerminalError::errorDescription() const
 {
-    return u"The output could not be written: %1."_s.arg(
-        QString::fromStdString(std::generic_category().message(m_code)));
+    return u"The output could not be written: %1."_s.arg(systemReason(m_code));
 }
 
 } // namespace quorvel

@@ -1,5 +1,6 @@
 #include "Platform/ObjectStore/Sql/StoreConnection.h"
 
+#include "Platform/Errors/SystemReason.h"
 #include "Platform/ObjectStore/Sql/EntitySql.h"
 #include "Platform/ObjectStore/StoreError.h"
 
@@ -12,7 +13,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sqlite3.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace quorvel {
@@ -49,11 +49,6 @@ QString versionText(qint32 encodedVersion)
         .arg(encodedVersion % partFactor);
 }
 
-QString systemMessage(int error)
-{
-    return QString::fromStdString(std::generic_category().message(error));
-}
-
 /// Makes the file before SQLite does, so that there is no moment at which others can read it; the
 /// log and index that SQLite keeps beside it take their mode from it.
 void makePrivateFile(const QString &path)
@@ -64,7 +59,7 @@ void makePrivateFile(const QString &path)
         const int error = errno;
         throw StoreError(
             StoreError::Code::CannotOpen,
-            u"The store “%1” could not be opened: %2."_s.arg(path, systemMessage(error)));
+            u"The store “%1” could not be opened: %2."_s.arg(path, systemReason(error)));
     }
     ::close(file);
 }
