@@ -13,6 +13,8 @@ struct HttpResponse
     std::optional<int> statusCode;
     QByteArray body;
 
+    [[nodiscard]] bool isSuccess() const { return statusCode >= 200 && statusCode <= 299; }
+
     friend bool operator==(const HttpResponse &, const HttpResponse &) = default;
 };
 

@@ -46,11 +46,6 @@ QString query(const PointsOfInterestRequest &request)
     return text;
 }
 
-bool isSuccess(int statusCode)
-{
-    return statusCode >= 200 && statusCode <= 299;
-}
-
 bool isDown(int statusCode)
 {
     return statusCode >= 500;
@@ -157,7 +152,7 @@ void OverpassPointsOfInterest::judge(const HttpResponse &response)
     const auto status = response.statusCode;
     if (!status)
         return fail(PointsOfInterestError(Case::Unreadable));
-    if (isSuccess(*status))
+    if (response.isSuccess())
         return end(outcomeOf(response.body));
     if (isDown(*status))
         return tryElsewhere(errorOf(*status));

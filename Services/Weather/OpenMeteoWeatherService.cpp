@@ -18,11 +18,6 @@ const QString path = u"v1/forecast"_s;
 const QString currentFields =
     u"temperature_2m,apparent_temperature,weather_code,is_day,wind_speed_10m"_s;
 
-bool isSuccess(int statusCode)
-{
-    return statusCode >= 200 && statusCode <= 299;
-}
-
 } // namespace
 
 const QUrl OpenMeteoWeatherService::defaultEndpoint(u"https://api.open-meteo.com"_s);
@@ -75,7 +70,7 @@ void OpenMeteoWeatherService::validate(const HttpResponse &response)
 {
     if (!response.statusCode)
         throw AppError::network(u"Unexpected response (not HTTP)."_s);
-    if (!isSuccess(*response.statusCode))
+    if (!response.isSuccess())
         throw AppError::network(u"Open-Meteo returned HTTP %1."_s.arg(*response.statusCode));
 }
 
