@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A radio that hears, joins and remembers what a test has scripted, and keeps what it was asked.
+/// A radio that hears, joins and remembers what a test has scripted.
 class FakeWifiClient final : public WifiClient
 {
 public:
@@ -23,31 +23,24 @@ public:
 
     void scan(Completion<QList<ScannedNetwork>> completion) override
     {
-        ++scanCount;
         scans.call(std::move(completion));
     }
     void associate(const WifiName &name, const QString &password,
                    Completion<std::monostate> completion) override
     {
-        associated.append({.name = name, .password = password});
-        associations.call(std::move(completion));
+        associations.call(std::move(completion), {.name = name, .password = password});
     }
     void storedPassword(const QString &ssid, Completion<std::optional<QString>> completion) override
     {
-        passwordsAskedFor.append(ssid);
-        storedPasswords.call(std::move(completion));
+        storedPasswords.call(std::move(completion), ssid);
     }
 
     bool interfaceThere = true;
     std::optional<QString> currentSSID;
     qint64 currentRSSI = 0;
     FakeAnswers<QList<ScannedNetwork>> scans{"FakeWifiClient::scan"};
-    FakeAnswers<std::monostate> associations{"FakeWifiClient::associate"};
-    FakeAnswers<std::optional<QString>> storedPasswords{"FakeWifiClient::storedPassword"};
-
-    int scanCount = 0;
-    QList<Association> associated;
-    QStringList passwordsAskedFor;
+    FakeAnswers<std::monostate, Association> associations{"FakeWifiClient::associate"};
+    FakeAnswers<std::optional<QString>, QString> storedPasswords{"FakeWifiClient::storedPassword"};
 };
 
 } // namespace quorvel

@@ -65,7 +65,7 @@ private slots:
                                      heard(u"C"_s, -60), heard(u"D"_s, -55)});
         QCOMPARE(runTask(service().scanNearbyNetworks()),
                  (Networks{{u"A"_s, -40}, {u"B"_s, -50}, {u"D"_s, -55}}));
-        QCOMPARE(m_client->scanCount, 1);
+        QCOMPARE(m_client->scans.requests.size(), 1U);
     }
 
     void aNetworkWithoutANameIsLeftOut()
@@ -106,10 +106,10 @@ private slots:
         m_client->scans.willSucceed({heard(u"Other"_s, -30), heard(u"Cafe 5G"_s, -70)});
         m_client->associations.willSucceed({});
         runTask(service().connect(u"Cafe 5G"_s, u" pass word "_s));
-        QCOMPARE(m_client->scanCount, 1);
-        QCOMPARE(m_client->associated.size(), 1);
-        QCOMPARE(m_client->associated.first().name.bytes, QByteArray("Cafe 5G"));
-        QCOMPARE(m_client->associated.first().password, u" pass word "_s);
+        QCOMPARE(m_client->scans.requests.size(), 1U);
+        QCOMPARE(m_client->associations.requests.size(), 1U);
+        QCOMPARE(m_client->associations.requests.front().name.bytes, QByteArray("Cafe 5G"));
+        QCOMPARE(m_client->associations.requests.front().password, u" pass word "_s);
     }
 
     void joiningByTextTakesTheBytesThatWereHeard()
@@ -118,7 +118,7 @@ private slots:
             {{.name = WifiName::fromBytes("Caf\xe9"), .rssiDBm = -60}, heard(u"Café"_s, -50)});
         m_client->associations.willSucceed({});
         runTask(service().connect(u"Café"_s, u"12345678"_s));
-        QCOMPARE(m_client->associated.first().name.bytes, QByteArray("Caf\xe9"));
+        QCOMPARE(m_client->associations.requests.front().name.bytes, QByteArray("Caf\xe9"));
     }
 
     void aNameThatIsNotInRangeIsNamedInTheFailure_data()
@@ -140,7 +140,7 @@ private slots:
         m_client->scans.willSucceed({heard(u"Cafe"_s, -50), {.name = {}, .rssiDBm = -30}});
         const auto error = errorOfTask<AppError>(service().connect(ssid, u"12345678"_s));
         QVERIFY(error == AppError::network(message));
-        QVERIFY(m_client->associated.isEmpty());
+        QVERIFY(m_client->associations.requests.empty());
     }
 
     void joiningWithoutAnInterfaceFails()
@@ -148,7 +148,7 @@ private slots:
         m_client->scans.willFail(WifiError(Code::NoInterface));
         const auto error = errorOfTask<AppError>(service().connect(u"Cafe"_s, u"12345678"_s));
         QVERIFY(error == AppError::network(u"No WiFi interface available"_s));
-        QVERIFY(m_client->associated.isEmpty());
+        QVERIFY(m_client->associations.requests.empty());
     }
 
     void aFailedScanFailsTheJoin_data() { failures(); }
@@ -160,7 +160,7 @@ private slots:
         m_client->scans.willFail(error);
         const auto told = errorOfTask<AppError>(service().connect(u"Cafe"_s, u"12345678"_s));
         QVERIFY(told == AppError::network(error.errorDescription()));
-        QVERIFY(m_client->associated.isEmpty());
+        QVERIFY(m_client->associations.requests.empty());
     }
 
     void aFailedAssociationFailsTheJoin_data() { failures(); }
@@ -179,7 +179,7 @@ private slots:
     {
         m_client->scans.willFail(WifiError(Code::TimedOut));
         QVERIFY(errorOfTask<AppError>(service().connect(u"Cafe"_s, u"12345678"_s)).has_value());
-        QCOMPARE(m_client->scanCount, 1);
+        QCOMPARE(m_client->scans.requests.size(), 1U);
     }
 
     void callsRunBesideEachOther()
@@ -188,7 +188,7 @@ private slots:
         m_client->scans.willHold();
         auto first = service().scanNearbyNetworks();
         auto second = service().scanNearbyNetworks();
-        QCOMPARE(m_client->scanCount, 2);
+        QCOMPARE(m_client->scans.requests.size(), 2U);
         m_client->scans.willSucceed({heard(u"A"_s, -50)});
         m_client->scans.release();
         QCOMPARE(runTask(std::move(first)), (Networks{{u"A"_s, -50}}));
@@ -208,7 +208,7 @@ private slots:
         m_client->associations.willSucceed({});
         m_client->scans.release();
         runTask(std::move(joining));
-        QCOMPARE(m_client->associated.size(), 1);
+        QCOMPARE(m_client->associations.requests.size(), 1U);
     }
 
     void anUnscriptedCallEndsTheTest()

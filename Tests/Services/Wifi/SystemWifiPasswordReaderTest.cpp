@@ -7,6 +7,9 @@
 
 #include <QTest>
 
+#include <optional>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
@@ -86,7 +89,7 @@ private slots:
         QFETCH(const QString, ssid);
         m_client->storedPasswords.willSucceed(std::nullopt);
         QCOMPARE(read(ssid), std::nullopt);
-        QCOMPARE(m_client->passwordsAskedFor, QStringList(ssid));
+        QCOMPARE(m_client->storedPasswords.requests, std::vector{ssid});
     }
 
     void theWaitLastsAsLongAsTheUserTakes()
