@@ -14,9 +14,6 @@ public:
     /// The code is an `errno` value.
     FileError(Operation operation, QString path, int code);
 
-    [[nodiscard]] Operation operation() const { return m_operation; }
-    [[nodiscard]] const QString &path() const { return m_path; }
-    [[nodiscard]] int code() const { return m_code; }
     [[nodiscard]] QString errorDescription() const override;
 
     friend bool operator==(const FileError &left, const FileError &right);

@@ -12,7 +12,6 @@ public:
 
     LoginItemError(Operation operation, QString reason);
 
-    [[nodiscard]] Operation operation() const { return m_operation; }
     [[nodiscard]] QString errorDescription() const override;
 
 private:

@@ -23,8 +23,6 @@ public:
         emit isShownChanged();
     }
     void click() { emit activated(); }
-    void chooseOpen() { emit openRequested(); }
-    void chooseQuit() { emit quitRequested(); }
 
     QList<QIcon> icons;
     QRect place;

@@ -17,7 +17,6 @@ public:
     {
         if (failure)
             throw TerminalError(*failure);
-        ++printCount;
         printed.append(result);
     }
     void note(QByteArrayView words) override { noted.append(words); }
@@ -25,7 +24,6 @@ public:
 
     QByteArray printed;
     QByteArray noted;
-    int printCount = 0;
     bool watched = false;
     /// The `errno` that printing fails with.
     std::optional<int> failure;

@@ -248,7 +248,6 @@ private slots:
         try {
             item().registerItem();
         } catch (const LoginItemError &error) {
-            QCOMPARE(error.operation(), LoginItemError::Operation::Register);
             QCOMPARE(error.errorDescription(),
                      u"Quorvel could not be added to the programs that start at login: The file "
                      "“%1” could not be written: No space left on device"_s.arg(userFile()));
