@@ -1,5 +1,6 @@
 #include "Platform/NotificationCenter/SessionNotifications.h"
 
+#include "Platform/ApplicationId.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 
 #include <QDBusMessage>
@@ -12,11 +13,6 @@ namespace {
 
 /// For the bus to take a message; one that hangs does not keep a command from its end.
 constexpr int limitMilliseconds = 500;
-
-QString objectPath()
-{
-    return u"/com/zantho/quorvel"_s;
-}
 
 QString interface()
 {
@@ -34,14 +30,15 @@ SessionNotifications::SessionNotifications(QDBusConnection bus, NotificationCent
     : m_center(center)
 {
     if (bus.isConnected())
-        bus.connect(QString(), objectPath(), interface(), signalName(), this, SLOT(hear(QString)));
+        bus.connect(QString(), applicationObjectPath, interface(), signalName(), this,
+                    SLOT(hear(QString)));
 }
 
 void SessionNotifications::announce(const QDBusConnection &bus, const QString &name)
 {
     if (!bus.isConnected())
         return;
-    bus.send(QDBusMessage::createSignal(objectPath(), interface(), signalName()) << name);
+    bus.send(QDBusMessage::createSignal(applicationObjectPath, interface(), signalName()) << name);
     // Order: the bus takes messages one after the other, and answers this one when it has that.
     const auto ping = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
                                                      u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);

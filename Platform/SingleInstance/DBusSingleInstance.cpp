@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString objectPath = u"/com/zantho/quorvel"_s;
 const QString interfaceName = u"org.freedesktop.Application"_s;
 
 } // namespace
@@ -36,7 +35,7 @@ DBusSingleInstance::~DBusSingleInstance()
     if (m_isOnBus) {
         QDBusConnection bus = SessionBus::connection();
         bus.unregisterService(applicationId);
-        bus.unregisterObject(objectPath);
+        bus.unregisterObject(applicationObjectPath);
     }
 }
 
@@ -47,7 +46,7 @@ SingleInstance::Claim DBusSingleInstance::claim()
     // Order: the object comes before the name. Once the name is ours, a second start may call, or
     // the bus deliver what it started the program for. Both wait for the event loop, where somebody
     // listens.
-    SessionBus::connection().registerObject(objectPath, this);
+    SessionBus::connection().registerObject(applicationObjectPath, this);
     m_isOnBus = true;
     return claimOnBus();
 }
@@ -92,8 +91,9 @@ bool DBusSingleInstance::activateOwner(Request request) const
     const Activation activation{.token = m_environment.value(u"XDG_ACTIVATION_TOKEN"_s),
                                 .startupId = m_environment.value(u"DESKTOP_STARTUP_ID"_s)};
     const bool isAction = request != Request::Panel;
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        applicationId, objectPath, interfaceName, isAction ? u"ActivateAction"_s : u"Activate"_s);
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(applicationId, applicationObjectPath, interfaceName,
+                                       isAction ? u"ActivateAction"_s : u"Activate"_s);
     message.setAutoStartService(false);
     if (isAction)
         message << ApplicationAdaptor::action(request) << QVariantList();
