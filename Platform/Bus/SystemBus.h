@@ -6,7 +6,7 @@
 namespace quorvel::SystemBus {
 
 /// The bus at DBUS_SYSTEM_BUS_ADDRESS, else at its usual place, or a closed connection where there
-/// is none. A call on a closed connection is never answered, so ask `isConnected` before.
+/// is none.
 [[nodiscard]] QDBusConnection connection();
 
 } // namespace quorvel::SystemBus

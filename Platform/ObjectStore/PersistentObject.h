@@ -30,9 +30,6 @@ class FromStore
 
 /// A stored object. There is one for each row in the process, so that two references are equal
 /// exactly when they denote the same row. Main thread only.
-///
-/// Not a QObject: a history of 100,000 visits would pay 15 MB for it. What a view needs of one,
-/// the change signal, is made when first asked for.
 class PersistentObject
 {
 public:
@@ -51,7 +48,7 @@ public:
     [[nodiscard]] bool hasUnsavedChanges() const { return m_changed; }
 
     /// Emits `changed()` after every write that changes a value, whether or not the object was ever
-    /// inserted.
+    /// inserted. Made when first asked for.
     [[nodiscard]] ChangeNotifier &notifier();
 
 protected:

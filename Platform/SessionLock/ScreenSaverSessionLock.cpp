@@ -20,8 +20,7 @@ ScreenSaverSessionLock::ScreenSaverSessionLock(const QDBusConnection &bus, QObje
     m_lockerWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&m_lockerWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { setLocker({}); });
-    // Each desktop has an interface of its own, and some announce under two: any will do. To name
-    // one would not spare us a message, since nothing else is called so.
+    // Each desktop has an interface of its own, and some announce under two. Any will do.
     if (bus.isConnected())
         QDBusConnection(bus).connect(QString(), QString(), QString(), activeSignal, this,
                                      SLOT(activeChanged(QDBusMessage)));
