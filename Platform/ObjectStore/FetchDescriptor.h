@@ -2,7 +2,6 @@
 
 #include "Platform/ObjectStore/Schema/EntityDescription.h"
 
-#include <compare>
 #include <functional>
 #include <optional>
 #include <type_traits>
@@ -20,10 +19,8 @@ struct AttributeKey
 template <class Entity, class Result>
 AttributeKey(const char *, Result (Entity::*)() const) -> AttributeKey<Entity, Result>;
 
-enum class SortOrder { Ascending, Descending };
-
-/// A fetch without its types, as the context runs it. Conditions and orders are given twice: for
-/// the rows of the store, and for objects with unsaved changes.
+/// A fetch without its types, as the context runs it. Conditions are given twice: for the rows of
+/// the store, and for objects with unsaved changes.
 struct FetchRequest
 {
     struct Condition
@@ -32,20 +29,13 @@ struct FetchRequest
         std::function<void(ParameterWriter &, int index)> bind;
         std::function<bool(const PersistentObject &)> matches;
     };
-    struct Order
-    {
-        QByteArray column;
-        SortOrder order = SortOrder::Ascending;
-        std::function<bool(const PersistentObject &, const PersistentObject &)> isLess;
-    };
 
     std::vector<Condition> conditions; ///< all of them hold
-    std::vector<Order> orders;         ///< the first that tells two objects apart decides
     std::optional<int> limit;
 };
 
-/// Which objects to fetch, in what order, and how many at most. Without a sort they come in the
-/// store's own order, the order in which they were first saved.
+/// Which objects to fetch, and how many at most. They come in the store's own order, the order in
+/// which they were first saved.
 template <class Entity>
 class FetchDescriptor final
 {
@@ -62,19 +52,6 @@ public:
                                             return (static_cast<const Entity &>(object).*get)() ==
                                                    value;
                                         }});
-        return *this;
-    }
-
-    template <class Result>
-    FetchDescriptor &sortBy(AttributeKey<Entity, Result> key,
-                            SortOrder order = SortOrder::Ascending)
-    {
-        m_request.orders.push_back(
-            {key.name, order,
-             [get = key.get](const PersistentObject &a, const PersistentObject &b) {
-                 return (static_cast<const Entity &>(a).*get)() <
-                        (static_cast<const Entity &>(b).*get)();
-             }});
         return *this;
     }
 

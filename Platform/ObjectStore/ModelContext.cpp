@@ -38,19 +38,6 @@ bool matchesAll(const PersistentObject &object, const FetchRequest &request)
                                [&](const auto &condition) { return condition.matches(object); });
 }
 
-/// Whether `a` comes before `b` by the request's orders alone.
-bool isBefore(const PersistentObject &a, const PersistentObject &b, const FetchRequest &request)
-{
-    for (const auto &order : request.orders) {
-        const bool descending = order.order == SortOrder::Descending;
-        if (order.isLess(a, b))
-            return !descending;
-        if (order.isLess(b, a))
-            return descending;
-    }
-    return false;
-}
-
 } // namespace
 
 ModelContext::ModelContext(StoreConnection &connection, const Schema &schema)
@@ -179,13 +166,8 @@ void ModelContext::mergeUnsavedMatches(const EntityTable &table, const FetchRequ
     }
     if (result.size() == storedCount)
         return;
-    const auto storeOrder = [](const PersistentObject &object) {
-        return object.isStored() ? object.m_row : std::numeric_limits<qint64>::max();
-    };
-    std::ranges::stable_sort(result, [&](const auto &a, const auto &b) {
-        if (isBefore(*a, *b, request))
-            return true;
-        return !isBefore(*b, *a, request) && storeOrder(*a) < storeOrder(*b);
+    std::ranges::stable_sort(result, {}, [](const auto &object) {
+        return object->isStored() ? object->m_row : std::numeric_limits<qint64>::max();
     });
 }
 

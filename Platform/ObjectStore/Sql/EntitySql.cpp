@@ -69,11 +69,7 @@ QByteArray select(const EntityDescription &entity, const FetchRequest &request)
         sql += conjunction + quoted(condition.column) + " IS ?";
         conjunction = " AND ";
     }
-    sql += " ORDER BY ";
-    for (const auto &order : request.orders) {
-        sql += quoted(order.column) + (order.order == SortOrder::Descending ? " DESC, " : " ASC, ");
-    }
-    sql += "pk";
+    sql += " ORDER BY pk";
     return request.limit ? sql + " LIMIT ?" : sql;
 }
 

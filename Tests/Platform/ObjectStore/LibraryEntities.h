@@ -109,7 +109,6 @@ struct Book::Keys
 {
     static constexpr AttributeKey title{"title", &Book::title};
     static constexpr AttributeKey shelf{"shelf", &Book::shelf};
-    static constexpr AttributeKey printed{"printed", &Book::printed};
 };
 
 /// Is lost with its book.

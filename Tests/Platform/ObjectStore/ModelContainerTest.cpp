@@ -283,10 +283,7 @@ private slots:
             for (int i = 0; i < 2000; ++i)
                 container.mainContext().insert(std::make_shared<Book>(QString::number(i)));
             container.mainContext().save();
-            QCOMPARE(container.mainContext()
-                         .fetch(FetchDescriptor<Book>().sortBy(Book::Keys::title))
-                         .size(),
-                     2000u);
+            QCOMPARE(container.mainContext().fetch<Book>().size(), 2000u);
             QCOMPARE(openRegularFiles(), before);
         }
         QDir::setCurrent(previous);
