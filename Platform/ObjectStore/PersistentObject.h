@@ -44,8 +44,6 @@ public:
     [[nodiscard]] bool isStored() const { return m_state == State::Stored; }
     /// Inserted, and waiting for a save to succeed.
     [[nodiscard]] bool isPending() const { return m_state == State::Pending; }
-    /// Stored, with writes that no save has taken yet.
-    [[nodiscard]] bool hasUnsavedChanges() const { return m_changed; }
 
     /// Emits `changed()` after every write that changes a value, whether or not the object was ever
     /// inserted. Made when first asked for.
