@@ -6,6 +6,19 @@
 
 namespace quorvel {
 
+namespace {
+
+/// Success where an item was found that is not locked.
+KeychainStatus::Code statusOf(const FoundItems &items)
+{
+    if (items.isEmpty())
+        return KeychainStatus::itemNotFound;
+    return items.unlocked.isEmpty() ? KeychainStatus::interactionNotAllowed
+                                    : KeychainStatus::success;
+}
+
+} // namespace
+
 SecretServiceKeychain::SecretServiceKeychain()
     : m_connection(std::make_unique<SecretServiceConnection>())
 {}
@@ -32,12 +45,10 @@ KeychainStatus::Code SecretServiceKeychain::update(const KeychainIdentity &ident
 {
     return run(identity, [&](const SecretServiceCall &call) {
         const auto items = call.items(identity);
-        if (items.isEmpty())
-            return KeychainStatus::itemNotFound;
-        if (items.unlocked.isEmpty())
-            return KeychainStatus::interactionNotAllowed;
-        call.setSecret(items.unlocked.constFirst(), valueData);
-        return KeychainStatus::success;
+        const auto status = statusOf(items);
+        if (status == KeychainStatus::success)
+            call.setSecret(items.unlocked.constFirst(), valueData);
+        return status;
     });
 }
 
@@ -46,12 +57,10 @@ KeychainMatch SecretServiceKeychain::copyMatching(const KeychainIdentity &identi
     KeychainMatch match;
     match.status = run(identity, [&](const SecretServiceCall &call) {
         const auto items = call.items(identity);
-        if (items.isEmpty())
-            return KeychainStatus::itemNotFound;
-        if (items.unlocked.isEmpty())
-            return KeychainStatus::interactionNotAllowed;
-        match.valueData = call.secret(items.unlocked.constFirst());
-        return KeychainStatus::success;
+        const auto status = statusOf(items);
+        if (status == KeychainStatus::success)
+            match.valueData = call.secret(items.unlocked.constFirst());
+        return status;
     });
     return match;
 }
