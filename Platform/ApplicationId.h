@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// The name under which the desktop knows the program: of its desktop entry and on the bus.
+/// The program's identifier on the desktop: the name of its desktop entry and of its bus name.
 inline constexpr QLatin1StringView applicationId("com.zantho.quorvel");
 
 /// The path of the program's object on the bus.

@@ -4,10 +4,11 @@
 
 namespace quorvel {
 
-/// Every appearance a desktop may have is shown as one of these two; all but dark ones are light.
+/// The two appearances that the program shows. Every desktop counts as one of them: dark, or else
+/// light.
 enum class AppearanceStyle : bool { Light, Dark };
 
-/// Whether the desktop is light or dark at the moment. The theme follows it.
+/// Whether the desktop is light or dark right now. The theme follows it.
 class Appearance : public QObject
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// A desktop that is light or dark as a test wishes.
+/// An appearance that a test sets.
 class FakeAppearance final : public Appearance
 {
 public:

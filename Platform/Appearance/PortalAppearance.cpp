@@ -24,7 +24,7 @@ const auto settingsInterface = u"org.freedesktop.portal.Settings"_s;
 const auto appearanceNamespace = u"org.freedesktop.appearance"_s;
 const auto colorSchemeKey = u"color-scheme"_s;
 
-/// Long enough for a portal that has to be started first, on a busy machine.
+/// Long enough for a portal that has to start first, on a busy machine.
 constexpr auto readTimeout = 3000ms;
 constexpr uint preferDark = 1;
 constexpr int midLightness = 128;
@@ -82,7 +82,7 @@ void PortalAppearance::read()
         QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
     message << appearanceNamespace << colorSchemeKey;
     const auto answered = [this](const QDBusReply<QDBusVariant> &reply) {
-        // Silent: a desktop without this portal or setting is an ordinary one.
+        // Silent: many desktops have no such portal or setting.
         if (reply.isValid())
             adopt(reply.value().variant());
     };

@@ -10,15 +10,15 @@ class QDBusMessage;
 
 namespace quorvel {
 
-/// The appearance as the desktop portal tells it, followed live. Until the portal answers, and on
-/// a desktop without one, it is dark where the palette's windows are at that moment; a palette that
-/// changes later is not announced. Never waits for the portal.
+/// The appearance from the desktop portal, followed live. Until the portal answers, and without
+/// one, the palette decides: a dark window colour means dark. A later change of the palette is not
+/// noticed. Never blocks.
 class PortalAppearance final : public Appearance
 {
     Q_OBJECT
 
 public:
-    /// A bus that is not connected leaves the palette to decide.
+    /// Without a connected bus the palette decides.
     explicit PortalAppearance(const QDBusConnection &bus);
 
     [[nodiscard]] AppearanceStyle style() const override;

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The bus library never ends a call that has the largest number as its limit.
+/// A call with the largest number as its limit never times out in Qt.
 int timeoutOf(std::chrono::milliseconds limit)
 {
     constexpr std::chrono::milliseconds longest{std::numeric_limits<int>::max()};
@@ -25,7 +25,7 @@ int timeoutOf(std::chrono::milliseconds limit)
 void BusCall::start(const QDBusConnection &bus, const QDBusMessage &message,
                     std::chrono::milliseconds limit, QObject *context, const Handler &handler)
 {
-    // Qt never answers a call on a bus that is not there, not even with an error.
+    // Without a bus, Qt never answers a call, not even with an error.
     if (!bus.isConnected()) {
         const auto error = QDBusMessage::createError(QDBusError::Disconnected, u"No bus"_s);
         QMetaObject::invokeMethod(

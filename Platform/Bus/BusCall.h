@@ -10,20 +10,20 @@ class QObject;
 
 namespace quorvel {
 
-/// One call to a service on a bus, for whoever translates that service. Never blocks.
+/// One asynchronous call to a service on a bus. Serves the live backends. Never blocks.
 namespace BusCall {
 
-/// Hears the answer: a reply or an error. A handler that takes a QDBusReply<Type> gets the value of
-/// a reply, and an error for a reply of another type.
+/// Receives a reply or an error. A handler that takes a QDBusReply<Type> gets the reply's value, or
+/// an error if the reply has another type.
 using Handler = std::function<void(const QDBusMessage &answer)>;
 
-/// A limit for calls that last as long as the user thinks about them.
+/// A limit for calls that wait for the user.
 inline constexpr auto noLimit = std::chrono::milliseconds::max();
 
-/// Makes the call. The handler is called exactly once, in a later turn of the event loop, on this
-/// thread, which is the context's: with the service's answer, with NoReply after the limit, or with
-/// Disconnected where there is no bus. If the context is destroyed before, the handler is not
-/// called; the handler itself may destroy it.
+/// Makes the call. The handler runs exactly once, in a later turn of the event loop, on this
+/// thread, which must be the context's. It gets the service's answer, NoReply after the limit, or
+/// Disconnected without a bus. If the context is destroyed first, the handler never runs. The
+/// handler may destroy the context.
 void start(const QDBusConnection &bus, const QDBusMessage &message, std::chrono::milliseconds limit,
            QObject *context, const Handler &handler);
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 
-/// The bus library looks for the same socket before it thinks of launching a bus.
+/// The bus library looks for the same socket before it launches a bus.
 bool isOwnSocket(const QString &path)
 {
     struct stat status = {};
@@ -33,8 +33,8 @@ bool SessionBus::isProvided(const QProcessEnvironment &environment)
 
 QDBusConnection SessionBus::connection()
 {
-    // Qt's own code asks for the bus as well: an address that cannot be connected to keeps all of
-    // this process, and the programs it starts, from launching one.
+    // Qt's own code asks for the bus as well. An address that cannot be connected to keeps this
+    // process, and the programs that it starts, from launching a bus.
     if (!isProvided(QProcessEnvironment::systemEnvironment()))
         qputenv(addressVariable, "disabled:");
     return QDBusConnection::sessionBus();

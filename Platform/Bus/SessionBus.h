@@ -6,15 +6,15 @@ class QProcessEnvironment;
 
 namespace quorvel {
 
-/// The user's session bus, for whoever translates one of its services. Never starts one: left
-/// alone, the bus library launches a bus of its own that nobody else is on and that outlives the
+/// The user's session bus, for the live backends of its services. It never starts a bus. By default
+/// the bus library launches a bus of its own, which nobody else uses and which outlives the
 /// program.
 namespace SessionBus {
 
-/// Whether the session has a bus that is there already.
+/// Whether the session already has a bus.
 [[nodiscard]] bool isProvided(const QProcessEnvironment &environment);
 
-/// The bus of this process; not connected where the session has none.
+/// This process's connection; not connected if the session has no bus.
 [[nodiscard]] QDBusConnection connection();
 
 } // namespace SessionBus

@@ -45,13 +45,14 @@ Instant Calendar::startOf(QDate date) const
     QDateTime start = date.startOfDay(m_zone);
     if (!start.isValid() && date == localTime(Instant::min()).date())
         return Instant::min();
-    // Samoa, crossing the date line, had no 30 December 2011.
+    // Samoa crossed the date line and had no 30 December 2011.
     if (!start.isValid())
         start = date.addDays(1).startOfDay(m_zone);
     if (!start.isValid())
         return Instant::max();
     const Instant named{std::chrono::milliseconds(start.toMSecsSinceEpoch())};
-    // Where the clocks go back over midnight, Qt names the second one; the day began at the first.
+    // If the clocks go back over midnight, Qt returns the second midnight. The day began at the
+    // first.
     const QDateTime before = localTime(named - std::chrono::milliseconds(1));
     if (before.date() != date)
         return named;

@@ -8,10 +8,10 @@
 
 namespace quorvel {
 
-/// An absolute instant, to the millisecond, as the store keeps it.
+/// An absolute instant in milliseconds, as the store keeps it.
 using Instant = std::chrono::sys_time<std::chrono::milliseconds>;
 
-/// The instants from `start` up to, not including, `end`.
+/// The instants from `start` up to but not including `end`.
 struct DateInterval
 {
     Instant start;
@@ -21,22 +21,22 @@ struct DateInterval
     friend bool operator==(const DateInterval &, const DateInterval &) = default;
 };
 
-/// The user's civil days and weeks: cuts absolute time at local midnights.
+/// The user's days and weeks: divides absolute time at local midnights.
 class Calendar final
 {
 public:
     explicit Calendar(const QTimeZone &zone, Qt::DayOfWeek firstWeekday = Qt::Monday);
 
-    /// The local day that holds the instant. It lasts 23 or 25 hours where the clocks change, and
-    /// begins after midnight where midnight itself is skipped.
+    /// The local day that contains the instant. It has 23 or 25 hours when the clocks change, and
+    /// begins after midnight if midnight is skipped.
     [[nodiscard]] DateInterval day(Instant containing) const;
-    /// The day that ends where the instant's day starts; absent where time itself starts.
+    /// The day before the instant's day; absent at the start of time.
     [[nodiscard]] std::optional<DateInterval> dayBefore(Instant instant) const;
-    /// The seven days from a first weekday on that hold the instant. A week does not end with its
-    /// year, whichever of the two years counts it as its own.
+    /// The seven days, starting at a first weekday, that contain the instant. A week may span two
+    /// years.
     [[nodiscard]] DateInterval week(Instant containing) const;
 
-    /// What a calendar and a clock on the wall show at the instant.
+    /// The local date and time at the instant.
     [[nodiscard]] QDateTime localTime(Instant instant) const;
 
     [[nodiscard]] const QTimeZone &timeZone() const { return m_zone; }

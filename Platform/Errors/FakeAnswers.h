@@ -13,15 +13,14 @@
 
 namespace quorvel {
 
-/// What a fake answers to one of its operations that takes a Completion: from a test's script, an
-/// entry a call, in the order in which the test writes them. A call that no entry is left for ends
-/// the test.
+/// The answers of a fake's operation that takes a Completion, from a test's script: one entry per
+/// call, in the script's order. A call without an entry ends the test.
 template <class Value, class Request = std::monostate>
 class FakeAnswers final
 {
 public:
-    /// The operation is named in the last words of a test that it ends. `atEnd` is what calls end
-    /// in that are open when the fake is destroyed; without it they are dropped unanswered.
+    /// `operation` names the operation in the message of a failed test. When the fake is destroyed,
+    /// calls that are still open get `atEnd`; without it they get no answer.
     explicit FakeAnswers(const char *operation, std::optional<Outcome<Value>> atEnd = std::nullopt)
         : m_operation(operation)
         , m_atEnd(std::move(atEnd))
@@ -43,9 +42,9 @@ public:
         m_script.push_back(Outcome<Value>::failure(std::move(error)));
     }
 
-    /// A call stays open until it is released.
+    /// The call stays open until it is released.
     void willHold() { m_script.push_back(std::nullopt); }
-    /// The call that has been held for longest ends so.
+    /// Ends the call that has been held for longest with this outcome.
     void release(Outcome<Value> outcome)
     {
         const auto call = std::find_if(m_open.begin(), m_open.end(),
@@ -55,7 +54,7 @@ public:
         call->answer.emplace(std::move(outcome));
         deliverLater();
     }
-    /// It takes the next answer of the script.
+    /// Answers with the next entry of the script.
     void release()
     {
         const auto answer = std::find_if(m_script.begin(), m_script.end(),
@@ -67,7 +66,7 @@ public:
         release(std::move(outcome));
     }
 
-    /// For the fake: has a call answered, later.
+    /// For the fake: answers a call later.
     void call(Completion<Value> completion, Request request = {})
     {
         requests.push_back(std::move(request));

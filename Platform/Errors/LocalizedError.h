@@ -7,14 +7,14 @@
 
 namespace quorvel {
 
-/// The root of every failure that can reach the user: one sentence, and nothing else to show.
+/// The base of every failure that can reach the user. It has one sentence to show.
 class LocalizedError : public std::exception
 {
 public:
     /// The sentence for the user; never empty.
     [[nodiscard]] virtual QString errorDescription() const = 0;
 
-    /// The same sentence in UTF-8, for whoever knows only `std::exception`.
+    /// The same sentence in UTF-8, for code that knows only `std::exception`.
     [[nodiscard]] const char *what() const noexcept final;
 
 private:

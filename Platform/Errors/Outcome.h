@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// What a call that ends later ended in: its value, or the error that its facility throws. A call
-/// that only succeeds or fails has the value `std::monostate`.
+/// The outcome of an asynchronous call: its value, or its facility's error. A call without a result
+/// has the value `std::monostate`.
 template <class Value>
 class Outcome
 {
@@ -22,7 +22,7 @@ public:
     {
         return failure(std::make_exception_ptr(std::move(error)));
     }
-    /// For whoever caught an error without knowing its type.
+    /// For code that caught an error without knowing its type.
     [[nodiscard]] static Outcome failure(std::exception_ptr error)
     {
         return Outcome(std::in_place_index<1>, std::move(error));
@@ -30,7 +30,7 @@ public:
 
     [[nodiscard]] bool isSuccess() const { return m_result.index() == 0; }
 
-    /// The value, moved out; throws the error of a failure.
+    /// Moves the value out. Throws the error of a failure.
     [[nodiscard]] Value take()
     {
         if (const auto *error = std::get_if<1>(&m_result))
@@ -47,7 +47,8 @@ private:
     std::variant<Value, std::exception_ptr> m_result;
 };
 
-/// Hears how a call ended: on the main thread, exactly once, never before the call returned.
+/// Receives the outcome of a call: on the main thread, exactly once, never before the call
+/// returned.
 template <class Value>
 using Completion = std::function<void(Outcome<Value>)>;
 

@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// The system's own words for an `errno` value, for the end of a sentence of ours.
+/// The system's description of an `errno` value, for the end of a sentence.
 [[nodiscard]] inline QString systemReason(int code)
 {
     return QString::fromLocal8Bit(std::generic_category().message(code));

@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// A file system of words alone: answers with the scripted folders and failures, notes every folder
-/// that it was asked to make, and keeps what was written.
+/// A file system in memory. It answers with the scripted folders and failures, and records the
+/// folders that it was asked to create and the files that were written.
 class FakeFileManager final : public FileManager
 {
 public:
@@ -47,12 +47,12 @@ public:
     QStringList roots;
     QStringList downloads;
     QString home = QStringLiteral("/home/ana");
-    /// By the path that was asked for.
+    /// By requested path.
     QHash<QString, FileError> failures;
 
     mutable QStringList createdRoots;
     mutable QStringList createdDirectories;
-    /// By their paths.
+    /// By path.
     mutable QHash<QString, QByteArray> files;
 
 private:

@@ -4,11 +4,11 @@
 
 namespace quorvel {
 
-/// A folder or file that could not be had, in words that name it and the system's reason.
+/// An operation on a folder or file failed. The description names the file and the system's reason.
 class FileError final : public LocalizedError
 {
 public:
-    /// What was attempted.
+    /// The operation that failed.
     enum class Operation { CreateFolder, CloseFolder, SaveFolder, WriteFile };
 
     /// The code is an `errno` value.

@@ -25,11 +25,11 @@ void setMode(const QString &path, mode_t mode)
         throw FileError(FileError::Operation::CloseFolder, path, errno);
 }
 
-/// Makes one folder below an existing one. False when that parent is missing.
+/// Creates one folder in an existing one. Returns false if that parent is missing.
 bool makeFolder(const QString &path)
 {
     if (mkdir(QFile::encodeName(path).constData(), ownerOnly) == 0) {
-        // mkdir obeys the process's umask, which may take away more than we do.
+        // mkdir obeys the process's umask, which may remove more permissions than we want.
         setMode(path, ownerOnly);
         saveEntries(QFileInfo(path).path());
         return true;
@@ -42,8 +42,8 @@ bool makeFolder(const QString &path)
     return true;
 }
 
-/// Makes a folder and whatever is missing above it, from the bottom up: a folder high above may
-/// refuse even the question.
+/// Creates a folder and its missing parents, from the bottom up: a folder high above may refuse
+/// even to be looked at.
 void makeFolders(const QString &path)
 {
     if (makeFolder(path))
@@ -66,13 +66,13 @@ void saveEntries(const QString &path)
 {
     const int descriptor =
         open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    // A folder in which its user may make entries but not list them: nothing to wait on.
+    // The user may create entries in this folder but not open it, so there is nothing to sync.
     if (descriptor < 0 && errno == EACCES)
         return;
     if (descriptor < 0)
         throw FileError(FileError::Operation::SaveFolder, path, errno);
     const auto closing = qScopeGuard([descriptor] { close(descriptor); });
-    // Some network and union file systems know no such request, and say so with EINVAL.
+    // Some network and union file systems do not support this request and report EINVAL.
     if (fsync(descriptor) != 0 && errno != EINVAL)
         throw FileError(FileError::Operation::SaveFolder, path, errno);
 }

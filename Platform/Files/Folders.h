@@ -2,19 +2,19 @@
 
 #include <QString>
 
-/// The making of folders, for the live backends that keep something in one.
+/// Creates folders, for the live backends that keep something in one.
 namespace quorvel::Folders {
 
-/// Makes the folder and whatever is missing above it, each for its user alone (0700) and durable on
-/// return. One that exists stays as it is. Throws FileError, also for a relative path.
+/// Creates the folder and its missing parents, each for its user alone (0700), durable on return.
+/// An existing folder stays as it is. Throws FileError, also for a relative path.
 void create(const QString &path);
 
-/// Waits until the folder's list of entries is on the disk: an entry outlives a power cut only once
-/// the folder itself is there. Throws FileError.
+/// Waits until the folder's entries are on the disk. A new entry survives a power cut only after
+/// that. Throws FileError.
 void saveEntries(const QString &path);
 
-/// Closes an existing folder to everyone else. Somebody else's folder is theirs to open or close,
-/// and stays as it is. Throws FileError.
+/// Removes everyone else's access from an existing folder. A folder of another owner stays as it
+/// is. Throws FileError.
 void closeToOthers(const QString &path);
 
 } // namespace quorvel::Folders

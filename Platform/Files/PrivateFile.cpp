@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 
-/// What is written beside a file until it is whole; gone with its owner unless it became the file.
+/// The temporary file beside the target. It is removed unless it replaced the target.
 class Draft final
 {
 public:
@@ -48,9 +48,10 @@ public:
 
     void becomeTheFile()
     {
-        // A file is made as its process's umask wants, which may take away more than we do.
+        // The process's umask applies to a new file and may remove more permissions than we want.
         require(fchmod(m_descriptor, ownerOnly) == 0);
-        // Order: a name that is on the disk before what it stands for would name an empty file.
+        // Order: sync the content before the rename. Otherwise a power cut could leave an empty
+        // file of that name.
         require(fsync(m_descriptor) == 0 || errno == EINVAL);
         require(rename(m_draft.constData(), QFile::encodeName(m_path).constData()) == 0);
         m_draft.clear();

@@ -4,9 +4,9 @@
 
 namespace quorvel {
 
-/// How far apart two points are on the surface of the WGS-84 ellipsoid, for whoever compares a
-/// distance with a bound: a sphere would be half a metre off at a hundred metres. Not a number
-/// where a coordinate is none, or a latitude is beyond a pole.
+/// The distance of two points on the surface of the WGS-84 ellipsoid, in metres. On a sphere it
+/// would be wrong by half a metre at a hundred metres, which matters for a bound. Not a number if a
+/// coordinate is not one, or if a latitude is beyond a pole.
 [[nodiscard]] double distanceMeters(Coordinate a, Coordinate b);
 
 } // namespace quorvel

@@ -6,15 +6,15 @@ namespace quorvel {
 
 namespace {
 
-/// Absent when the answer is not HTTP.
+/// Absent if the answer is not HTTP.
 std::optional<int> statusCode(const QNetworkReply &reply)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     return status.isValid() ? std::optional(status.toInt()) : std::nullopt;
 }
 
-/// Whether an answer came whole. Qt counts statuses that refuse as errors as well, among those of
-/// content and protocol; with a status that does not refuse, such an error is one.
+/// Whether the answer arrived completely. Qt reports HTTP 4xx and 5xx as errors too. Below 400, an
+/// error means that the transfer itself failed.
 bool isAnswer(const QNetworkReply &reply)
 {
     constexpr int firstStatusThatRefuses = 400;
@@ -44,14 +44,14 @@ HttpCall::HttpCall(QNetworkReply *reply, std::chrono::milliseconds timeout, qint
     , m_bodyLimitBytes(bodyLimitBytes)
     , m_completion(std::move(completion))
 {
-    // Qt's own transfer time-out measures silence: a server that sends a byte now and then would
+    // Qt's own transfer time-out measures silence. A server that sends a byte now and then would
     // never reach it.
     m_limit.setSingleShot(true);
     connect(&m_limit, &QTimer::timeout, this, [this] { abort(HttpError::Case::TimedOut); });
     connect(reply, &QNetworkReply::finished, &m_limit, &QTimer::stop);
     connect(reply, &QNetworkReply::readyRead, this, &HttpCall::gather);
-    // Lifetime: whoever waits may destroy the client, which the reply does not survive while it is
-    // telling us that it has finished.
+    // Lifetime: the caller may destroy the client in its completion, and the reply must not be
+    // destroyed while it reports that it has finished.
     connect(reply, &QNetworkReply::finished, this, &HttpCall::finish, Qt::QueuedConnection);
     m_limit.start(timeout);
 }

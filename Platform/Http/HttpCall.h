@@ -12,9 +12,9 @@
 
 namespace quorvel {
 
-/// One open request of `QtHttpClient`: gathers the answer, ends it when it grows too large or takes
-/// too long, and tells the one who waits. It destroys itself then; destroyed earlier, it ends the
-/// call as cancelled.
+/// One open request of `QtHttpClient`. It collects the answer, ends the request when it grows too
+/// large or takes too long, reports the outcome, and destroys itself. If it is destroyed earlier,
+/// the call ends as cancelled.
 class HttpCall final : public QObject
 {
     Q_OBJECT

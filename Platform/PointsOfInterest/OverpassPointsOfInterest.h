@@ -20,12 +20,12 @@ class OverpassPointsOfInterest final : public QObject, public PointsOfInterestSe
     Q_OBJECT
 
 public:
-    /// How long no server is asked after one had too many questions.
+    /// How long no server is asked after a server reported too many requests.
     static constexpr std::chrono::seconds backOff{30};
-    /// Public servers with the whole planet, in the order in which they are tried.
+    /// Public servers with the data of the whole planet, in the order in which they are tried.
     static const QList<QUrl> defaultEndpoints;
 
-    /// The client and the clock outlive this; there is at least one endpoint.
+    /// The client and the clock must outlive this. There must be at least one endpoint.
     explicit OverpassPointsOfInterest(HttpClient &client, const Clock &clock = Clock::system(),
                                       QList<QUrl> endpoints = defaultEndpoints);
     ~OverpassPointsOfInterest() override;
@@ -55,10 +55,10 @@ private:
     HttpClient *m_client;
     const Clock *m_clock;
     QList<QUrl> m_endpoints;
-    /// The one that is asked next: that which answered last.
+    /// The endpoint of the next request: the one that answered last.
     qsizetype m_endpoint = 0;
     std::optional<Instant> m_refusedAt;
-    /// The first one is under way.
+    /// The first one is in progress.
     std::deque<Search> m_searches;
 };
 

@@ -23,7 +23,7 @@ std::optional<QString> text(const QJsonObject &tags, QLatin1StringView key)
     return value.isEmpty() ? std::nullopt : std::optional(value);
 }
 
-/// Of the parts that are there.
+/// Joins the parts that are present.
 QString joined(const QList<std::optional<QString>> &parts, const QString &separator)
 {
     QStringList present;
@@ -47,7 +47,7 @@ std::optional<QString> address(const QJsonObject &tags)
     return line.isEmpty() ? std::nullopt : std::optional(line);
 }
 
-/// Such as "node/123": a number alone may be that of a node, a way and a relation.
+/// For example "node/123": the number alone is not unique among nodes, ways and relations.
 std::optional<QString> identifier(const QJsonObject &element)
 {
     const QString type = element.value("type"_L1).toString();
@@ -67,7 +67,7 @@ bool isWithin(const QJsonValue &degrees, double limit)
     return degrees.isDouble() && std::abs(degrees.toDouble()) <= limit;
 }
 
-/// A node has its own position, a way or a relation that of its centre, if any.
+/// A node has its own position; a way or a relation may have that of its centre.
 std::optional<Coordinate> coordinate(const QJsonObject &element)
 {
     const QJsonValue center = element.value("center"_L1);
@@ -94,7 +94,7 @@ PointOfInterest pointOfInterest(const QJsonObject &element, Coordinate at)
 std::vector<PointOfInterest> pointsOfInterest(const QByteArray &body)
 {
     const QJsonObject reply = QJsonDocument::fromJson(body).object();
-    // The server answers with success before it begins to search; what stops it comes behind.
+    // The server reports success before it begins to search. A later failure stands in the body.
     if (reply.value("remark"_L1).toString().contains("runtime error"_L1))
         throw PointsOfInterestError(Case::Busy);
     const QJsonValue elements = reply.value("elements"_L1);

@@ -6,11 +6,11 @@
 
 #include <vector>
 
-/// The notation of the Overpass interface's answers, for the search that asks it.
+/// Reads the answers of the Overpass interface, for the search.
 namespace quorvel::OverpassReply {
 
-/// The places of an answer in its order; elements without a position are passed over. Throws
-/// PointsOfInterestError: Unreadable for what is no answer, Busy for one that the server gave up.
+/// Returns the places in the answer's order and skips elements without a position. Throws
+/// PointsOfInterestError: Unreadable if the body is not an answer, Busy if the server gave up.
 [[nodiscard]] std::vector<PointOfInterest> pointsOfInterest(const QByteArray &body);
 
 } // namespace quorvel::OverpassReply

@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// A place on the map, as the provider knows it.
+/// A place on the map, as the map's provider describes it.
 struct PointOfInterest
 {
     std::optional<QString> identifier = {}; ///< stable, the provider's own

@@ -4,20 +4,20 @@
 
 namespace quorvel {
 
-/// A search that told nothing about the places around.
+/// A search for places failed.
 class PointsOfInterestError final : public LocalizedError
 {
 public:
     enum class Case {
-        /// No answer; the detail is the transport's sentence.
+        /// No answer. The detail is the transport's sentence.
         Unreachable,
-        /// Too many questions, ours or everybody's.
+        /// Too many requests, from us or from everybody.
         Busy,
-        /// A status that neither answers nor asks for patience; the detail is its number.
+        /// A status that neither answers nor asks to wait. The detail is its number.
         Refused,
-        /// An answer that is no list of places.
+        /// The answer is not a list of places.
         Unreadable,
-        /// The search went away before the answer came.
+        /// The search was destroyed before the answer came.
         Cancelled
     };
 

@@ -20,14 +20,14 @@ struct PointsOfInterestRequest
                            const PointsOfInterestRequest &) = default;
 };
 
-/// The map's places by category, for the places service.
+/// Finds the map's places by category, for the places service.
 class PointsOfInterestSearch
 {
 public:
     virtual ~PointsOfInterestSearch() = default;
 
-    /// The places of these categories around a point, in no order; some may lie a little beyond the
-    /// radius. Fails with PointsOfInterestError.
+    /// Finds the places of these categories around a point, in no order. Some may lie slightly
+    /// outside the radius. Fails with PointsOfInterestError.
     virtual void search(const PointsOfInterestRequest &request,
                         Completion<std::vector<PointOfInterest>> completion) = 0;
 };

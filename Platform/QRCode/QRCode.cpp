@@ -10,7 +10,7 @@ using Encoder = qrcodegen::QrCode;
 
 constexpr auto levelM = Encoder::Ecc::MEDIUM;
 constexpr int chooseMask = -1;
-/// More error correction wherever it fits would make the code another one than was asked for.
+/// A higher error correction would change the code, even if it fits.
 constexpr bool raiseLevel = false;
 
 Encoder encoded(const QByteArray &message)

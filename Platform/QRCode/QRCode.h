@@ -7,17 +7,17 @@
 
 namespace quorvel {
 
-/// The square of dark and light modules that cameras read a message from.
+/// The square of dark and light modules that a camera reads.
 class QRCode final
 {
 public:
-    /// The smallest code that holds the message byte by byte at error-correction level M, neither
-    /// less nor more. Absent where no code is large enough.
+    /// Returns the smallest code that holds the message as bytes, at error-correction level M
+    /// exactly. Absent if no code is large enough.
     [[nodiscard]] static std::optional<QRCode> encode(const QByteArray &message);
 
-    /// Modules along each side.
+    /// The number of modules along each side.
     [[nodiscard]] int size() const { return m_size; }
-    /// Around the square all is light.
+    /// Modules outside the square are light.
     [[nodiscard]] bool isDark(int column, int row) const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// A session that is locked when a test says so.
+/// A session lock that a test sets.
 class FakeSessionLock final : public SessionLock
 {
 public:

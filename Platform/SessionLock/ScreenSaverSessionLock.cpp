@@ -20,7 +20,7 @@ ScreenSaverSessionLock::ScreenSaverSessionLock(const QDBusConnection &bus, QObje
     m_lockerWatcher.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&m_lockerWatcher, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { setLocker({}); });
-    // Each desktop has an interface of its own, and some announce under two. Any will do.
+    // Each desktop has its own interface, and some announce on two. Any of them counts.
     if (bus.isConnected())
         QDBusConnection(bus).connect(QString(), QString(), QString(), activeSignal, this,
                                      SLOT(activeChanged(QDBusMessage)));
@@ -41,7 +41,7 @@ void ScreenSaverSessionLock::setLocker(const QString &locker)
         return;
     const bool wasLocked = isLocked();
     m_locker = locker;
-    // One that ends without a word, as on a crash, leaves a session that shows.
+    // A screen saver that ends silently, as in a crash, leaves the session visible.
     m_lockerWatcher.setWatchedServices(isLocked() ? QStringList{m_locker} : QStringList());
     if (isLocked() != wasLocked)
         emit isLockedChanged();

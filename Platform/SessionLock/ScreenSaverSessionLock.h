@@ -9,15 +9,14 @@ class QDBusMessage;
 
 namespace quorvel {
 
-/// Hears the session's screen saver, whichever desktop's it is: they all announce themselves alike.
-/// Asks it nothing, so that an icon that waits all day costs nothing, and takes the session for
-/// unlocked until it is told otherwise.
+/// Listens to the session's screen saver; all desktops announce it alike. It sends no requests, so
+/// an idle icon costs nothing. The session counts as unlocked until an announcement says otherwise.
 class ScreenSaverSessionLock final : public SessionLock
 {
     Q_OBJECT
 
 public:
-    /// On a bus that is not connected the session is never locked.
+    /// Without a connected bus the session is never locked.
     explicit ScreenSaverSessionLock(const QDBusConnection &bus, QObject *parent = nullptr);
 
     [[nodiscard]] bool isLocked() const override { return !m_locker.isEmpty(); }

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Whether the session's screen is locked, or saved: nobody sees what is on it.
+/// Whether the session's screen is locked or blanked, so that nobody sees it.
 class SessionLock : public QObject
 {
     Q_OBJECT

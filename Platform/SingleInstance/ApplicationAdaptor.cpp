@@ -80,7 +80,7 @@ void ApplicationAdaptor::activate(const QVariantMap &platformData, Request reque
     const Activation activation{.token = platformData.value(tokenKey).toString(),
                                 .startupId = platformData.value(startupIdKey).toString(),
                                 .request = request};
-    // Queued: who asks is answered at once, however long the windows take to come.
+    // Queued: the caller gets its answer at once, even if the windows take long to open.
     QMetaObject::invokeMethod(
         m_instance, [instance = m_instance, activation] { emit instance->activated(activation); },
         Qt::QueuedConnection);

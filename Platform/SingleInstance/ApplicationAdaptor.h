@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-/// The face that every desktop application shows on the bus: here it can be brought forward and
-/// asked for the actions of its desktop entry, and for nothing else.
+/// The standard bus interface of a desktop application: it brings the program forward or runs an
+/// action of its desktop entry.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor
 public:
     explicit ApplicationAdaptor(SingleInstance *instance);
 
-    /// The name of the action that asks for it.
+    /// The name of the action for this request.
     [[nodiscard]] static QString action(Request request);
     [[nodiscard]] static QVariantMap platformData(const Activation &activation);
 

@@ -43,9 +43,9 @@ SingleInstance::Claim DBusSingleInstance::claim()
 {
     if (!SessionBus::isProvided(m_environment) || !SessionBus::connection().isConnected())
         return Claim::NoBus;
-    // Order: the object comes before the name. Once the name is ours, a second start may call, or
-    // the bus deliver what it started the program for. Both wait for the event loop, where somebody
-    // listens.
+    // Order: register the object before the name. Once we own the name, a second start may call,
+    // and the bus may deliver the call that started the program. Both calls then wait for the event
+    // loop.
     SessionBus::connection().registerObject(applicationObjectPath, this);
     m_isOnBus = true;
     return claimOnBus();
@@ -69,8 +69,8 @@ SingleInstance::Claim DBusSingleInstance::claimOnBus()
 
 DBusSingleInstance::Name DBusSingleInstance::requestName()
 {
-    // Whoever queues for a name becomes the one instance when the first ends, long after it gave
-    // up.
+    // Do not queue for the name: the program would become the one instance when the first one ends,
+    // long after this start gave up.
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
         SessionBus::connection().interface()->registerService(
             applicationId, QDBusConnectionInterface::DontQueueService,
@@ -80,7 +80,7 @@ DBusSingleInstance::Name DBusSingleInstance::requestName()
     return reply == QDBusConnectionInterface::ServiceRegistered ? Name::Ours : Name::SomebodyElses;
 }
 
-/// A start that wants to see nothing leaves the owner alone.
+/// A start that wants to see nothing does not contact the owner.
 bool DBusSingleInstance::handOver() const
 {
     return !m_request || activateOwner(*m_request);

@@ -9,18 +9,18 @@
 
 namespace quorvel {
 
-/// The claim as a name on the session's bus: whoever owns the name is the one instance.
+/// The claim as a name on the session bus: the owner of the name is the one instance.
 class DBusSingleInstance final : public SingleInstance
 {
     Q_OBJECT
 
 public:
-    /// How long the owner of the name may take to answer: it may be starting itself, but nobody
+    /// How long the owner of the name may take to answer. It may still be starting, but nobody
     /// waits longer for a window.
     static constexpr std::chrono::seconds answerLimit{5};
 
-    /// The environment is that of this start, and the request is what it hands over, if anything;
-    /// needs an application object.
+    /// `environment` is this start's environment; `request` is what a running instance is asked
+    /// for, if anything. Needs an application object.
     explicit DBusSingleInstance(const QProcessEnvironment &environment,
                                 std::chrono::milliseconds limit = answerLimit,
                                 std::optional<Request> request = Request::Panel,

@@ -5,46 +5,46 @@
 
 namespace quorvel {
 
-/// What somebody wants to see who starts the program, or picks one of its actions on the desktop.
+/// What a user wants to see who starts the program or picks one of its desktop actions.
 enum class Request { Panel, History, Diagnostics };
 
-/// What the desktop hands to a start so that its window may come to the front, and which window.
+/// The desktop's tokens with which a window may come to the front, and the window to open.
 struct Activation
 {
-    /// Of the Wayland kind; may be empty, as the next.
+    /// The Wayland token; may be empty, as the next one may.
     QString token = {};
-    /// Of the X11 kind, where a window needs none to come forward.
+    /// The X11 token; a window can come forward without it.
     QString startupId = {};
     Request request = Request::Panel;
 
     friend bool operator==(const Activation &, const Activation &) = default;
 };
 
-/// The program's claim to be the only one of the user's session. Starting it again is how a user
-/// reaches it where no icon shows, so a later start brings the first one forward.
+/// Makes the program the only one in the user's session. Where no icon shows, a user reaches the
+/// program by starting it again, so a later start brings the first one forward.
 class SingleInstance : public QObject
 {
     Q_OBJECT
 
 public:
     enum class Claim {
-        /// This process is the one.
+        /// This process is the one instance.
         Primary,
-        /// Another is the one; it was told what this start wants to see, and answered.
+        /// Another process is the one instance. It has received this start's request.
         HandedOver,
-        /// Another is the one, and does not answer.
+        /// Another process is the one instance and does not answer.
         Unreachable,
-        /// There is no way to know; run without the guarantee.
+        /// There is no way to know. Run without the guarantee.
         NoBus
     };
 
     using QObject::QObject;
 
-    /// Stakes the claim. Blocks, but never for much longer than five seconds.
+    /// Claims the instance. Blocks for at most about five seconds.
     [[nodiscard]] virtual Claim claim() = 0;
 
 signals:
-    /// Somebody wants to see the program, by a later start or through the desktop.
+    /// A later start or the desktop asks to see the program.
     void activated(const quorvel::Activation &activation);
 };
 

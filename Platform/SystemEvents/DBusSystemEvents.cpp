@@ -19,7 +19,7 @@ const auto networkPath = u"/org/freedesktop/NetworkManager"_s;
 const auto propertiesInterface = u"org.freedesktop.DBus.Properties"_s;
 const auto propertiesSignal = u"PropertiesChanged"_s;
 
-// As the network manager counts: all of the internet, by either of its two properties.
+// NetworkManager's number for full internet access; both of its properties use it.
 constexpr uint connectedGlobally = 70;
 constexpr uint fullConnectivity = 4;
 
@@ -29,7 +29,7 @@ bool hasNetwork(const QVariantMap &news)
            news.value(u"Connectivity"_s).toUInt() == fullConnectivity;
 }
 
-/// By the desktop's switch, or by one on the machine.
+/// By the desktop's switch or by a hardware switch.
 bool hasRadio(const QVariantMap &news)
 {
     return news.value(u"WirelessEnabled"_s).toBool() ||
@@ -72,7 +72,7 @@ void DBusSystemEvents::sleepTurns(bool begins)
 
 void DBusSystemEvents::networkManagerChanges(const QDBusMessage &message)
 {
-    // Only what changes is announced, so what is announced to be there was not there before.
+    // Only changes are announced, so whatever is announced as present was absent before.
     const auto news = qdbus_cast<QVariantMap>(message.arguments().value(1));
     if (hasRadio(news))
         tell(Returning::Radio);

@@ -8,14 +8,14 @@ class QDBusMessage;
 
 namespace quorvel {
 
-/// Hears the login manager tell of the machine's sleep, and the network manager of the network and
-/// the radio. Asks neither of them anything, and does without one that is not there.
+/// Listens to the login manager for the machine's sleep, and to the network manager for network and
+/// radio. It sends no requests, and works without either of them.
 class DBusSystemEvents final : public SystemEvents
 {
     Q_OBJECT
 
 public:
-    /// A bus that is not connected tells nothing.
+    /// Without a connected bus it reports nothing.
     explicit DBusSystemEvents(const QDBusConnection &bus, QObject *parent = nullptr);
 
     void follow() override;

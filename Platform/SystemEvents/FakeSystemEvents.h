@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// A machine that loses and gets back what a test says.
+/// Reports what a test tells it to.
 class FakeSystemEvents final : public SystemEvents
 {
 public:

@@ -4,11 +4,11 @@
 
 namespace quorvel {
 
-/// What a program on a machine that is carried about may lack for a while, and get back.
+/// The things that a portable machine may lose for a while and get back.
 enum class Returning { Network, Radio, Machine };
 
-/// Tells whoever lacked something that it is there again: the network, the radio that was switched
-/// off, or the machine itself after its sleep. Tells nothing unless it is followed.
+/// Reports that something is back: the network, the radio, or the machine itself after sleep.
+/// Reports nothing until it is followed.
 class SystemEvents : public QObject
 {
     Q_OBJECT
@@ -16,12 +16,12 @@ class SystemEvents : public QObject
 public:
     using QObject::QObject;
 
-    /// From now on, until `rest`; once is enough. Holds nobody up.
+    /// Starts reporting, until `rest`. A second call changes nothing. Never blocks.
     virtual void follow() = 0;
     virtual void rest() = 0;
 
 signals:
-    /// One return is often told several times, by whatever took part in it.
+    /// One return is often reported several times, once by each part of the system.
     void cameBack(quorvel::Returning what);
 };
 

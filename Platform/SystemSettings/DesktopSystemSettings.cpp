@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 namespace quorvel {
 namespace {
 
-/// A settings program, the names that its desktops go by, and how it is asked for the page of
-/// location. Without arguments it shows its front page: these desktops have no page of that kind.
+/// A settings program, the names of its desktops, and the arguments for its location page. Without
+/// arguments it shows its front page, since these desktops have no location page.
 struct SettingsProgram
 {
     QStringList desktops;
@@ -38,7 +38,7 @@ const QList<SettingsProgram> &settingsPrograms()
     return all;
 }
 
-/// Those of the desktop that runs come first.
+/// Programs of the running desktop come first.
 QList<SettingsProgram> settingsProgramsFor(const QString &currentDesktop)
 {
     const QStringList names = currentDesktop.split(u':', Qt::SkipEmptyParts);

@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-/// The settings program of the desktop that runs, or of any desktop that is installed. What it
-/// starts lives on without this program.
+/// The settings program of the running desktop, or of any installed desktop. The started program
+/// outlives this one.
 class DesktopSystemSettings final : public SystemSettings
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// Keeps the addresses that it was asked for, and answers as a test says.
+/// Records the requested addresses, and answers as a test says.
 class FakeSystemSettings final : public SystemSettings
 {
 public:

@@ -6,19 +6,18 @@ class QUrl;
 
 namespace quorvel {
 
-/// The desktop's own settings, for screens that the user can only get past by changing something
-/// there.
+/// The desktop's settings, for screens that the user can leave only by changing a setting.
 class SystemSettings
 {
 public:
-    /// The page on which the user lets programs know the position.
+    /// The page where the user allows programs to know the position.
     static constexpr QLatin1StringView locationPrivacy{
         "x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices"};
 
     virtual ~SystemSettings() = default;
 
-    /// Brings up the page of that address, or the settings' front page on a desktop that has no
-    /// such page; false where there are no settings to bring up, or the address is not known.
+    /// Opens the page of that address, or the front page if the desktop has no such page. Returns
+    /// false if there are no settings to open or the address is unknown.
     [[nodiscard]] virtual bool open(const QUrl &address) = 0;
 };
 

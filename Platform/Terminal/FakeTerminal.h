@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// Keeps what was written, and refuses it as a test says.
+/// Records what was written, and fails as a test says.
 class FakeTerminal final : public Terminal
 {
 public:
@@ -25,7 +25,7 @@ public:
     QByteArray printed;
     QByteArray noted;
     bool watched = false;
-    /// The `errno` that printing fails with.
+    /// The `errno` with which printing fails.
     std::optional<int> failure;
 };
 

@@ -11,8 +11,8 @@ namespace quorvel {
 
 namespace {
 
-/// The system gives the lowest number that is free. What stands in for an output can only be read,
-/// so that writing there still fails.
+/// The system gives a new file the lowest free number. The placeholder for an output is read-only,
+/// so that writing to it still fails.
 void occupyClosedStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -22,7 +22,7 @@ void occupyClosedStreams()
     }
 }
 
-/// Zero, or why it was not written whole.
+/// Returns zero, or the reason why it was not written completely.
 int write(int stream, QByteArrayView content)
 {
     while (!content.isEmpty()) {
@@ -45,7 +45,7 @@ bool canTakeLinesBack()
 StandardTerminal::StandardTerminal()
 {
     occupyClosedStreams();
-    // A reader that is gone is told by the write, and the command ends in its own words.
+    // The write reports a closed pipe, so that the command ends with its own message.
     ::signal(SIGPIPE, SIG_IGN);
 }
 

@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// The standard streams of the process, one terminal a process. Made before any file is opened: a
-/// stream that is closed would be taken for the next file, and what is printed end up in it.
+/// The standard streams of the process. Make one per process, before any file is opened: otherwise
+/// the next file would take the number of a closed stream, and output would go into it.
 class StandardTerminal final : public Terminal
 {
 public:

@@ -4,20 +4,19 @@
 
 namespace quorvel {
 
-/// Where a command of the program speaks to its user or to another program: results on one stream,
-/// everything else on another. Texts are UTF-8.
+/// The streams of a command: results go to one, everything else to the other. Texts are UTF-8.
 class Terminal
 {
 public:
     virtual ~Terminal() = default;
 
-    /// All of it to standard output, at once. Throws TerminalError.
+    /// Writes all of it to standard output at once. Throws TerminalError.
     virtual void print(QByteArrayView result) = 0;
 
-    /// To standard error. Silent where nobody reads it: there is no other place to say so.
+    /// Writes to standard error. Silent on failure: there is no other place to report it.
     virtual void note(QByteArrayView words) = 0;
 
-    /// Whether a person watches standard error on a screen that can take a line back.
+    /// Whether standard error is a screen on which a line can be taken back.
     [[nodiscard]] virtual bool isWatched() const = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Output that could not be written, with the system's reason.
+/// Output could not be written. The description has the system's reason.
 class TerminalError final : public LocalizedError
 {
 public:
@@ -13,7 +13,7 @@ public:
         : m_code(code)
     {}
 
-    /// Whoever read the output has read enough, as `head` does: nothing to complain about.
+    /// The reader closed the pipe, as `head` does. Nothing to complain about.
     [[nodiscard]] bool isReaderGone() const;
     [[nodiscard]] QString errorDescription() const override;
 

@@ -2,12 +2,12 @@
 
 class QGuiApplication;
 
-/// What the program has to say when the session manager of an X desktop asks everybody to save.
+/// Answers the session manager of an X desktop when it asks programs to save.
 namespace quorvel::LogOut {
 
-/// Never holds a log-out up, and asks nobody: whatever was saved is on the disk already. Has the
-/// next login not start the program either: that is for the autostart entry alone, which the user
-/// can take back.
+/// Never delays a log-out and asks nobody: everything saved is on the disk already. It also keeps
+/// the next login from starting the program again; only the autostart entry does that, and the user
+/// controls it.
 void agree(const QGuiApplication &application);
 
 } // namespace quorvel::LogOut

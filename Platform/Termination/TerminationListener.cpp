@@ -24,7 +24,7 @@ void noteSignal(int)
     errno = savedError;
 }
 
-/// A signal that whoever started us told us to ignore, as `nohup` does, stays ignored.
+/// A signal that our parent told us to ignore, as `nohup` does, stays ignored.
 void handleAll(void (*handler)(int))
 {
     struct sigaction action = {};

@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// Turns the system's request to end (SIGTERM, SIGINT, SIGHUP) into a signal on the main thread, so
-/// that the program ends as it does on "Quit Quorvel". One per process.
+/// Turns the system's requests to end (SIGTERM, SIGINT, SIGHUP) into a signal on the main thread,
+/// so that the program ends as with "Quit Quorvel". One per process.
 class TerminationListener final : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,7 @@ namespace quorvel::X11Server {
 
 xcb_connection_t *connection()
 {
-    // Platforms that only draw may own a connection too, but never look at its events.
+    // Platforms that only draw may have a connection too, but never read its events.
     if (QGuiApplication::platformName() != QStringLiteral("xcb"))
         return nullptr;
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
@@ -30,7 +30,7 @@ xcb_window_t selectionOwner(xcb_connection_t *connection, xcb_atom_t selection)
 
 bool isOurs(xcb_connection_t *connection, xcb_window_t window)
 {
-    // The server gives every program a range of numbers for what it makes.
+    // The server gives every program a range of numbers for its resources.
     const xcb_setup_t *const setup = xcb_get_setup(connection);
     return (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }

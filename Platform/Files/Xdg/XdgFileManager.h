@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// The file manager of a Linux desktop: the user's folders are those of the base directory rules.
+/// The file manager of a Linux desktop. It finds the user's folders by the base directory rules.
 class XdgFileManager final : public FileManager
 {
 public:

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The last line counts, as it does for a shell.
+/// The last matching line counts, as in a shell.
 QString downloadsValue(const QString &lines)
 {
     static const QRegularExpression assignment(u"^\\s*XDG_DOWNLOAD_DIR\\s*=\\s*\"(.*)\"\\s*$"_s,
