@@ -4,24 +4,24 @@
 
 namespace quorvel {
 
-/// A request that got no answer, or none that may be kept.
+/// A request failed: there was no answer, or none that can be kept.
 class HttpError final : public LocalizedError
 {
 public:
     enum class Case {
-        /// No connection, no trust, or an answer cut short, in the transport's own words.
+        /// No connection, no trust, or an incomplete answer. The text is the transport's.
         Transport,
         TimedOut,
         BodyTooLarge,
         TooManyRedirects,
-        /// A redirect from an encrypted address to one that is not.
+        /// A redirect from an encrypted address to an unencrypted one.
         InsecureRedirect,
-        /// The client went away before the answer came.
+        /// The client was destroyed before the answer came.
         Cancelled
     };
 
     [[nodiscard]] static HttpError transport(QString sentence);
-    /// One of the other cases, which have a sentence of their own.
+    /// For the other cases, which have their own sentences.
     explicit HttpError(Case kind);
 
     [[nodiscard]] Case kind() const { return m_kind; }

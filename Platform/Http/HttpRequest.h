@@ -7,14 +7,14 @@
 
 namespace quorvel {
 
-/// What a server is asked, and for how long.
+/// A request to a server, with its time limit.
 struct HttpRequest
 {
     enum class Method { Get, Post };
 
     QUrl url = {};
     Method method = Method::Get;
-    /// Of a POST: a form, percent-encoded.
+    /// The body of a POST: a percent-encoded form.
     QByteArray body = {};
     /// From sending to the last byte of the answer, redirects included.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);

@@ -6,10 +6,10 @@
 
 namespace quorvel {
 
-/// What a server answered.
+/// A server's answer.
 struct HttpResponse
 {
-    /// Absent when the answer did not come over HTTP.
+    /// Absent if the answer did not come over HTTP.
     std::optional<int> statusCode;
     QByteArray body;
 

@@ -14,7 +14,7 @@ namespace {
 constexpr auto userAgent = "Quorvel/" QUORVEL_VERSION " (Linux desktop; cafe check-ins)";
 constexpr auto formType = "application/x-www-form-urlencoded";
 
-/// Nothing of one call shows in another, nor on the disk.
+/// Calls share no state, and nothing reaches the disk.
 void forgetCalls(QNetworkRequest &request)
 {
     for (const auto attribute :
@@ -34,7 +34,7 @@ QtHttpClient::QtHttpClient(qint64 bodyLimitBytes, QObject *parent)
 
 QtHttpClient::~QtHttpClient()
 {
-    // Order: the calls let go of their replies before the manager destroys those.
+    // Order: the calls release their replies before the manager destroys them.
     qDeleteAll(findChildren<HttpCall *>());
 }
 
@@ -61,7 +61,7 @@ QNetworkReply *QtHttpClient::start(const HttpRequest &request)
 
 HttpClient &HttpClient::shared()
 {
-    // Lifetime: connections do not outlive the application object.
+    // Lifetime: connections must not outlive the application object.
     static QPointer<QtHttpClient> client;
     if (!client)
         client = new QtHttpClient(QtHttpClient::defaultBodyLimitBytes, qApp);

@@ -6,9 +6,9 @@
 
 namespace quorvel {
 
-/// The web through Qt's network access. Certificates are verified, redirects and the size of an
-/// answer are bounded, and every call ends within its own limit. Calls that are open when the
-/// client is destroyed end as cancelled.
+/// The web through Qt's network access. It verifies certificates, limits redirects and the size of
+/// an answer, and ends every call within the call's limit. When the client is destroyed, open calls
+/// end as cancelled.
 class QtHttpClient final : public QObject, public HttpClient
 {
     Q_OBJECT

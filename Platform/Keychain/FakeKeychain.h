@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// A keychain in memory: notes what it was asked to do, and fails as a test says.
+/// A keychain in memory. It records its calls, and fails when a test says so.
 class FakeKeychain final : public Keychain
 {
 public:
@@ -57,11 +57,11 @@ public:
     }
 
     QList<KeychainItem> items;
-    /// Answered by every operation while it is set, and nothing is changed.
+    /// While set, every operation returns it and changes nothing.
     std::optional<KeychainStatus::Code> failure;
     /// The same for `add`, instead of `failure`.
     std::optional<KeychainStatus::Code> addFailure;
-    /// Whether a found item's value is handed out as data.
+    /// Whether a found item's value is returned as data.
     bool givesData = true;
 
     QStringList calls;

@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// What makes a generic password one item: no two share it, and not even case is overlooked.
+/// The identity of a generic password. No two items share it, and case matters.
 struct KeychainIdentity
 {
     QString service;
@@ -19,7 +19,8 @@ struct KeychainIdentity
     friend bool operator==(const KeychainIdentity &, const KeychainIdentity &) = default;
 };
 
-/// A generic password as it is added. Whatever is not its identity or its value is settled then.
+/// A generic password to add. Everything except its identity and its value is fixed when it is
+/// added.
 struct KeychainItem
 {
     enum class Accessible { WhenUnlocked, AfterFirstUnlock };
@@ -33,31 +34,31 @@ struct KeychainItem
     friend bool operator==(const KeychainItem &, const KeychainItem &) = default;
 };
 
-/// What a query found. A success without data is an item whose value is no plain bytes.
+/// The result of a query. Success without data is an item whose value is not plain bytes.
 struct KeychainMatch
 {
     KeychainStatus::Code status = KeychainStatus::success;
     std::optional<QByteArray> valueData;
 };
 
-/// The user's secrets. Synchronous, each for the one thread that uses it; an operation answers
-/// within about two seconds, asks the user nothing, and says by its status how it ended.
+/// The user's secrets. Synchronous; each object belongs to one thread. An operation answers within
+/// about two seconds, asks the user nothing, and reports its outcome as a status.
 class Keychain
 {
 public:
     virtual ~Keychain() = default;
 
-    /// Answers duplicateItem, and leaves the item as it is, where the identity is taken.
+    /// Returns duplicateItem and changes nothing if the identity exists already.
     [[nodiscard]] virtual KeychainStatus::Code add(const KeychainItem &item) = 0;
-    /// Changes the value of an item and nothing else of it.
+    /// Changes an item's value and nothing else.
     [[nodiscard]] virtual KeychainStatus::Code update(const KeychainIdentity &identity,
                                                       const QByteArray &valueData) = 0;
     [[nodiscard]] virtual KeychainMatch copyMatching(const KeychainIdentity &identity) = 0;
     [[nodiscard]] virtual KeychainStatus::Code remove(const KeychainIdentity &identity) = 0;
 
-    /// The one of the user who runs the program, for the main thread.
+    /// The keychain of the user who runs the program, for the main thread.
     [[nodiscard]] static Keychain &standard();
-    /// The same secrets for another thread, by a way of its own.
+    /// The same secrets over a separate connection, for another thread.
     [[nodiscard]] static std::unique_ptr<Keychain> makeDetached();
 };
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// The numbers in which a keychain answers, for whoever acts on one or shows it to the user.
+/// The status numbers of a keychain, for code that acts on one or shows it to the user.
 namespace quorvel::KeychainStatus {
 
 using Code = qint32;
@@ -19,7 +19,7 @@ inline constexpr Code itemNotFound = -25300;
 inline constexpr Code noDefaultKeychain = -25307;
 inline constexpr Code interactionNotAllowed = -25308;
 
-/// The sentence for a failure; nothing for a number that has none.
+/// The sentence for a failure; nothing for a number without one.
 [[nodiscard]] std::optional<QString> message(Code status);
 
 } // namespace quorvel::KeychainStatus

@@ -8,7 +8,7 @@ namespace quorvel {
 
 namespace {
 
-/// Success where an item was found that is not locked.
+/// Success if an unlocked item was found.
 KeychainStatus::Code statusOf(const FoundItems &items)
 {
     if (items.isEmpty())

@@ -10,9 +10,9 @@ namespace quorvel {
 class SecretServiceCall;
 class SecretServiceConnection;
 
-/// The keychain as Linux desktops have it: GNOME's keyring, KDE's wallet or whatever else answers
-/// as the Secret Service. A locked collection is a failure here, never a question to the user. A
-/// service that does not answer in time may still carry out what it was asked when it wakes up.
+/// The keychain of Linux desktops: GNOME's keyring, KDE's wallet or another Secret Service. A
+/// locked collection is a failure here and never a prompt. A service that misses the deadline may
+/// still carry out its request later.
 class SecretServiceKeychain final : public Keychain
 {
 public:
@@ -30,7 +30,7 @@ public:
 private:
     using Operation = std::function<KeychainStatus::Code(const SecretServiceCall &)>;
 
-    /// What the operation answers, or why it came to nothing.
+    /// The operation's result, or the reason of its failure.
     [[nodiscard]] KeychainStatus::Code run(const KeychainIdentity &identity,
                                            const Operation &operation);
 

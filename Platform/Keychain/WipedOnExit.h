@@ -5,8 +5,8 @@
 
 namespace quorvel {
 
-/// Overwrites a secret, a QByteArray or a QString, when its scope ends, so that it does not linger
-/// in freed memory.
+/// Overwrites a secret, a QByteArray or a QString, at the end of its scope, so that it does not
+/// stay in freed memory.
 template <class Secret>
 class WipedOnExit final
 {
@@ -18,7 +18,7 @@ public:
     WipedOnExit &operator=(const WipedOnExit &) = delete;
     ~WipedOnExit()
     {
-        // What somebody else holds as well is theirs to wipe.
+        // If somebody else shares the data, they have to wipe it.
         if (m_secret.isDetached())
             explicit_bzero(m_secret.data(), std::size_t(m_secret.size()) * sizeof *m_secret.data());
     }

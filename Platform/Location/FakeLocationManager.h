@@ -6,8 +6,7 @@
 
 namespace quorvel {
 
-/// A location service that a test plays: it records what it was asked and answers when the test
-/// emits one of its signals.
+/// A location manager for tests. It records its calls; the test answers by emitting its signals.
 class FakeLocationManager final : public LocationManager
 {
     Q_OBJECT
@@ -26,7 +25,7 @@ public:
     }
     void requestLocation() override { calls.append(QStringLiteral("requestLocation")); }
 
-    /// Has the user decide.
+    /// Answers as if the user had decided.
     void decide(AuthorizationStatus decision)
     {
         status = decision;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double greatestLatitude = 90;
 constexpr double greatestLongitude = 180;
-/// The end of the year 9999; far less than what an instant can hold.
+/// The end of the year 9999, far below what an instant can hold.
 constexpr quint64 latestSecond = 253'402'300'799;
 constexpr quint64 microsecondsPerMillisecond = 1'000;
 
@@ -25,7 +25,8 @@ double number(const QVariantMap &properties, const QString &name)
 
 Instant timestamp(const QVariant &value)
 {
-    // A copy that is not const would be one to write into, and reading it ends the process.
+    // Keep this copy const: a non-const copy would open the argument for writing, and reading it
+    // would end the process.
     const auto argument = value.value<QDBusArgument>();
     if (argument.currentSignature() != "(tt)"_L1)
         return {};

@@ -8,11 +8,11 @@
 
 class QDBusMessage;
 
-/// GeoClue's location objects, read with care: whoever owns the name may answer anything.
+/// Reads GeoClue's location objects with care: any program may own the name and answer anything.
 namespace quorvel::GeoClueLocation {
 
-/// The location in the reply to GetAll on such an object. Nothing without a point on the globe; a
-/// timestamp that cannot be read is the epoch.
+/// The location in a reply to GetAll on a location object. Nothing if it is not a point on the
+/// globe. An unreadable timestamp becomes the epoch.
 [[nodiscard]] std::optional<Location> fromReply(const QDBusMessage &reply);
 
 } // namespace quorvel::GeoClueLocation

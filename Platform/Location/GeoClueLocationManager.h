@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-/// Locations from the GeoClue daemon. It can only be asked by starting: the status is not
-/// determined until a start of this process was answered.
+/// Locations from the GeoClue daemon. Only a start tells whether the daemon allows one, so the
+/// status is not determined until a start of this process was answered.
 class GeoClueLocationManager final : public LocationManager
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ public:
     struct Limits
     {
         GeoClueLimits request;
-        /// A position asked for so soon after an authorisation that ended in a failure of the
-        /// daemon fails with the same words, instead of letting the user wait as long again.
+        /// If an authorisation has just failed because of the daemon, a request for a position
+        /// within this time fails with the same description. The user does not wait twice.
         std::chrono::milliseconds sameFailure{1'000};
     };
 
@@ -27,12 +27,14 @@ public:
                                     QObject *parent = nullptr);
     explicit GeoClueLocationManager(const QDBusConnection &bus, QObject *parent = nullptr);
 
-    /// Deliberate: kept nowhere. Any level of the daemon but the exact one is off by a kilometre.
+    /// Deliberate: the value is not used. Only the daemon's exact level is precise enough; every
+    /// other level is off by a kilometre.
     void setDesiredAccuracy(double meters) override;
 
-    /// A refusal is there only while `authorizationChanged` tells it: the daemon does not announce
-    /// that the user has lifted it, so that the next request has to ask anew. A daemon that is
-    /// absent or silent refuses nothing: the status is authorized, and the position fails.
+    /// The status is "refused" only while `authorizationChanged` is emitted. The daemon does not
+    /// announce that the user has allowed the location since, so the next request must ask again.
+    /// An absent or silent daemon refuses nothing: the status is authorized, and the position
+    /// fails.
     [[nodiscard]] AuthorizationStatus authorizationStatus() const override { return m_status; }
 
     void requestWhenInUseAuthorization() override;

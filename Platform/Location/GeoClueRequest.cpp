@@ -26,7 +26,7 @@ const auto noObject = u"/"_s;
 
 /// The daemon moves every position of a lower level by a kilometre.
 constexpr uint exactAccuracyLevel = 8;
-/// Ends a call of a step whose own, shorter limit has passed.
+/// Ends a call whose step has passed its own, shorter limit.
 constexpr auto callLimit = 25s;
 
 const auto noBus = u"There is no system bus to ask for the location."_s;
@@ -118,17 +118,18 @@ void GeoClueRequest::propertiesChanged(const QString &, const QVariantMap &chang
 void GeoClueRequest::createClient()
 {
     m_limit.start(m_limits.client);
-    // Every caller of GetClient on this bus would share, and delete, one and the same client.
+    // All callers of GetClient on one bus would share, and delete, the same client.
     const auto message =
         QDBusMessage::createMethodCall(service, managerPath, managerInterface, u"CreateClient"_s);
-    // Without an agent the daemon answers when one comes, however late: that client has to go too.
+    // Without an agent the daemon answers as soon as an agent comes, however late. That client must
+    // be deleted too.
     const auto answered = [self = QPointer(this), bus = m_bus](const QDBusMessage &reply) {
         if (self && !self->m_hasEnded)
             self->clientCreated(reply);
         else if (!clientOf(reply).isEmpty())
             deleteClient(bus, reply.service(), clientOf(reply));
     };
-    // Lifetime: the call outlives this conversation, not the manager that began it.
+    // Lifetime: this call outlives the conversation but not the manager that began it.
     BusCall::start(m_bus, message, BusCall::noLimit, parent(), answered);
 }
 
@@ -155,7 +156,7 @@ void GeoClueRequest::accuracySet(const QDBusMessage &reply)
 {
     if (!isFine(reply))
         return;
-    // Order: a position that is known already comes before the answer to Start.
+    // Order: a position that the daemon already knows comes before its answer to Start.
     follow();
     ask(clientCall(u"Start"_s), m_limits.start, &GeoClueRequest::started);
 }

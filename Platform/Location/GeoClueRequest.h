@@ -11,19 +11,20 @@ class QDBusObjectPath;
 
 namespace quorvel {
 
-/// How long each step of a conversation with the daemon may take.
+/// The time limit of each step of a conversation with the daemon.
 struct GeoClueLimits
 {
-    /// The daemon may have to be started, and waits for the agent of the user's session.
+    /// The daemon may have to start, and it waits for the agent of the user's session.
     std::chrono::milliseconds client{6'000};
     std::chrono::milliseconds property{5'000};
     std::chrono::milliseconds start{5'000};
-    /// Scanning for networks and asking a server about them; a failure of it is never reported.
+    /// The daemon scans for networks and asks a server about them. It never reports a failure of
+    /// that.
     std::chrono::milliseconds fix{20'000};
 };
 
-/// One conversation with GeoClue, for the location manager. It ends in exactly one of `granted`,
-/// `located`, `refused` and `failed`; then it leaves nothing in the daemon, and deletes itself.
+/// One conversation with GeoClue, for the location manager. It ends with exactly one of `granted`,
+/// `located`, `refused` and `failed`, leaves nothing behind in the daemon, and deletes itself.
 class GeoClueRequest final : public QObject
 {
     Q_OBJECT
@@ -31,7 +32,7 @@ class GeoClueRequest final : public QObject
 public:
     enum class Goal { Permission, Position };
 
-    /// Begins at once and answers in a later turn of the event loop.
+    /// Starts at once and answers in a later turn of the event loop.
     GeoClueRequest(Goal goal, const QDBusConnection &bus, const GeoClueLimits &limits,
                    QObject *parent);
     ~GeoClueRequest() override;
@@ -64,10 +65,10 @@ private:
     void ask(const QDBusMessage &message, std::chrono::milliseconds limit, Next next);
     void setClientProperty(const QString &name, const QVariant &value, Next next);
     [[nodiscard]] QDBusMessage clientCall(const QString &method) const;
-    /// False, once it has ended the conversation.
+    /// Returns false once it has ended the conversation.
     [[nodiscard]] bool isFine(const QDBusMessage &reply);
     void fail(const QString &description);
-    /// True for the one caller that may say how the conversation ended.
+    /// Returns true for the one caller that may report the end of the conversation.
     [[nodiscard]] bool end();
     void leave();
 
@@ -76,7 +77,7 @@ private:
     GeoClueLimits m_limits;
     QDBusServiceWatcher m_ownerWatcher;
     QTimer m_limit;
-    /// The unique name of the daemon that made the client.
+    /// The unique bus name of the daemon that made the client.
     QString m_daemon;
     QString m_client;
     QString m_location;

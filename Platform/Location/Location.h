@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Where the machine was, as a location service found it.
+/// A position of the machine, from a location service.
 struct Location
 {
     /// In degrees on the WGS-84 ellipsoid.

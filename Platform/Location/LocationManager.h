@@ -8,10 +8,10 @@
 
 namespace quorvel {
 
-/// Whether the user lets the program know where they are. Callers tell the cases apart by number.
+/// Whether the user lets the program know their position. Callers may rely on the numbers.
 enum class AuthorizationStatus {
     NotDetermined = 0,
-    /// Refused by the machine's configuration, which the user may not be able to change.
+    /// Refused by the machine's configuration. The user may not be able to change it.
     Restricted = 1,
     Denied = 2,
     AuthorizedAlways = 3,
@@ -20,8 +20,8 @@ enum class AuthorizationStatus {
 
 inline constexpr double hundredMetersAccuracy = 100;
 
-/// The system's location service, for the one service that asks it. It answers through its signals:
-/// on the main thread, once for each request, and never before the request has returned.
+/// The system's location service, for the one service that asks it. It answers with its signals: on
+/// the main thread, once per request, and never before the request has returned.
 class LocationManager : public QObject
 {
     Q_OBJECT
@@ -29,24 +29,24 @@ class LocationManager : public QObject
 public:
     using QObject::QObject;
 
-    /// How exact a position has to be. Set before the first request.
+    /// How exact a position has to be. Set it before the first request.
     virtual void setDesiredAccuracy(double meters) = 0;
 
-    /// As it is known now; a status that was never asked for is not determined.
+    /// The current status; "not determined" until something has asked for it.
     [[nodiscard]] virtual AuthorizationStatus authorizationStatus() const = 0;
 
-    /// Ends in `authorizationChanged`, also when the status is what it was.
+    /// Ends in `authorizationChanged`, even if the status is the same.
     virtual void requestWhenInUseAuthorization() = 0;
 
-    /// One position: ends in `locationsUpdated` or in `failed`. A new request takes the place of
-    /// one that is still open.
+    /// Requests one position. Ends in `locationsUpdated` or `failed`. A new request replaces an
+    /// open one.
     virtual void requestLocation() = 0;
 
 signals:
     void authorizationChanged();
-    /// The newest comes last.
+    /// The newest location is the last one.
     void locationsUpdated(const QList<quorvel::Location> &locations);
-    /// With the system's own words.
+    /// The text is the system's description.
     void failed(const QString &description);
 };
 

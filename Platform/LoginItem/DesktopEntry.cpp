@@ -18,7 +18,7 @@ QString escaped(QString value)
         .replace(u'\r', u"\\r"_s);
 }
 
-/// What a backslash and the character after it stand for; both, when they have no meaning.
+/// The meaning of a backslash and the next character. Both characters stay if they have none.
 QString meaning(QChar character)
 {
     switch (character.unicode()) {
@@ -47,7 +47,7 @@ QString unescaped(QStringView value)
     return result;
 }
 
-/// The text between the quotes, the first of which is gone already.
+/// Reads the text up to the closing quote. The opening quote is already removed.
 std::optional<QString> quotedText(QStringView text)
 {
     QString result;

@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// A login item whose status a test sets, and which counts what it was asked to do.
+/// A login item whose status a test sets. It counts its calls.
 class FakeLoginItem final : public LoginItem
 {
 public:
@@ -26,7 +26,7 @@ public:
     }
 
     Status scriptedStatus = Status::NotRegistered;
-    /// Thrown by both operations while it is set.
+    /// While set, both operations throw it.
     std::optional<LoginItemError> failure;
 
     int registrations = 0;

@@ -2,7 +2,7 @@
 
 namespace quorvel {
 
-/// The program's entry among those that the desktop starts at login.
+/// The program's entry among the programs that the desktop starts at login.
 class LoginItem
 {
 public:
@@ -11,23 +11,23 @@ public:
         Enabled,
         /// Registered, but the user switched it off in the desktop's own tool.
         RequiresApproval,
-        /// Registered, but what would start is missing, unreadable or another program.
+        /// Registered, but its program is missing, unreadable or another one.
         NotFound
     };
 
     virtual ~LoginItem() = default;
 
-    /// As the desktop holds it now.
+    /// The current state on the desktop.
     [[nodiscard]] virtual Status status() const = 0;
 
-    /// Has the program start at login, also after the user had switched it off. Throws
+    /// Starts the program at login from now on, even if the user had switched it off. Throws
     /// LoginItemError.
     virtual void registerItem() = 0;
 
-    /// Has it no longer start; fine where it never did. Throws LoginItemError.
+    /// Stops the start at login. Succeeds also if there was none. Throws LoginItemError.
     virtual void unregisterItem() = 0;
 
-    /// The one of the running program.
+    /// The item of the running program.
     [[nodiscard]] static LoginItem &mainApp();
 };
 

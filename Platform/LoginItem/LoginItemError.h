@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// A login item that could not be changed, with the system's reason.
+/// The login item could not be changed. The description has the system's reason.
 class LoginItemError final : public LocalizedError
 {
 public:

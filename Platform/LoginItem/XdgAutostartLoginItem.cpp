@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Nobody asked for a window.
+/// At a login nobody asked for a window.
 const QString atLogin = u" --background"_s;
 
 QString fileIn(const QString &configFolder)
@@ -44,7 +44,7 @@ bool isSwitchedOff(const DesktopEntry::Values &entry)
            says(entry, u"X-MATE-Autostart-enabled"_s, u"false"_s);
 }
 
-/// The file that runs when the program is named so; empty when nothing does.
+/// The file that runs under this program name; empty if there is none.
 QString resolved(const QString &program)
 {
     return QFileInfo(QStandardPaths::findExecutable(program)).canonicalFilePath();
@@ -100,7 +100,7 @@ void XdgAutostartLoginItem::unregisterItem()
         remove(userFile());
         return;
     }
-    // Without a file of the user's, the machine's own would start the program.
+    // Without the user's own file, the machine's file would start the program.
     write(userFile(),
           DesktopEntry::text(
               {{u"Type"_s, u"Application"_s}, {u"Name"_s, u"Quorvel"_s}, {u"Hidden"_s, u"true"_s}}),

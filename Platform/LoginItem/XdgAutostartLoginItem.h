@@ -5,12 +5,12 @@
 
 namespace quorvel {
 
-/// A login item as Linux desktops know it: a desktop entry in an autostart folder. A file of the
-/// user's hides one of the same name that the machine has for everybody.
+/// A login item on Linux desktops: a desktop entry in an autostart folder. The user's file hides a
+/// file of the same name that the machine has for all users.
 class XdgAutostartLoginItem final : public LoginItem
 {
 public:
-    /// The executable is the absolute path of the program to start.
+    /// `executable` is the absolute path of the program to start.
     XdgAutostartLoginItem(XdgBaseDirectories directories, QString executable);
 
     [[nodiscard]] Status status() const override;
@@ -19,7 +19,7 @@ public:
 
 private:
     [[nodiscard]] QString userFile() const;
-    /// The machine's files of that name, whether they exist or not, the most important first.
+    /// The machine's files of that name, the most important first. They need not exist.
     [[nodiscard]] QStringList machineFiles() const;
     [[nodiscard]] Status statusOf(const QString &file) const;
 

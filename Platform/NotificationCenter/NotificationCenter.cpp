@@ -19,7 +19,7 @@ NotificationCenter::Observation NotificationCenter::observe(const QString &name,
 
 void NotificationCenter::post(const QString &name)
 {
-    // Lifetime: a handler may begin or end observations, its own too, or post again.
+    // Lifetime: a handler may start or end observations, even its own, or post again.
     const auto observers = m_observers;
     for (const auto &place : observers) {
         const auto observer = place.lock();

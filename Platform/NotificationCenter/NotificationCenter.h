@@ -8,24 +8,24 @@
 
 namespace quorvel {
 
-/// Tells those who asked for a name that something of that name has happened, so that one feature
-/// follows another without knowing it. Main thread only.
+/// Tells observers that something of a given name has happened, so that features need not know each
+/// other. Main thread only.
 class NotificationCenter final
 {
 public:
     NotificationCenter() = default;
     Q_DISABLE_COPY_MOVE(NotificationCenter)
 
-    /// The one of the whole process.
+    /// The center of the whole process.
     [[nodiscard]] static NotificationCenter &standard();
 
     class Observation;
 
-    /// The handler hears every later post of that name, for as long as the observation is kept.
+    /// The handler receives every later post of that name while the observation is kept.
     [[nodiscard]] Observation observe(const QString &name, std::function<void()> handler);
 
-    /// Calls the handlers before it returns, in the order in which they began to observe. One that
-    /// begins meanwhile hears the next post; one that ends meanwhile hears nothing more.
+    /// Calls the handlers before it returns, in the order of their observations. An observation
+    /// that starts meanwhile gets the next post; one that ends meanwhile gets nothing more.
     void post(const QString &name);
 
 private:
@@ -38,7 +38,7 @@ private:
     std::vector<std::weak_ptr<const Observer>> m_observers;
 };
 
-/// Keeps a handler observing until it is destroyed, before or after its center.
+/// Keeps a handler observing until this is destroyed. The center may be destroyed first.
 class NotificationCenter::Observation final
 {
 public:

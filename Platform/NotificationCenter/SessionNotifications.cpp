@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// For the bus to take a message; one that hangs does not keep a command from its end.
+/// The limit for the bus to take a message. A hung bus must not keep a command from ending.
 constexpr int limitMilliseconds = 500;
 
 QString interface()
@@ -39,7 +39,8 @@ void SessionNotifications::announce(const QDBusConnection &bus, const QString &n
     if (!bus.isConnected())
         return;
     bus.send(QDBusMessage::createSignal(applicationObjectPath, interface(), signalName()) << name);
-    // Order: the bus takes messages one after the other, and answers this one when it has that.
+    // Order: the bus handles messages in order, so its answer to this one means that it has the
+    // earlier one.
     const auto ping = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
                                                      u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);
     static_cast<void>(bus.call(ping, QDBus::Block, limitMilliseconds));

@@ -7,17 +7,18 @@ namespace quorvel {
 
 class NotificationCenter;
 
-/// Notifications between the program's processes in one session, over its bus: what a command of
-/// the terminal has done, a running program hears as if it had done it itself.
+/// Notifications between the program's processes in one session, over its bus. A running program
+/// learns what a command in a terminal has done.
 class SessionNotifications final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Posts to the center whatever another process announces. The center outlives this.
+    /// Posts to the center what another process announces. The center must outlive this.
     SessionNotifications(QDBusConnection bus, NotificationCenter &center);
 
-    /// Has told the others when it returns. Silent where there is no bus, and so nobody to hear.
+    /// Announces to the other processes before it returns. Silent without a bus, where nobody
+    /// listens.
     static void announce(const QDBusConnection &bus, const QString &name);
 
 private slots:

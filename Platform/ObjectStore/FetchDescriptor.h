@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// Names an attribute of an entity where a fetch speaks of it.
+/// Names an attribute of an entity in a fetch.
 template <class Entity, class Result>
 struct AttributeKey
 {
@@ -19,8 +19,8 @@ struct AttributeKey
 template <class Entity, class Result>
 AttributeKey(const char *, Result (Entity::*)() const) -> AttributeKey<Entity, Result>;
 
-/// A fetch without its types, as the context runs it. Conditions are given twice: for the rows of
-/// the store, and for objects with unsaved changes.
+/// A fetch without its types, as the context runs it. Each condition exists twice: for rows in the
+/// store, and for objects with unsaved changes.
 struct FetchRequest
 {
     struct Condition
@@ -34,8 +34,8 @@ struct FetchRequest
     std::optional<int> limit;
 };
 
-/// Which objects to fetch, and how many at most. They come in the store's own order, the order in
-/// which they were first saved.
+/// Which objects to fetch, and how many at most. The results have the store's order, which is the
+/// order of their first save.
 template <class Entity>
 class FetchDescriptor final
 {

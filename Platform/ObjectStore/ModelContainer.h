@@ -12,24 +12,24 @@ namespace quorvel {
 /// Where a store keeps its rows.
 struct StoreConfiguration
 {
-    /// Absolute path of the file; absent keeps everything in memory and never touches the disk.
+    /// The absolute path of the file. Without one, the store is in memory and never touches the
+    /// disk.
     std::optional<QString> path;
 };
 
-/// An open object store and its main-thread context.
-///
-/// A file is one SQLite database, private to its user (0600). A save is one transaction that has
-/// reached the disk when it returns. Two processes may open the same file.
+/// An open object store with its main-thread context. A file is one SQLite database that only its
+/// user can read (0600). A save is one transaction, which is on the disk when the save returns. Two
+/// processes may open the same file.
 class ModelContainer final
 {
 public:
-    /// Opens the store, making it if there is none. Throws StoreError and leaves the file untouched
-    /// when it is not a store of this very schema version.
+    /// Opens the store, or creates it. Throws StoreError, and leaves the file untouched, if it is
+    /// not a store of exactly this schema version.
     ModelContainer(const Schema &schema, const StoreConfiguration &configuration);
     ~ModelContainer();
 
-    /// Runs the action while no other process runs one: what it reads stays true until it has
-    /// saved. Not within another. Throws StoreError when a turn does not come.
+    /// Runs the action while no other process runs one, so that what it reads stays true until it
+    /// has saved. Calls cannot be nested. Throws StoreError if it waits too long for its turn.
     void inTurn(const std::function<void()> &action);
 
     [[nodiscard]] ModelContext &mainContext() { return m_mainContext; }

@@ -13,7 +13,7 @@ void ModelContext::save()
         return;
     for (const auto &object : m_changed)
         insertDestinations(*object);
-    // The list grows while it is walked.
+    // The list grows during the loop.
     for (size_t i = 0; i < m_inserted.size(); ++i)
         insertDestinations(*m_inserted[i]);
     AssignedRows assigned;
@@ -33,7 +33,7 @@ void ModelContext::save()
     didSave(assigned);
 }
 
-/// An object that is to be stored takes with it what it points to.
+/// Storing an object stores the objects that it points to.
 void ModelContext::insertDestinations(const PersistentObject &object)
 {
     for (const auto &relationship : object.entityDescription().relationships) {
@@ -46,7 +46,7 @@ qint64 ModelContext::insertRow(const PersistentObject &object, AssignedRows &ass
 {
     if (const qint64 row = assigned.value(&object))
         return row;
-    // Order: what an object points to has to have its row first.
+    // Order: the object's targets need their rows first.
     for (const auto &relationship : object.entityDescription().relationships) {
         const PersistentObject *destination = relationship.get(object);
         if (destination && destination->isPending())
@@ -98,7 +98,7 @@ int ModelContext::bindColumns(SQLite::Statement &statement, const PersistentObje
 
 void ModelContext::didSave(const AssignedRows &assigned)
 {
-    // Lifetime: the lists may hold the last reference to what they name.
+    // Lifetime: the lists may hold the last references to these objects.
     const Objects inserted = std::exchange(m_inserted, {});
     const Objects changed = std::exchange(m_changed, {});
     const Objects deleted = std::exchange(m_deleted, {});

@@ -15,7 +15,7 @@ namespace quorvel {
 
 namespace {
 
-/// The rows that an object points to, one for each relationship; 0 for none.
+/// The rows that an object points to, one per relationship; 0 for none.
 using RelatedRows = QVarLengthArray<qint64, 2>;
 
 RelatedRows readAttributes(PersistentObject &object, const EntityDescription &entity,
@@ -139,7 +139,7 @@ ModelContext::Objects ModelContext::storedMatches(EntityTable &table, const Fetc
     int index = 1;
     for (const auto &condition : request.conditions)
         condition.bind(parameters, index++);
-    // What is changed or deleted but not saved may drop out of the rows that come.
+    // Unsaved changes and deletions may remove objects from the result.
     if (request.limit)
         parameters.integer(index, *request.limit + qint64(m_changed.size() + m_deleted.size()));
 
@@ -217,7 +217,7 @@ std::shared_ptr<PersistentObject> ModelContext::objectWithId(EntityTable &table,
     std::shared_ptr<PersistentObject> object;
     RelatedRows related;
     {
-        // Order: the statement is free again before the relationships of the row need it.
+        // Order: release the statement before the row's relationships need it.
         const StatementUse query(m_connection.statement(table.selectRowSql));
         ParameterWriter(*query).integer(1, id);
         if (!query->executeStep())

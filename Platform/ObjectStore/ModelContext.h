@@ -13,8 +13,8 @@ namespace quorvel {
 
 class StoreConnection;
 
-/// The rows of one entity that are objects at the moment. The objects know their table and leave it
-/// when they die; the table does not keep them.
+/// The rows of one entity that are objects right now. The objects know their table and leave it
+/// when they are destroyed; the table does not keep them alive.
 struct EntityTable
 {
     ModelContext *context = nullptr;
@@ -24,10 +24,9 @@ struct EntityTable
     RowTable rows;
 };
 
-/// The program's working set of stored objects, on the main thread: fetches them, collects inserts,
-/// writes and deletions, and commits them together.
-///
-/// Fetches see what is not saved yet. Every operation may throw StoreError.
+/// The program's working set of stored objects, on the main thread. It fetches objects, collects
+/// inserts, writes and deletions, and commits them together. Fetches see unsaved changes. Every
+/// operation may throw StoreError.
 class ModelContext final
 {
 public:
@@ -51,15 +50,15 @@ public:
         return cast<Entity>(relatedObjects(Entity::entity(), relationship, destination));
     }
 
-    /// Puts a new object, and new ones that it points to, up for the next save. Inserting one that
-    /// is already here changes nothing.
+    /// Adds a new object, and the new objects that it points to, to the next save. Inserting an
+    /// object twice changes nothing.
     void insert(const std::shared_ptr<PersistentObject> &object);
 
-    /// Puts an object up for deletion with the next save, and with it what its relationships say.
+    /// Adds an object to the deletions of the next save, and others as its relationships say.
     void remove(const std::shared_ptr<PersistentObject> &object);
 
-    /// Commits everything that is up: durable when it returns. When it throws, the file is as it
-    /// was, and everything stays up for the next attempt.
+    /// Commits all pending changes, durable on return. If it throws, the file is unchanged, and
+    /// everything stays pending for the next save.
     void save();
 
     [[nodiscard]] bool hasChanges() const;

@@ -11,7 +11,7 @@ struct EntityTable;
 class ModelContext;
 class PersistentObject;
 
-/// Tells whoever shows an object that one of its attributes was written.
+/// Tells observers that an attribute of the object was written.
 class ChangeNotifier final : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ signals:
     void changed();
 };
 
-/// Lets nobody but the store make an object without its attributes.
+/// Lets only the store make an object without its attributes.
 class FromStore
 {
     FromStore() = default;
@@ -28,8 +28,8 @@ class FromStore
     friend std::shared_ptr<PersistentObject> makeFromStore();
 };
 
-/// A stored object. There is one for each row in the process, so that two references are equal
-/// exactly when they denote the same row. Main thread only.
+/// A stored object. There is one per row and process, so two references are equal exactly if they
+/// denote the same row. Main thread only.
 class PersistentObject
 {
 public:
@@ -40,17 +40,17 @@ public:
 
     [[nodiscard]] virtual const EntityDescription &entityDescription() const = 0;
 
-    /// Written to the store by a save that returned, and not deleted since.
+    /// Stored by a save that returned, and not deleted since.
     [[nodiscard]] bool isStored() const { return m_state == State::Stored; }
-    /// Inserted, and waiting for a save to succeed.
+    /// Inserted, and waiting for a successful save.
     [[nodiscard]] bool isPending() const { return m_state == State::Pending; }
 
-    /// Emits `changed()` after every write that changes a value, whether or not the object was ever
-    /// inserted. Made when first asked for.
+    /// Emits `changed()` after every write that changes a value, even before the object is
+    /// inserted. Created on first use.
     [[nodiscard]] ChangeNotifier &notifier();
 
 protected:
-    /// Writes an attribute. Writing the value it already has changes nothing.
+    /// Writes an attribute. Writing the same value changes nothing.
     template <class Value>
     void write(Value &member, Value value)
     {
@@ -60,7 +60,7 @@ protected:
         didChange();
     }
 
-    /// The context that the object is inserted in or came from, if any.
+    /// The context that the object was inserted into or fetched from, if any.
     [[nodiscard]] ModelContext *context() const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Why the object store could not be opened, read or saved.
+/// The object store could not be opened, read or saved, and why.
 class StoreError final : public LocalizedError
 {
 public:

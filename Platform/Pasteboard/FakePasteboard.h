@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// A pasteboard that notes what was done to it.
+/// A pasteboard that records its calls.
 class FakePasteboard final : public Pasteboard
 {
 public:
@@ -41,7 +41,7 @@ public:
     QString secret;
     QImage image;
     QStringList calls;
-    /// What becomes of the images.
+    /// The result of offering an image.
     FakeAnswers<Acceptance> acceptances{"FakePasteboard::setImage"};
 };
 

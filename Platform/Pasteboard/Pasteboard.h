@@ -7,24 +7,24 @@
 
 namespace quorvel {
 
-/// Whether what is offered holds a password: a clipboard history that knows them passes it over.
+/// Whether the content holds a password. Clipboard histories that know the mark skip it.
 enum class Secrecy { Open, Secret };
 
-/// What became of an offer: some desktops let nobody write behind the user's back.
+/// The result of an offer. Some desktops forbid writing to the clipboard without the user's action.
 enum class Acceptance { Accepted, Refused };
 
-/// What the user pastes from in every program.
+/// The clipboard that every program pastes from.
 class Pasteboard
 {
 public:
     virtual ~Pasteboard() = default;
 
     virtual void clearContents() = 0;
-    /// Replaces what is there with a text that anybody may keep.
+    /// Replaces the content with a text that other programs may keep.
     virtual void setText(const QString &text) = 0;
-    /// Replaces what is there with a text that is not to be kept.
+    /// Replaces the content with a text that other programs should not keep.
     virtual void setSecret(const QString &text) = 0;
-    /// Replaces what is there with a picture, and tells whether other programs can paste it.
+    /// Replaces the content with a picture. Reports whether other programs can paste it.
     virtual void setImage(const QImage &image, Secrecy secrecy,
                           Completion<Acceptance> completion) = 0;
 };

@@ -12,11 +12,11 @@ namespace {
 
 constexpr auto png = "image/png"_L1;
 constexpr auto bmp = "image/bmp"_L1;
-/// In percent. Whoever pastes waits for it, and keeps it in a form of their own.
+/// In percent. The pasting program waits for the encoding and stores the picture in its own format.
 constexpr int quickCompression = 20;
 constexpr QRgb paper = 0xFFFFFFFF;
 
-/// For the format that knows no transparency, and would show what is under it.
+/// For the format without transparency, which would show the colour below it.
 QImage onPaper(const QImage &image)
 {
     QImage sheet(image.size(), QImage::Format_RGB32);

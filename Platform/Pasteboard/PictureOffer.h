@@ -6,14 +6,14 @@
 
 namespace quorvel {
 
-/// A picture for the clipboard to take, in the formats that every program reads. It is put into one
-/// only when somebody pastes: most copies are pasted once, and managers ask for all there are.
+/// A picture on the clipboard, in the formats that every program reads. It is encoded only when
+/// somebody pastes: most copies are pasted once, but clipboard managers ask for every format.
 class PictureOffer final : public QMimeData
 {
     Q_OBJECT
 
 public:
-    /// The format, and what it holds, by which clipboard managers know a password on any desktop.
+    /// The format and the value that mark a password for clipboard managers on any desktop.
     static constexpr QLatin1String secretMark{"x-kde-passwordManagerHint"};
     static constexpr auto secret = "secret";
 

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A Wayland compositor that refuses an offer withdraws it, after a tenth of a second.
+/// A Wayland compositor that refuses an offer withdraws it within a tenth of a second.
 constexpr std::chrono::milliseconds withdrawalInterval = 200ms;
 
 QClipboard &clipboard()
@@ -23,8 +23,8 @@ QClipboard &clipboard()
     return *QGuiApplication::clipboard();
 }
 
-/// Whether the X server asks us when somebody pastes; nothing on another window system. It turns
-/// down a claim that is older than the one it has, and no error says so.
+/// Whether the X server asks us when somebody pastes; nothing on another window system. The server
+/// silently rejects a claim that is older than the current one.
 std::optional<bool> isX11SelectionOurs()
 {
     xcb_connection_t *const server = X11Server::connection();
@@ -56,7 +56,7 @@ void QtPasteboard::setSecret(const QString &text)
 
 void QtPasteboard::setImage(const QImage &image, Secrecy secrecy, Completion<Acceptance> completion)
 {
-    // A compositor never tells a program that it has not given the focus once.
+    // A compositor reports nothing to a program that never had the focus.
     const bool isInFront = QGuiApplication::focusWindow() != nullptr;
     clipboard().setMimeData(new PictureOffer(image, secrecy)); // The clipboard takes it.
     const std::optional<bool> verdict = isX11SelectionOurs();

@@ -6,7 +6,8 @@
 
 namespace quorvel {
 
-/// The desktop's clipboard. Main thread only, once there is an application with a display.
+/// The desktop's clipboard. Main thread only, and only while there is an application with a
+/// display.
 class QtPasteboard final : public Pasteboard
 {
 public:
@@ -16,7 +17,7 @@ public:
     void setImage(const QImage &image, Secrecy secrecy, Completion<Acceptance> completion) override;
 
 private:
-    /// Calls end unheard with it.
+    /// When it is destroyed, open calls end without an answer.
     QObject m_open;
 };
 

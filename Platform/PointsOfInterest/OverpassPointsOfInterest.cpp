@@ -15,14 +15,14 @@ namespace {
 
 using Case = PointsOfInterestError::Case;
 
-/// What the server gives itself, and what the network may add.
+/// The server's own limit plus the time of the network.
 constexpr std::chrono::seconds serverLimit{15};
 constexpr std::chrono::seconds timeout = serverLimit + std::chrono::seconds(5);
 
-/// The server measures on a sphere: what it finds a little further out may be within our radius.
+/// The server measures on a sphere, so a place slightly outside its radius may be inside ours.
 constexpr double marginMeters = 1;
 
-/// A ten-millionth of a degree, which is what the map itself keeps.
+/// Ten-millionths of a degree, the precision of the map itself.
 constexpr int decimals = 7;
 
 QString filter(PointOfInterestCategory category)
@@ -176,7 +176,7 @@ void OverpassPointsOfInterest::end(Outcome<Places> outcome)
     m_searches.pop_front();
     if (!m_searches.empty())
         beginLater();
-    // Order: whoever hears of the end may destroy this object.
+    // Order: the receiver of the result may destroy this object.
     search.completion(std::move(outcome));
 }
 
@@ -190,7 +190,7 @@ bool OverpassPointsOfInterest::isBackingOff() const
     if (!m_refusedAt)
         return false;
     const auto elapsed = m_clock->now() - *m_refusedAt;
-    // A clock that was set back ends the pause, which could last for ever otherwise.
+    // If the clock was set back, the pause ends. Otherwise it could last for ever.
     return elapsed >= elapsed.zero() && elapsed < backOff;
 }
 

@@ -6,8 +6,7 @@
 
 namespace quorvel {
 
-/// A status item without a desktop: keeps every picture it was given, and plays the host's and the
-/// user's part when a test says so.
+/// A status item without a desktop. It keeps every picture; a test plays the host and the user.
 class FakeStatusItem final : public StatusItem
 {
 public:

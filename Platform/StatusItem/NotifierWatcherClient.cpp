@@ -35,7 +35,7 @@ NotifierWatcher stateAfter(const QDBusReply<QDBusVariant> &reply)
     if (reply.error().type() == QDBusError::NoReply ||
         reply.error().type() == QDBusError::TimedOut || reply.error().type() == QDBusError::Timeout)
         return NotifierWatcher::Silent;
-    // It refuses the question, as one does that owns its name but is not set up yet.
+    // The watcher refuses the question while it owns its name but is not set up yet.
     return NotifierWatcher::WithoutHost;
 }
 
@@ -58,7 +58,7 @@ NotifierWatcherClient::NotifierWatcherClient(const QDBusConnection &bus,
         m_state = NotifierWatcher::Absent;
         return;
     }
-    // Order: listen first, so that no change falls between the answer and the listening.
+    // Order: subscribe first, so that no change is missed between the answer and the subscription.
     followSignals();
     ask();
 }
@@ -77,8 +77,8 @@ void NotifierWatcherClient::followSignals()
 {
     for (const QString &signal : {QStringLiteral("StatusNotifierHostRegistered"),
                                   QStringLiteral("StatusNotifierHostUnregistered")}) {
-        // Any sender may prompt us, since only the watcher itself is believed; to name it here
-        // would cost a blocking look-up of its owner.
+        // Any sender may trigger a question, but only the watcher itself is asked. Naming the
+        // sender here would cost a blocking look-up of its owner.
         if (!m_bus.connect(QString(), path, interface, signal, this, SLOT(ask())))
             qWarning("Cannot follow %s on the session bus", qUtf8Printable(signal));
     }

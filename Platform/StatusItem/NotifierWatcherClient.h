@@ -11,7 +11,7 @@
 
 namespace quorvel {
 
-/// Follows the session bus's status notifier watcher for `StatusHostWatcher`: asks it whether a
+/// Follows the session bus's status notifier watcher for `StatusHostWatcher`. It asks whether a
 /// host is registered, and asks again whenever that may have changed. Never blocks and never starts
 /// a watcher.
 class NotifierWatcherClient final : public QObject
@@ -41,7 +41,7 @@ private:
     StatusHostLimits m_limits;
     NotifierWatcher m_state = NotifierWatcher::Unknown;
     QDBusServiceWatcher m_owner;
-    /// The context of the latest question; to drop it is to ignore the answer.
+    /// The context of the latest question. Deleting it ignores the answer.
     std::unique_ptr<QObject> m_question;
     QTimer m_retry;
     int m_unanswered = 0;

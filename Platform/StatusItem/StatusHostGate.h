@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// How the session bus's status notifier watcher stands: the broker between icons and the panel
+/// The state of the session bus's status notifier watcher: the broker between icons and the panel
 /// (their host) that shows them.
 enum class NotifierWatcher {
     Unknown,     ///< Asked for the first time, or just started: the answer is still to come.
@@ -18,7 +18,7 @@ enum class NotifierWatcher {
 /// Who shows the icon: a status notifier host on the session bus, or the X server's tray manager.
 enum class StatusHost { None, Notifier, XEmbed };
 
-/// Whether a watcher has been `WithoutHost` for as long as we give its host to come.
+/// Whether a watcher has been `WithoutHost` for as long as we wait for its host.
 enum class HostGrace { Running, Over };
 
 struct StatusHostFacts
@@ -34,19 +34,19 @@ struct StatusHostLimits
 {
     /// A watcher that takes longer to answer counts as hung.
     std::chrono::milliseconds reply{2000};
-    /// Panels own the watcher's name some time before they register as its host.
+    /// A panel owns the watcher's name some time before it registers as the host.
     std::chrono::milliseconds hostGrace{3000};
-    /// A hung watcher that wakes up says nothing: it is asked again, ever less often.
+    /// A hung watcher does not announce its recovery: we ask again, less and less often.
     std::chrono::milliseconds firstRetry{2000};
     std::chrono::milliseconds longestRetry{30000};
 };
 
-/// Decides when the tray may be touched, for `StatusHostWatcher`. The toolkit settles which kind of
-/// host it uses at the first touch and for the whole process, and blocks for 25 s when the watcher
-/// hangs at that moment; so the first touch has to wait until we know.
+/// Decides when the tray may be touched, for `StatusHostWatcher`. At its first use, the toolkit
+/// chooses the kind of host for the whole process, and it blocks for 25 s if the watcher hangs at
+/// that moment. So the first use has to wait until we know.
 namespace StatusHostGate {
 
-/// The host to make the icon for now; `None` means wait.
+/// The host to make the icon for now. `None` means wait.
 [[nodiscard]] constexpr StatusHost decide(const StatusHostFacts &facts)
 {
     const StatusHost xEmbed = facts.hasXEmbedManager ? StatusHost::XEmbed : StatusHost::None;
@@ -64,7 +64,7 @@ namespace StatusHostGate {
     return StatusHost::None;
 }
 
-/// Whether a host of this kind is there now, so that an icon made for it is seen.
+/// Whether a host of this kind is there now, so that its icon is visible.
 [[nodiscard]] constexpr bool isThere(StatusHost host, const StatusHostFacts &facts)
 {
     switch (host) {
@@ -78,7 +78,8 @@ namespace StatusHostGate {
     return false;
 }
 
-/// How long to leave a watcher alone that left the last `unanswered` (at least 1) questions open.
+/// How long to wait before asking a watcher that left the last `unanswered` (at least 1) questions
+/// open.
 [[nodiscard]] constexpr std::chrono::milliseconds retryDelay(const StatusHostLimits &limits,
                                                              int unanswered)
 {

@@ -12,18 +12,18 @@ namespace quorvel {
 class NotifierWatcherClient;
 class XEmbedManagerWatcher;
 
-/// Tells `TrayStatusItem` when it may make its icon, and from then on whether anybody shows it.
-/// Feeds the gate from the session bus and the X server; holds nobody up.
+/// Tells `TrayStatusItem` when it may make its icon, and later whether a host shows it. It feeds
+/// the gate from the session bus and the X server. Never blocks.
 class StatusHostWatcher final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts asking at once; decides nothing before the next turn of the event loop.
+    /// Asks at once, and decides nothing before the next turn of the event loop.
     explicit StatusHostWatcher(const StatusHostLimits &limits = {}, QObject *parent = nullptr);
 
-    /// The kind of host to make the icon for: `None` until one is there, then never another, since
-    /// the toolkit settles this once a process.
+    /// The kind of host to make the icon for: `None` until one is there. Then it never changes,
+    /// since the toolkit chooses once per process.
     [[nodiscard]] StatusHost chosenHost() const { return m_chosen; }
 
     /// Whether a host of the chosen kind is there now.
@@ -41,7 +41,7 @@ private:
 
     StatusHostFacts m_facts;
     StatusHost m_chosen = StatusHost::None;
-    /// The two at the last `changed`.
+    /// Their values at the last `changed`.
     std::pair<StatusHostFacts, StatusHost> m_told;
     NotifierWatcherClient *m_notifierWatcher;
     XEmbedManagerWatcher *m_xEmbedManager;

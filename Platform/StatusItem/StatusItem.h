@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// The program's place in the desktop's status area: shows a picture, reports clicks. It appears
-/// whenever a host for it does, and never holds up the program while there is none, or one hangs.
+/// The program's place in the desktop's status area: it shows a picture and reports clicks. It
+/// appears as soon as a host does, and never blocks the program, even if a host hangs.
 class StatusItem : public QObject
 {
     Q_OBJECT
@@ -16,20 +16,20 @@ class StatusItem : public QObject
 public:
     using QObject::QObject;
 
-    /// Shows the picture. Give ready-made icons: this is called with every pulse.
+    /// Shows the picture. Pass ready-made icons: every pulse calls this.
     virtual void setIcon(const QIcon &icon) = 0;
 
     /// Whether a host shows the item now.
     [[nodiscard]] virtual bool isShown() const = 0;
 
-    /// Where the item is, in logical screen coordinates; empty where the host keeps that to itself.
+    /// The item's place in logical screen coordinates; empty if the host does not tell it.
     [[nodiscard]] virtual QRect geometry() const = 0;
 
 signals:
     void isShownChanged();
-    /// A click on the item.
+    /// The user clicked the item.
     void activated();
-    /// "Open Quorvel" in the item's menu, the only way in on hosts that show nothing but menus.
+    /// "Open Quorvel" in the item's menu. On hosts that only show menus, it is the only way in.
     void openRequested();
     /// "Quit Quorvel" in the item's menu.
     void quitRequested();

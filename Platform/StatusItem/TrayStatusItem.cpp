@@ -27,7 +27,7 @@ QRect TrayStatusItem::geometry() const
 {
     if (!m_isShown)
         return {};
-    // An icon that is not docked yet claims the screen's corner.
+    // An icon that is not docked yet reports the corner of the screen.
     const QRect geometry = m_trayIcon->geometry();
     return geometry.topLeft().isNull() ? QRect() : geometry;
 }

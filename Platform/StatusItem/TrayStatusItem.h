@@ -12,8 +12,8 @@ namespace quorvel {
 
 class StatusHostWatcher;
 
-/// The icon in the desktop's tray. Make it early, and before anything slow: it starts looking for
-/// a host at once, and appears with the first turns of the event loop when there is one.
+/// The icon in the desktop's tray. Make it early, before anything slow: it looks for a host at
+/// once, and appears in the first turns of the event loop if there is one.
 class TrayStatusItem final : public StatusItem
 {
     Q_OBJECT

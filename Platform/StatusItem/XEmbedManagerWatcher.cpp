@@ -18,10 +18,10 @@ int screenNumber()
     return screen;
 }
 
-/// Asks for the news of the window's end. False when it has ended already.
+/// Subscribes to the end of the window. Returns false if it has ended already.
 bool followEnd(xcb_connection_t *connection, xcb_window_t window)
 {
-    // The very mask that Qt sets on this window over the same connection: the last one counts.
+    // The same mask that Qt sets on this window over the same connection: the last one counts.
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     const auto cookie =
         xcb_change_window_attributes_checked(connection, window, XCB_CW_EVENT_MASK, &mask);
@@ -39,8 +39,8 @@ XEmbedManagerWatcher::XEmbedManagerWatcher(QObject *parent)
     m_announcement = X11Server::atom(m_connection, QByteArrayLiteral("MANAGER"));
     m_selection =
         X11Server::atom(m_connection, "_NET_SYSTEM_TRAY_S" + QByteArray::number(screenNumber()));
-    // Order: listen first, so that no manager falls between the look and the listening. Qt has
-    // asked the root window for its messages already.
+    // Order: subscribe first, so that no manager is missed between the check and the subscription.
+    // Qt already receives the root window's messages.
     qGuiApp->installNativeEventFilter(this);
     lookUp();
 }
@@ -61,7 +61,7 @@ bool XEmbedManagerWatcher::nativeEventFilter(const QByteArray &eventType, void *
         const auto *ended = static_cast<const xcb_destroy_notify_event_t *>(message);
         concernsUs = isPresent() && ended->window == m_manager;
     }
-    // Later, so that nobody makes windows in the midst of Qt's own handling of this event.
+    // Later, so that nobody creates windows while Qt handles this event.
     if (concernsUs)
         QMetaObject::invokeMethod(this, &XEmbedManagerWatcher::lookUp, Qt::QueuedConnection);
     return false;

@@ -9,8 +9,8 @@ struct xcb_connection_t;
 
 namespace quorvel {
 
-/// Follows the tray manager of our X screen for `StatusHostWatcher`. On every other window system
-/// there is none, and none ever comes.
+/// Follows the tray manager of our X screen for `StatusHostWatcher`. On other window systems there
+/// is never one.
 class XEmbedManagerWatcher final : public QObject, private QAbstractNativeEventFilter
 {
     Q_OBJECT

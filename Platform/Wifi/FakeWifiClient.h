@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A radio that hears, joins and remembers what a test has scripted.
+/// A radio that answers from a test's script.
 class FakeWifiClient final : public WifiClient
 {
 public:

@@ -25,7 +25,8 @@ QString userName()
     return entry == nullptr ? QString() : QString::fromLocal8Bit(entry->pw_name);
 }
 
-/// From the network's consent on; before that, a radio already names the one that it tries.
+/// The name counts once the network has accepted us. Before that, a radio already names the network
+/// that it tries.
 bool isJoined(uint state)
 {
     return state >= NetworkManagerStates::deviceGetsAddress &&

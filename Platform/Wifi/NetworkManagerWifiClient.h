@@ -14,18 +14,18 @@ namespace quorvel {
 class NetworkManagerBus;
 class NetworkManagerModel;
 
-/// The wireless interface as NetworkManager manages it, which most desktops rely on. Starts reading
-/// at once; until the service has answered, and on a machine without it, there is no interface. A
-/// join that is open when the client is destroyed is taken down.
+/// The wireless interface through NetworkManager, which most desktops use. It starts reading at
+/// once. Until the service has answered, and on a machine without it, there is no interface. When
+/// the client is destroyed, it ends an open join.
 class NetworkManagerWifiClient final : public WifiClient
 {
 public:
-    /// The bus is the system's, or a closed connection where there is none.
+    /// The system bus, or a closed connection if there is none.
     explicit NetworkManagerWifiClient(const QDBusConnection &bus, const WifiLimits &limits = {});
     ~NetworkManagerWifiClient() override;
 
-    /// Calls back once the service has described the radio, or failed to: at once where it has
-    /// before. Until then there is no interface.
+    /// Calls back when the service has described the radio or failed; at once if it already has.
+    /// Until then there is no interface.
     void whenRead(QObject *context, std::function<void()> action);
 
     [[nodiscard]] bool hasInterface() const override;
@@ -44,7 +44,7 @@ private:
     WifiLimits m_limits;
     std::unique_ptr<NetworkManagerBus> m_bus;
     std::unique_ptr<NetworkManagerModel> m_model;
-    /// Lifetime: the calls that are open are its children, and end before what they refer to.
+    /// Lifetime: open calls are its children and end before the objects that they use.
     std::unique_ptr<QObject> m_calls;
 };
 

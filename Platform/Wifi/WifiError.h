@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// Why the radio did not do what it was asked for.
+/// Why the radio did not do what it was asked to do.
 class WifiError final : public LocalizedError
 {
 public:
@@ -23,7 +23,8 @@ public:
         Failed
     };
 
-    /// The reason is the system's own, for what has no sentence of ours: `Failed` quotes it.
+    /// `reason` is the system's own text, for failures without a sentence of ours: `Failed` quotes
+    /// it.
     explicit WifiError(Code code, QString reason = {});
 
     [[nodiscard]] Code code() const { return m_code; }

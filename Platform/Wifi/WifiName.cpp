@@ -8,7 +8,7 @@ namespace {
 
 QString textOf(const QByteArray &bytes)
 {
-    // A mark of the byte order is kept: it is one of the bytes by which names differ.
+    // A byte order mark is kept: names may differ in it.
     QStringDecoder utf8(QStringDecoder::Utf8,
                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QString text = utf8(bytes);

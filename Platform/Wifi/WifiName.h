@@ -7,15 +7,15 @@
 
 namespace quorvel {
 
-/// A network's name: what its access points broadcast, up to 32 bytes of any kind, and how people
-/// read it. Networks are told apart by the bytes and asked for by the text.
+/// A network's name: the broadcast bytes, up to 32 of any value, and the text that people read.
+/// Bytes identify a network; the text is used to ask for it.
 struct WifiName
 {
     QByteArray bytes;
-    /// The bytes as UTF-8 or, where they are not, as Latin-1.
+    /// The bytes as UTF-8, or as Latin-1 if they are not UTF-8.
     QString text;
 
-    /// Nothing for the name of a network that hides it: no bytes, or only zeros.
+    /// Nothing for a hidden name: no bytes, or only zeros.
     [[nodiscard]] static std::optional<WifiName> fromBytes(const QByteArray &bytes);
 
     friend bool operator==(const WifiName &, const WifiName &) = default;

@@ -10,8 +10,8 @@
 
 namespace quorvel {
 
-/// Ends a synchronous call of GLib's that takes too long: what is called may have stopped and never
-/// answer. A thread of its own watches the time, because the calling one is waiting.
+/// Ends a synchronous GLib call that takes too long, since the other side may hang and never
+/// answer. A separate thread watches the time while the calling thread waits.
 class CallDeadline final
 {
 public:
@@ -20,13 +20,13 @@ public:
     CallDeadline &operator=(const CallDeadline &) = delete;
     ~CallDeadline();
 
-    /// To be given to each call that has to be over by then.
+    /// Pass it to every call that must end before the deadline.
     [[nodiscard]] GCancellable *cancellable() const { return m_cancellable.get(); }
 
 private:
     GLibObject<GCancellable> m_cancellable;
     QSemaphore m_over;
-    // Order: started last, because it uses the other two.
+    // Order: starts last, because it uses the other two.
     std::thread m_watchdog;
 };
 

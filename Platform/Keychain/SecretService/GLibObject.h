@@ -10,7 +10,7 @@ struct GLibObjectUnref
     void operator()(gpointer object) const noexcept { g_object_unref(object); }
 };
 
-/// The one reference that we hold to an object of GLib's.
+/// Holds one reference to a GLib object.
 template <class Type>
 using GLibObject = std::unique_ptr<Type, GLibObjectUnref>;
 

@@ -14,8 +14,8 @@ bool isHeldAsIs(const QString &text)
 
 } // namespace
 
-// Accessibility and synchronisation have no counterpart: the service keeps every item in a file of
-// this machine, readable from the moment its collection is unlocked, also behind a locked screen.
+// Accessibility and synchronisation have no counterpart: the service keeps every item in a file on
+// this machine, readable while its collection is unlocked, even behind a locked screen.
 const SecretSchema &schema()
 {
     static const SecretSchema schema = [] {

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// An item of the keychain as the Secret Service describes it.
+/// An item of the keychain in the Secret Service's terms.
 namespace quorvel::SecretAttributes {
 
 struct Unref
@@ -15,16 +15,16 @@ struct Unref
 };
 using Table = std::unique_ptr<GHashTable, Unref>;
 
-/// Attributes of the items that are ours.
+/// The attributes of our items.
 [[nodiscard]] const SecretSchema &schema();
 
-/// Whether the service can tell this identity from every other: its texts are UTF-8 that ends at
-/// the first NUL.
+/// Whether the service can tell this identity from every other. Its texts are UTF-8 and end at the
+/// first NUL.
 [[nodiscard]] bool canHold(const KeychainIdentity &identity);
 
 [[nodiscard]] Table of(const KeychainIdentity &identity);
 
-/// What a person reads in the desktop's own list of passwords.
+/// The item's label in the desktop's own list of passwords.
 [[nodiscard]] QByteArray label(const KeychainIdentity &identity);
 
 } // namespace quorvel::SecretAttributes

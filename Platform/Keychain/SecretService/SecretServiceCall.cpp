@@ -13,7 +13,7 @@ struct SecretValueUnref
 {
     void operator()(SecretValue *value) const noexcept { secret_value_unref(value); }
 };
-/// A copy in memory of libsecret's that is not swapped out, and wiped in the end.
+/// A copy in libsecret's memory, which is not swapped out and is wiped in the end.
 using Value = std::unique_ptr<SecretValue, SecretValueUnref>;
 
 Value valueOf(const QByteArray &bytes)
@@ -30,7 +30,7 @@ QByteArrayList taken(gchar **texts)
     return list;
 }
 
-/// Not done, and yet no error: someone dismissed a question that the service had asked.
+/// Not done, but not an error either: somebody dismissed a prompt of the service.
 void checkDone(bool done, const SecretServiceErrorSlot &error)
 {
     error.check();
@@ -65,7 +65,7 @@ GLibObject<SecretCollection> SecretServiceCall::defaultCollection() const
     GLibObject<SecretCollection> collection(
         secret_collection_for_alias_sync(m_service, SECRET_COLLECTION_DEFAULT,
                                          SECRET_COLLECTION_NONE, m_deadline.cancellable(), error));
-    // The alias may name a collection that was deleted.
+    // The alias may name a deleted collection.
     if (error.status() != KeychainStatus::itemNotFound)
         error.check();
     return collection;

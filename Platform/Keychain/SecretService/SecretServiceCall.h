@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-/// Items of one identity, by their paths on the bus. There is more than one only where another
-/// program made it.
+/// Items of one identity, by their bus paths. There is more than one only if another program made
+/// it.
 struct FoundItems
 {
     QByteArrayList unlocked;
@@ -18,15 +18,16 @@ struct FoundItems
     [[nodiscard]] bool isEmpty() const { return unlocked.isEmpty() && locked.isEmpty(); }
 };
 
-/// What the keychain asks of the Secret Service for one operation, all of it before one deadline.
-/// Nothing here unlocks, so nothing raises a prompt. Every operation throws SecretServiceFailure.
+/// The keychain's requests to the Secret Service for one operation, all before one deadline.
+/// Nothing here unlocks a collection, so no prompt appears. Every operation throws
+/// SecretServiceFailure.
 class SecretServiceCall final
 {
 public:
     explicit SecretServiceCall(SecretServiceConnection &connection);
 
     [[nodiscard]] FoundItems items(const KeychainIdentity &identity) const;
-    /// Where new items go; null where the user has no such place.
+    /// The collection for new items; null if the user has none.
     [[nodiscard]] GLibObject<SecretCollection> defaultCollection() const;
 
     void create(SecretCollection &collection, const KeychainItem &item) const;

@@ -12,7 +12,7 @@ namespace {
 constexpr auto serviceName = "org.freedesktop.secrets";
 constexpr auto busName = "org.freedesktop.DBus";
 constexpr auto busPath = "/org/freedesktop/DBus";
-/// The deadline of the whole call is the shorter one.
+/// The deadline of the whole call is shorter.
 constexpr int noTimeoutOfItsOwn = -1;
 
 } // namespace
@@ -28,13 +28,13 @@ SecretService *SecretServiceConnection::service(GCancellable *cancellable)
 
 void SecretServiceConnection::connectToBus(GCancellable *cancellable)
 {
-    // Without this question the bus library would launch a bus that nobody else uses.
+    // Without this check the bus library would launch a bus that nobody else uses.
     if (!SessionBus::isProvided(QProcessEnvironment::systemEnvironment()))
         throw SecretServiceFailure{KeychainStatus::notAvailable};
     SecretServiceErrorSlot error;
     m_bus.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, error));
     error.check();
-    // A bus that goes away would otherwise end the program.
+    // Otherwise the end of the bus would end the program.
     g_dbus_connection_set_exit_on_close(m_bus.get(), FALSE);
 }
 

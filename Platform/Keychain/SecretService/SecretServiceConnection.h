@@ -7,19 +7,19 @@
 
 namespace quorvel {
 
-/// The way to the Secret Service, with the encrypted session that secrets travel in. Kept from call
-/// to call, because opening one costs more than the call itself.
+/// The connection to the Secret Service, with the encrypted session that carries secrets. It is
+/// kept between calls, because opening one costs more than a call.
 class SecretServiceConnection final
 {
 public:
-    /// The service that runs now; a session of an earlier one is of no use to it. Throws
+    /// The running service. A session of an earlier service is useless with it. Throws
     /// SecretServiceFailure.
     [[nodiscard]] SecretService *service(GCancellable *cancellable);
 
 private:
     void connectToBus(GCancellable *cancellable);
     void openSession(GCancellable *cancellable);
-    /// The process behind the service's name; empty where there is none.
+    /// The process behind the service's name; empty if there is none.
     [[nodiscard]] QByteArray owner(GCancellable *cancellable) const;
 
     GLibObject<GDBusConnection> m_bus;

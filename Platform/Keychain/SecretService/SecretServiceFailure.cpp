@@ -11,7 +11,7 @@ bool saysLocked(const GError &error)
     return g_error_matches(&error, SECRET_ERROR, SECRET_ERROR_IS_LOCKED);
 }
 
-/// An item can go between the search that found it and the call that is about it.
+/// An item can disappear between the search and the call that uses it.
 bool saysGone(const GError &error)
 {
     return g_error_matches(&error, SECRET_ERROR, SECRET_ERROR_NO_SUCH_OBJECT) ||
@@ -27,7 +27,7 @@ SecretServiceFailure SecretServiceFailure::of(const GError &error)
         return {KeychainStatus::interactionNotAllowed};
     if (saysGone(error))
         return {KeychainStatus::itemNotFound};
-    // No bus, no service on it, a service that died or does not answer: to the user it is one.
+    // No bus, no service, a dead service or a silent one: for the user these are the same.
     return {KeychainStatus::notAvailable};
 }
 

@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-/// How libsecret's errors end a call, in the keychain's numbers. Carries no text: what a service
-/// says about a secret goes nowhere.
+/// Translates libsecret's errors into the keychain's numbers. It carries no text: what a service
+/// says about a secret must not go anywhere.
 struct SecretServiceFailure
 {
     KeychainStatus::Code status;
@@ -15,7 +15,7 @@ struct SecretServiceFailure
     [[nodiscard]] static SecretServiceFailure of(const GError &error);
 };
 
-/// Receives the error of one of libsecret's calls.
+/// Receives the error of a libsecret call.
 class SecretServiceErrorSlot final
 {
 public:

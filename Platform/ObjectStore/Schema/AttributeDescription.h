@@ -9,21 +9,21 @@
 
 namespace quorvel {
 
-/// A column and its type as SQL writes it.
+/// A column with its SQL type.
 struct ColumnDescription
 {
     QByteArray name;
     QByteArray sqlType;
 };
 
-/// An attribute of an entity: the columns it takes and how it gets in and out of them.
+/// An attribute of an entity: its columns, and how its value is read and written.
 struct AttributeDescription
 {
     std::vector<ColumnDescription> columns;
     void (*read)(PersistentObject &object, const RowReader &row, int firstColumn) = nullptr;
     void (*write)(const PersistentObject &object, ParameterWriter &writer,
                   int firstIndex) = nullptr;
-    /// Rows are looked up by it, so it gets an index.
+    /// Rows are looked up by this attribute, so it gets an index.
     bool isLookupKey = false;
 };
 
@@ -57,7 +57,7 @@ bool isAbsent(const RowReader &row, int column)
 
 } // namespace detail
 
-/// An attribute that stands in one column under its own name.
+/// An attribute in one column of its own name.
 template <auto Member>
 [[nodiscard]] AttributeDescription attribute(const char *name, const char *constraint = "")
 {
@@ -74,7 +74,7 @@ template <auto Member>
             }};
 }
 
-/// The attribute that at most one row may hold a given value of.
+/// An attribute whose values are unique among the rows.
 template <auto Member>
 [[nodiscard]] AttributeDescription uniqueAttribute(const char *name)
 {
@@ -90,8 +90,7 @@ template <auto Member>
     return description;
 }
 
-/// An optional text that many rows have in common. Objects that are read together hold it in memory
-/// once.
+/// An optional text that many rows share. Objects that are read together share its memory.
 template <auto Member>
 [[nodiscard]] AttributeDescription repeatedAttribute(const char *name)
 {
@@ -102,7 +101,7 @@ template <auto Member>
     return description;
 }
 
-/// A composite value, in one column for each of its coding keys.
+/// A composite value, with one column per coding key.
 template <auto Member>
 [[nodiscard]] AttributeDescription compositeAttribute()
 {
@@ -118,7 +117,7 @@ template <auto Member>
                 }};
 }
 
-/// A composite value that may be absent: then all of its columns are null. A single null among them
+/// An optional composite value. If it is absent, all its columns are null. A single null among them
 /// is a missing key, as in a value that is never absent.
 template <auto Member>
 [[nodiscard]] AttributeDescription optionalCompositeAttribute()

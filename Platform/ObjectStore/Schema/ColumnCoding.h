@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// How one value of type T stands in one column.
+/// How one value of type T is stored in a column.
 template <class T>
 struct ColumnCoding;
 

@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// The name under which a composite value keeps one of its fields.
+/// The name under which a composite value stores one of its fields.
 template <class Record, class Value>
 struct CodingKey
 {
@@ -16,7 +16,7 @@ struct CodingKey
 template <class Record, class Value>
 CodingKey(const char *, Value Record::*) -> CodingKey<Record, Value>;
 
-/// A value record that lists its fields in `codingKeys()`; each stands in a column of that name.
+/// A record that lists its fields in `codingKeys()`. Each field has a column of that name.
 template <class T>
 concept Composite = requires
 {
@@ -26,7 +26,7 @@ concept Composite = requires
 template <Composite Record>
 inline constexpr int codingKeyCount = int(std::tuple_size_v<decltype(Record::codingKeys())>);
 
-/// Reads a composite from the columns beginning at `column`, in the order of its keys.
+/// Reads a composite from the columns starting at `column`, in the order of its keys.
 template <Composite Record>
 [[nodiscard]] Record decodeComposite(const RowReader &row, int column)
 {

@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// One kind of stored object: its table, and how objects and rows become each other.
+/// One kind of stored object: its table, and the mapping between objects and rows.
 struct EntityDescription
 {
     QByteArray name;
@@ -26,7 +26,7 @@ struct SchemaVersion
     friend auto operator<=>(const SchemaVersion &, const SchemaVersion &) = default;
 };
 
-/// The kinds of object that a store holds, and the version of that agreement.
+/// The kinds of object in a store, with the version of this schema.
 struct Schema
 {
     SchemaVersion version;

@@ -2,7 +2,7 @@
 
 #include "Platform/ObjectStore/PersistentObject.h"
 
-/// Reaches an entity's member from a stored object, for what describes the entity.
+/// Accesses an entity's member through a stored object, for the entity's description.
 namespace quorvel::MemberAccess {
 
 template <auto Member>

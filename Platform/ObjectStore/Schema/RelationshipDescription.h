@@ -8,10 +8,10 @@
 
 namespace quorvel {
 
-/// What becomes of an object when the one it points to is deleted.
+/// What happens to an object when its target is deleted.
 enum class DeleteRule { Nullify, Cascade };
 
-/// A to-one relationship. Its inverse, the to-many side, is the query for what points back.
+/// A to-one relationship. The inverse, to-many side is a query for the objects that point back.
 struct RelationshipDescription
 {
     QByteArray name;

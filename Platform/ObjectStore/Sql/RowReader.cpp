@@ -17,7 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int uuidBytes = 16;
-/// Beyond these a text is taken for one that does not repeat after all.
+/// Beyond these limits a text is treated as one that does not repeat.
 constexpr qsizetype maximumRepeatedTexts = 4096;
 
 [[noreturn]] void throwDecodingError(const SQLite::Column &column)
@@ -27,7 +27,7 @@ constexpr qsizetype maximumRepeatedTexts = 4096;
     throw StoreError(StoreError::Code::Decoding, u"The stored value “%1” %2."_s.arg(name, reason));
 }
 
-/// The column's own characters: good until the next row.
+/// The column's own characters, valid until the next row.
 QByteArrayView utf8(const SQLite::Column &column)
 {
     if (!column.isText())
@@ -36,8 +36,8 @@ QByteArrayView utf8(const SQLite::Column &column)
     return {bytes, column.size()};
 }
 
-/// QString's own conversion reserves a character for each byte, a third too many in Vietnamese, and
-/// drops a byte order mark in front.
+/// QString's own conversion reserves one character per byte, a third too many in Vietnamese, and
+/// drops a leading byte order mark.
 QString decoded(QByteArrayView utf8)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom |

@@ -10,8 +10,8 @@ class Statement;
 
 namespace quorvel {
 
-/// The current row of a query. Every getter throws StoreError (Decoding) when the column is null or
-/// holds another type: a stored value is never guessed.
+/// The current row of a query. Every getter throws StoreError (Decoding) if the column is null or
+/// has another type: a stored value is never guessed.
 class RowReader final
 {
 public:
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] double real(int column) const;
     [[nodiscard]] QString text(int column) const;
     [[nodiscard]] std::optional<QString> optionalText(int column) const;
-    /// The same, sharing its characters with equal ones among the rows read before.
+    /// The same, but shares the characters with equal texts of earlier rows.
     [[nodiscard]] std::optional<QString> repeatedText(int column) const;
     [[nodiscard]] QUuid uuid(int column) const;
 
@@ -34,7 +34,7 @@ private:
     mutable QHash<QByteArray, QString> m_repeatedTexts; ///< by their UTF-8
 };
 
-/// The parameters of a statement, counted from 1 as SQL does.
+/// The parameters of a statement, counted from 1 as in SQL.
 class ParameterWriter final
 {
 public:
@@ -44,7 +44,7 @@ public:
 
     void null(int index);
     void integer(int index, qint64 value);
-    /// Throws StoreError (Encoding) for NaN, which SQLite would silently keep as null.
+    /// Throws StoreError (Encoding) for NaN, which SQLite would silently store as null.
     void real(int index, double value);
     void text(int index, const QString &value);
     void uuid(int index, const QUuid &value);

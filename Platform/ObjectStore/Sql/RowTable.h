@@ -11,19 +11,19 @@ namespace quorvel {
 
 class PersistentObject;
 
-/// Finds the object of a row for the context, and keeps none alive. The rows of a table lie close
-/// together, so they stand in blocks: that takes half of a hash's memory, and reading a table in
-/// its order stays in one place.
+/// Finds the object of a row for the context, and keeps none alive. The numbers of a table's rows
+/// are close together, so they are kept in blocks. This takes half the memory of a hash, and
+/// reading a table in order stays local in memory.
 class RowTable final
 {
 public:
     using Object = std::shared_ptr<PersistentObject>;
 
-    /// Null when the row is no object at the moment.
+    /// Null if the row is not an object right now.
     [[nodiscard]] Object find(qint64 row) const;
-    /// The row must not be there yet.
+    /// The row must not be in the table yet.
     void insert(qint64 row, const Object &object);
-    /// The row must be there; its object may be dying.
+    /// The row must be in the table; its object may be in its destructor.
     void remove(qint64 row);
     [[nodiscard]] std::vector<Object> objects() const;
 

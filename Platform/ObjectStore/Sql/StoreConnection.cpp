@@ -21,21 +21,20 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Marks the file as ours for `file` and for ourselves: "Qrvl".
+/// Marks the file as ours, for the `file` command and for us: "Qrvl".
 constexpr qint32 applicationId = 0x5172'766C;
-/// How long a statement waits for another process. A commit there takes milliseconds.
+/// How long a statement waits for another process, whose commit takes milliseconds.
 constexpr int busyTimeoutMilliseconds = 2000;
 constexpr int busyRetryMilliseconds = 5;
-/// Without the lock that SQLite would take for each value read: the store is the main thread's
-/// alone.
+/// Without SQLite's lock per value read: only the main thread uses the store.
 constexpr int openFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
-/// Saving a visit touches a dozen pages of four kibibytes, and a list reads each page once.
-/// SQLite's own 2000 would stay taken for good.
+/// Saving a visit touches a dozen pages of 4 KiB, and a list reads each page once. SQLite would
+/// never give back its default of 2000 pages.
 constexpr int pageCacheKibibytes = 256;
 constexpr mode_t privateFileMode = 0600;
 constexpr int partFactor = 1000;
 
-/// The version as `PRAGMA user_version` keeps it: 1.0.0 is 1000000.
+/// The version as `PRAGMA user_version` stores it: 1.0.0 is 1000000.
 qint32 encoded(const SchemaVersion &version)
 {
     return (version.majorNumber * partFactor + version.minorNumber) * partFactor +
@@ -49,8 +48,8 @@ QString versionText(qint32 encodedVersion)
         .arg(encodedVersion % partFactor);
 }
 
-/// Makes the file before SQLite does, so that there is no moment at which others can read it; the
-/// log and index that SQLite keeps beside it take their mode from it.
+/// Creates the file before SQLite does, so that others can never read it. SQLite's log and index
+/// beside it take over its mode.
 void makePrivateFile(const QString &path)
 {
     const int file =
@@ -64,7 +63,7 @@ void makePrivateFile(const QString &path)
     ::close(file);
 }
 
-/// A store that others could read was restored or copied by hand; it is not theirs to read.
+/// A store that others can read was restored or copied by hand. It is private again from now on.
 void closeToOthers(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -101,7 +100,7 @@ StoreConnection::StoreConnection(const Schema &schema, const StoreConfiguration 
     , m_database(open(m_name, configuration))
 {
     try {
-        // Order: nothing is written to a file before it has been recognised.
+        // Order: recognise the file before writing anything to it.
         recognise(schema);
         if (configuration.path)
             closeToOthers(*configuration.path);
@@ -113,7 +112,7 @@ StoreConnection::StoreConnection(const Schema &schema, const StoreConfiguration 
         checkTables(schema);
     } catch (const SQLite::Exception &exception) {
         const StoreError error = storeErrorFor(exception);
-        // A statement that does not fit is a table or column that is missing.
+        // A statement that does not fit means a missing table or column.
         if (error.code() == StoreError::Code::Corrupt || exception.getErrorCode() == SQLITE_ERROR)
             throw damaged(m_name, exception);
         throw StoreError(error.code(), u"The store “%1” could not be opened: %2"_s.arg(
@@ -123,7 +122,7 @@ StoreConnection::StoreConnection(const Schema &schema, const StoreConfiguration 
 
 void StoreConnection::recognise(const Schema &schema)
 {
-    // One snapshot: another process may be making the store at this moment.
+    // One snapshot: another process may be creating the store right now.
     SQLite::Transaction snapshot(m_database);
     const qint32 version = pragma("user_version");
     const qint32 owner = pragma("application_id");
@@ -151,7 +150,7 @@ bool StoreConnection::isBlank()
     return count.executeStep() && count.getColumn(0).getInt() == 0;
 }
 
-/// Changing the journal takes the file for itself, and SQLite does not wait for that on its own.
+/// Changing the journal needs exclusive access, and SQLite does not wait for it by itself.
 void StoreConnection::useWriteAheadLog()
 {
     const QDeadlineTimer deadline(busyTimeoutMilliseconds);
@@ -172,7 +171,7 @@ void StoreConnection::createTables(const Schema &schema)
     if (pragma("user_version") != 0)
         return;
     SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
-    // Another process may have made them while this one waited for the lock.
+    // Another process may have created them while this one waited for the lock.
     if (pragma("user_version") != 0)
         return;
     for (const EntityDescription *entity : schema.entities)
@@ -182,7 +181,7 @@ void StoreConnection::createTables(const Schema &schema)
     transaction.commit();
 }
 
-/// A file that says it is ours but lacks a table or a column shows itself here, not at the first
+/// Detects a file that claims to be ours but lacks a table or column now, instead of at the first
 /// visit.
 void StoreConnection::checkTables(const Schema &schema)
 {

@@ -11,11 +11,9 @@
 
 namespace quorvel {
 
-/// The one SQLite connection of a container: opens and recognises the file, keeps the prepared
-/// statements.
-///
-/// The journal is a write-ahead log and every commit is synchronous, so that neither a killed
-/// process nor a power cut loses a save that returned.
+/// The one SQLite connection of a container. It opens and recognises the file, and keeps the
+/// prepared statements. The journal is a write-ahead log and every commit is synchronous, so a save
+/// that returned survives a killed process and a power cut.
 class StoreConnection final
 {
 public:
@@ -27,7 +25,7 @@ public:
     /// The prepared statement for this text, the same one each time. Use it through StatementUse.
     [[nodiscard]] SQLite::Statement &statement(const QByteArray &sql);
 
-    /// A number that is another one after every commit of another process.
+    /// A number that changes after every commit of another process.
     [[nodiscard]] qint32 externalVersion();
 
 private:
@@ -43,7 +41,7 @@ private:
     std::unordered_map<QByteArray, SQLite::Statement> m_statements;
 };
 
-/// A prepared statement in use: free for the next one however its scope ends.
+/// A prepared statement in use. The end of its scope releases it in every case.
 class StatementUse final
 {
 public:
@@ -61,7 +59,7 @@ private:
     SQLite::Statement &m_statement;
 };
 
-/// What an SQLite failure means to whoever uses the store.
+/// Translates an SQLite failure for the users of the store.
 [[nodiscard]] StoreError storeErrorFor(const SQLite::Exception &exception);
 
 } // namespace quorvel

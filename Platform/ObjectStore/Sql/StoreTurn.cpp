@@ -21,15 +21,15 @@ using namespace Qt::StringLiterals;
 constexpr int limitMilliseconds = 2000;
 constexpr int retryMilliseconds = 5;
 
-/// The folder stands for the store: a file that is opened and closed beside SQLite takes SQLite's
-/// own locks on it away.
+/// The folder is locked in place of the store: closing a second handle of the file would release
+/// SQLite's own locks on it.
 int openFolder(const QString &storePath)
 {
     const QByteArray folder = QFile::encodeName(QFileInfo(storePath).path());
     return ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }
 
-/// A file system that has no such locks lets everybody go on.
+/// A file system without such locks lets every process go on.
 bool isTaken(int folder)
 {
     return ::flock(folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR);

@@ -4,12 +4,12 @@
 
 namespace quorvel {
 
-/// One process's turn at a store, for what it decides by what it reads: others wait until it is
-/// over. It ends with its process at the latest.
+/// One process's turn at a store, for decisions based on what it reads. Other processes wait until
+/// it is over. It ends with its process at the latest.
 class StoreTurn final
 {
 public:
-    /// Waits as long as for a commit. Throws StoreError when another's turn takes longer.
+    /// Waits as long as for a commit. Throws StoreError if another turn takes longer.
     explicit StoreTurn(const QString &storePath);
     StoreTurn(const StoreTurn &) = delete;
     StoreTurn &operator=(const StoreTurn &) = delete;

@@ -23,7 +23,7 @@ constexpr uint encryptedOpenFlag = 0x800;
 
 WifiSecurity securityOf(uint flags, uint keyFlags)
 {
-    // Order: a network that takes a shared key in several ways is joined in the most common one.
+    // Order: if a network accepts a shared key in several ways, join in the most common one.
     if (keyFlags & sharedKeyFlag)
         return WifiSecurity::Password;
     if (keyFlags & sharedKeyOfThirdKindFlag)
@@ -60,13 +60,13 @@ QList<AccessPoint> AccessPoint::heardBy(const QString &radio, const NetworkManag
 
 qint64 AccessPoint::scannedDBm() const
 {
-    // It maps -100 to -40 dBm onto 0 to 100 %.
+    // NetworkManager maps -100 to -40 dBm onto 0 to 100 %.
     return std::lround(0.6 * strengthPercent - 100);
 }
 
 qint64 AccessPoint::currentDBm() const
 {
-    // It maps -90 to -20 dBm onto 30 to 100 %.
+    // NetworkManager maps -90 to -20 dBm onto 30 to 100 %.
     return strengthPercent - 120;
 }
 

@@ -9,10 +9,10 @@ namespace quorvel {
 
 class NetworkManagerModel;
 
-/// How a network wants to be joined.
+/// The protection of a network.
 enum class WifiSecurity { Open, EncryptedOpen, Password, StrongPassword, Enterprise, Outdated };
 
-/// One access point as the network service describes it.
+/// One access point as NetworkManager describes it.
 struct AccessPoint
 {
     QString path;
@@ -21,13 +21,14 @@ struct AccessPoint
     WifiSecurity security = WifiSecurity::Open;
 
     [[nodiscard]] static AccessPoint fromValues(const QString &path, const QVariantMap &values);
-    /// All that a radio hears, those it has just lost left out.
+    /// All access points that a radio hears, without those it has just lost.
     [[nodiscard]] static QList<AccessPoint> heardBy(const QString &radio,
                                                     const NetworkManagerModel &model);
 
-    /// The service makes its percentage in two ways. This undoes the one for what a scan heard.
+    /// NetworkManager makes its percentage in two ways. This is the strength in dBm of a scanned
+    /// access point.
     [[nodiscard]] qint64 scannedDBm() const;
-    /// And this the one for the network that the radio is joined to.
+    /// The strength in dBm of the network that the radio is on.
     [[nodiscard]] qint64 currentDBm() const;
 };
 

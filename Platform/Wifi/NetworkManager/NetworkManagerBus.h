@@ -17,7 +17,7 @@ namespace quorvel {
 using NetworkManagerGroups = QMap<QString, QVariantMap>;
 using NetworkManagerObjects = QMap<QDBusObjectPath, NetworkManagerGroups>;
 
-/// The names under which the service shows itself on the bus.
+/// NetworkManager's names on the bus.
 namespace NetworkManagerNames {
 
 inline const QString service = QStringLiteral("org.freedesktop.NetworkManager");
@@ -35,13 +35,13 @@ inline const QString profile = QStringLiteral("org.freedesktop.NetworkManager.Se
 inline const QString objectManager = QStringLiteral("org.freedesktop.DBus.ObjectManager");
 inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
-// Of a profile's settings.
+// The groups of a profile's settings.
 inline const QString wirelessSetting = QStringLiteral("802-11-wireless");
 inline const QString securitySetting = QStringLiteral("802-11-wireless-security");
 
 } // namespace NetworkManagerNames
 
-/// One call to the service.
+/// One call to NetworkManager.
 struct NetworkManagerCall
 {
     QString path;
@@ -50,7 +50,7 @@ struct NetworkManagerCall
     QVariantList arguments = {};
 };
 
-/// The way to the network service for all who ask it something. Never blocks, never starts it.
+/// Calls NetworkManager, for all classes that use it. Never blocks, never starts the service.
 class NetworkManagerBus final
 {
 public:
@@ -65,7 +65,7 @@ public:
     /// For calls whose reply nobody needs.
     void send(const NetworkManagerCall &call) const;
 
-    /// What an error means to us.
+    /// Translates a bus error into ours.
     [[nodiscard]] static WifiError errorOf(const QDBusMessage &reply);
 
 private:

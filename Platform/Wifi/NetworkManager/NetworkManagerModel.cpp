@@ -38,7 +38,7 @@ NetworkManagerModel::NetworkManagerModel(NetworkManagerBus bus, Limits limits, Q
             [this](const QString &, const QString &oldOwner, const QString &newOwner) {
                 ownerChanged(oldOwner, newOwner);
             });
-    // Order: listen first, so that no change falls between the answer and the listening.
+    // Order: subscribe first, so that no change is missed between the answer and the subscription.
     if (m_bus.connection().isConnected())
         follow();
     read();
@@ -120,8 +120,8 @@ void NetworkManagerModel::stateChanged(const QDBusMessage &message)
 
 void NetworkManagerModel::follow()
 {
-    // Any sender may call, since only the service itself is believed: to name it here would cost a
-    // blocking look-up of its owner.
+    // Any sender may trigger this, but only NetworkManager itself is believed. Naming the sender
+    // here would cost a blocking look-up of its owner.
     QDBusConnection bus = m_bus.connection();
     for (const QString &interface : followedInterfaces)
         bus.connect(QString(), QString(), Names::properties, u"PropertiesChanged"_s, {interface},
@@ -160,7 +160,7 @@ void NetworkManagerModel::take(const QDBusMessage &reply)
             hear(early.message, early.change);
     } else {
         m_readError = NetworkManagerBus::errorOf(reply);
-        // Where the service is not there, its coming will be heard.
+        // If the service is absent, we will notice its start.
         if (m_readError.code() != WifiError::Code::ServiceGone)
             m_retry.start();
     }

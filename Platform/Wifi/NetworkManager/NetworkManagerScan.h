@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-/// One scan: has the radio listen anew, waits until it has, and lists what it heard. Where it is
-/// told to wait for too long, what was heard last counts. Destroys itself at its end.
+/// One scan: makes the radio scan, waits for the end, and lists what it heard. After its time limit
+/// it uses the latest known list. Destroys itself at the end.
 class NetworkManagerScan final : public QObject
 {
 public:
@@ -31,7 +31,7 @@ private:
     Completed m_completion;
     QTimer m_limit;
     QString m_radio;
-    /// When the radio had last listened before this scan, on the service's own clock.
+    /// The time of the last scan before this one, on NetworkManager's clock.
     QVariant m_before;
     bool m_isAccepted = false;
 };

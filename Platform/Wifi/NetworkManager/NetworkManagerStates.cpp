@@ -4,7 +4,7 @@ namespace quorvel::NetworkManagerStates {
 
 namespace {
 
-/// Of a device that failed.
+/// Reasons of a failed device.
 enum DeviceReason : uint {
     ConfigurationUnavailable = 5,
     ConfigurationExpired = 6,
@@ -19,7 +19,7 @@ enum DeviceReason : uint {
     NameNotFound = 53
 };
 
-/// Of a connection that ended.
+/// Reasons of an ended connection.
 enum ActiveReason : uint {
     AddressInvalid = 5,
     ConnectTimedOut = 6,
@@ -68,7 +68,7 @@ WifiError failureOfReason(uint reason, Secured secured)
 
 std::optional<WifiError> failureOfDevice(uint state, uint reason, Secured secured)
 {
-    // The password was given with the connection: a radio that asks for it again was refused.
+    // The password came with the connection, so a radio that asks for it again was refused.
     if (state == deviceNeedsAuthentication)
         return WifiError(WifiError::Code::WrongPassword);
     if (state == deviceFailed)

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// What the numbers mean by which the service tells how a connection comes up.
+/// The numbers by which NetworkManager reports how a connection comes up.
 namespace quorvel::NetworkManagerStates {
 
 inline constexpr uint deviceDisconnected = 30;
@@ -16,13 +16,13 @@ inline constexpr uint deviceFailed = 120;
 inline constexpr uint activeActivated = 2;
 inline constexpr uint activeDeactivated = 4;
 
-/// Whether the network was given a password that it can have refused.
+/// Whether the network received a password that it may have refused.
 enum class Secured : bool { No, Yes };
 
-/// The failure that a radio on its way to our network has just told of; nothing while it goes on.
+/// The failure that our radio has just reported; nothing while it goes on.
 [[nodiscard]] std::optional<WifiError> failureOfDevice(uint state, uint reason, Secured secured);
 
-/// The failure that the end of our connection tells of, where the radio itself said nothing.
+/// The failure that the end of our connection reports, if the radio reported none.
 [[nodiscard]] WifiError failureOfActive(uint reason, Secured secured);
 
 } // namespace quorvel::NetworkManagerStates

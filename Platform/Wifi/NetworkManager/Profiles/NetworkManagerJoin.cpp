@@ -15,7 +15,7 @@ namespace {
 
 using Code = WifiError::Code;
 
-/// What keeps a password from being enough for this kind of network; nothing where it is.
+/// Why a password is not enough for this kind of network; nothing if it is.
 std::optional<WifiError> refusal(WifiSecurity security)
 {
     if (security == WifiSecurity::Enterprise)
@@ -36,7 +36,8 @@ QVariantMap securitySettings(WifiSecurity security, const QString &password)
     return {};
 }
 
-/// Without a title: the service makes one that is unique and, unlike the name, always text.
+/// Without a title: NetworkManager makes a unique one, which is always text, unlike the network's
+/// name.
 NetworkManagerGroups settingsFor(const NetworkManagerJoin::Request &request, WifiSecurity security)
 {
     NetworkManagerGroups settings{
@@ -50,8 +51,8 @@ NetworkManagerGroups settingsFor(const NetworkManagerJoin::Request &request, Wif
     return settings;
 }
 
-/// What the refusal of a call means that carried a password. The service's words are not repeated:
-/// they may quote what it was given.
+/// The meaning of a refused call that carried a password. The service's text is not repeated, since
+/// it may quote its input.
 WifiError errorOfActivation(const QDBusMessage &reply)
 {
     if (reply.errorName().endsWith(".InvalidProperty"_L1) &&
@@ -133,13 +134,13 @@ void NetworkManagerJoin::activated(const QDBusMessage &reply)
     m_profile = reply.arguments().value(0).value<QDBusObjectPath>().path();
     m_active = reply.arguments().value(1).value<QDBusObjectPath>().path();
     if (!m_completion) {
-        // The permission came after we had given up on it.
+        // The permission came after we had given up.
         takeDown();
         deleteLater();
         return;
     }
     m_limit.start(m_limits.join);
-    // It may have got there, or have come to nothing, before we knew its path.
+    // It may have succeeded or failed before we knew its path.
     if (m_model.contains(m_active))
         connectionChanged(m_model.value(m_active, Names::active, u"State"_s).toUInt());
     else
@@ -190,7 +191,7 @@ void NetworkManagerJoin::connectionEnded(uint reason)
 {
     if (std::exchange(m_hasEnded, true))
         return;
-    // The radio knows better than its connection why it failed, and may say so a little later.
+    // The radio knows the reason better than its connection, and may report it slightly later.
     m_expiry = failureOfActive(reason, m_secured);
     m_limit.start(m_limits.lastWord);
 }
@@ -218,7 +219,7 @@ void NetworkManagerJoin::takeDown()
 
 void NetworkManagerJoin::fail(const WifiError &error)
 {
-    // At once: where the password was refused, the desktop may have opened a dialog to ask for it.
+    // At once: after a refused password the desktop may have opened a dialog to ask for it.
     takeDown();
     end(Outcome<std::monostate>::failure(error));
 }
@@ -227,7 +228,8 @@ void NetworkManagerJoin::end(Outcome<std::monostate> outcome)
 {
     m_limit.stop();
     disconnect(&m_model, nullptr, this, nullptr);
-    // Lifetime: it stays while a permission may still arrive, to take down what that starts.
+    // Lifetime: it stays while a permission may still arrive, to end the connection that this
+    // starts.
     if (!m_isAwaitingPermission)
         deleteLater();
     if (const auto completion = std::exchange(m_completion, {}))

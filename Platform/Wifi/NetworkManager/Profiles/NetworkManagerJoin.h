@@ -8,9 +8,9 @@
 
 namespace quorvel {
 
-/// One attempt to join a network. The profile that it makes vanishes with its connection, so that a
-/// failure leaves nothing behind even if the program is gone by then; one that worked is kept.
-/// Destroys itself at its end, and takes its connection down if it is destroyed before.
+/// One attempt to join a network. Its profile disappears with its connection, so a failure leaves
+/// nothing behind even if the program is gone by then. A successful profile is kept. Destroys
+/// itself at the end; if it is destroyed earlier, it ends its connection.
 class NetworkManagerJoin final : public QObject
 {
 public:
@@ -20,7 +20,7 @@ public:
     {
         WifiName name;
         QString password;
-        /// Who the profile is for: nobody but its owner may need to agree to it.
+        /// The owner of the profile. Nobody else has to agree to it.
         QString user;
     };
 
@@ -50,7 +50,7 @@ private:
     NetworkManagerStates::Secured m_secured = NetworkManagerStates::Secured::No;
     QString m_radio;
     QString m_profile;
-    /// Our connection, as long as it is up or on its way.
+    /// Our connection, while it is up or coming up.
     QString m_active;
     bool m_isAwaitingPermission = false;
     bool m_hasEnded = false;

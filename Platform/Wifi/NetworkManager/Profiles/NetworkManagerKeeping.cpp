@@ -15,7 +15,7 @@ namespace {
 
 const QString enterpriseSetting = u"802-1x"_s;
 
-/// Written to the disk, and without a connection that uses the profile being made anew.
+/// Writes to the disk without restarting the connection that uses the profile.
 constexpr uint updateFlags = 0x1 | 0x40;
 
 } // namespace
@@ -60,7 +60,7 @@ void NetworkManagerKeeping::updateIfPermitted(const NetworkManagerProfile &profi
                                (profile.isOnlyOf(m_user) ? u"own"_s : u"system"_s);
     const auto decide = [this, profile, permission](const QDBusMessage &reply) {
         const auto permissions = qdbus_cast<QMap<QString, QString>>(reply.arguments().value(0));
-        // To be asked for an administrator's password after the fact would surprise the user.
+        // A request for an administrator's password after the join would surprise the user.
         if (!BusCall::isError(reply) && permissions.value(permission) == u"yes"_s)
             update(profile);
         else
@@ -88,7 +88,7 @@ void NetworkManagerKeeping::update(const NetworkManagerProfile &profile)
                m_limit, finish);
 }
 
-/// The profile as it was, with what the connection has proved.
+/// The old profile with the settings that the connection has proved.
 NetworkManagerGroups NetworkManagerKeeping::brought(NetworkManagerProfile profile) const
 {
     if (!profile.takesPassword())

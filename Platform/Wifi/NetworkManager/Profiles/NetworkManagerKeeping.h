@@ -5,9 +5,9 @@
 
 namespace quorvel {
 
-/// Has the service remember a connection that was made for now only, once it has proved right. The
-/// user's own profile of the network is brought up to date where the user may change it unasked;
-/// else the new one is kept beside it. Destroys itself at its end.
+/// Makes NetworkManager remember a temporary connection that has worked. If the user may change
+/// their own profile of the network without being asked, that one is updated; otherwise the new one
+/// is kept beside it. Destroys itself at the end.
 class NetworkManagerKeeping final : public QObject
 {
 public:
@@ -17,7 +17,7 @@ public:
         NetworkManagerGroups settings;
     };
 
-    /// Calls back when it is done, whether or not the service agreed: the connection stands.
+    /// Calls back when it is done, even if the service refused: the connection works anyway.
     NetworkManagerKeeping(NetworkManagerBus bus, const WifiLimits &limits, QString user,
                           Connection connection, std::function<void()> done, QObject *parent);
 

@@ -72,7 +72,7 @@ void NetworkManagerProfiles::listed(const QDBusMessage &reply)
 
 void NetworkManagerProfiles::described(const QString &path, const QDBusMessage &reply)
 {
-    // Silent: a profile that is gone by now, or another user's own, is none for us.
+    // Silent: a profile that is gone, or that belongs to another user, does not count.
     if (!BusCall::isError(reply))
         m_profiles.append(
             {.path = path,

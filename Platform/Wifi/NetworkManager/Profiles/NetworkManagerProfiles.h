@@ -9,29 +9,29 @@
 
 namespace quorvel {
 
-/// A connection that the network service remembers.
+/// A connection that NetworkManager remembers.
 struct NetworkManagerProfile
 {
     QString path;
-    /// Without the secrets, which have to be asked for one by one.
+    /// Without the secrets, which need a separate call each.
     NetworkManagerGroups settings;
 
     [[nodiscard]] QByteArray ssid() const;
-    /// When it last was in use, 0 when never.
+    /// The time of its last use; 0 for never.
     [[nodiscard]] qulonglong timestamp() const;
-    /// Whether it joins a network by a password that everybody there shares.
+    /// Whether it joins a network with a password that all its users share.
     [[nodiscard]] bool takesPassword() const;
-    /// Whether it joins networks, where others let a network be joined.
+    /// Whether this profile joins a network, as opposed to opening a hotspot.
     [[nodiscard]] bool isForJoining() const;
-    /// Whether it is one user's alone, so that they may change it without being asked.
+    /// Whether it belongs to one user alone, who may then change it without being asked.
     [[nodiscard]] bool isOnlyOf(const QString &user) const;
 };
 
-/// Reads all profiles once, for whoever looks one up by its network. Destroys itself at its end.
+/// Reads all profiles once, for look-ups by network. Destroys itself at the end.
 class NetworkManagerProfiles final : public QObject
 {
 public:
-    /// Hears the profiles, those last used first, or why there are none.
+    /// Receives the profiles, last used first, or the reason of the failure.
     using Found = std::function<void(Outcome<QList<NetworkManagerProfile>>)>;
 
     NetworkManagerProfiles(NetworkManagerBus bus, std::chrono::milliseconds limit, Found found,

@@ -13,7 +13,7 @@ namespace Names = NetworkManagerNames;
 
 namespace {
 
-/// Errors by which the service says that nothing is stored.
+/// The errors by which NetworkManager reports that nothing is stored.
 bool meansNone(const QDBusMessage &error)
 {
     return error.errorName().endsWith(".SettingNotFound"_L1) ||

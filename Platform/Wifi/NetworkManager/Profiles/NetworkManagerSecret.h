@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// One look-up of the password stored for a network, in the profile last used of those that carry
-/// one. Destroys itself at its end.
+/// Looks up the stored password of a network, in the last used profile that has one. Destroys
+/// itself at the end.
 class NetworkManagerSecret final : public QObject
 {
 public:
