@@ -10,7 +10,7 @@ namespace quorvel {
 
 class CheckIn;
 
-/// A place that the user has checked in at. Made at the first visit, reused for every later one.
+/// A café that the user has checked in at. The first visit creates it, later visits reuse it.
 class Cafe final : public PersistentObject
 {
 public:
@@ -35,11 +35,11 @@ public:
     [[nodiscard]] double longitude() const { return m_longitude; }
     void setLongitude(double longitude) { write(m_longitude, longitude); }
 
-    /// The network that the user was last on here.
+    /// The network that the user was on at the last visit.
     [[nodiscard]] const std::optional<QString> &lastKnownSSID() const { return m_lastKnownSSID; }
     void setLastKnownSSID(const std::optional<QString> &ssid) { write(m_lastKnownSSID, ssid); }
 
-    /// The places provider's stable identifier. A café without one is never found again.
+    /// The map's stable identifier. A café without one is never found again.
     [[nodiscard]] const std::optional<QString> &mapItemIdentifier() const
     {
         return m_mapItemIdentifier;
@@ -49,9 +49,9 @@ public:
         write(m_mapItemIdentifier, identifier);
     }
 
-    /// The visits here that are inserted or stored, in the order in which they were saved. They are
-    /// deleted with the café. Throws StoreError.
-    // Deliberate: asked of the store each time. It is written from the other side, `setCafe`.
+    /// The café's visits, inserted or stored, in the order of their saving. Deleting the café
+    /// deletes them. Throws StoreError.
+    // Deliberate: each call asks the store. `CheckIn::setCafe` writes the relationship.
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> checkIns() const;
 
     struct Keys;
@@ -65,7 +65,7 @@ private:
     std::optional<QString> m_mapItemIdentifier;
 };
 
-/// How fetches name the attributes of `Cafe`.
+/// The names of `Cafe`'s attributes, for fetches.
 struct Cafe::Keys
 {
     static constexpr AttributeKey id{"id", &Cafe::id};

@@ -25,26 +25,26 @@ public:
     [[nodiscard]] Instant date() const { return m_date; }
     void setDate(Instant date) { write(m_date, date); }
 
-    /// What the user typed; empty when nothing.
+    /// The user's note; may be empty.
     [[nodiscard]] const QString &note() const { return m_note; }
     void setNote(const QString &note) { write(m_note, note); }
 
-    /// The place's address line at that time.
+    /// The café's address at that time.
     [[nodiscard]] const std::optional<QString> &address() const { return m_address; }
     void setAddress(const std::optional<QString> &address) { write(m_address, address); }
 
-    /// Bare name of the visit's file in the photo folder.
+    /// File name, without a folder, of the visit's photo in the photo folder.
     [[nodiscard]] const std::optional<QString> &photoFilename() const { return m_photoFilename; }
     void setPhotoFilename(const std::optional<QString> &name) { write(m_photoFilename, name); }
 
     [[nodiscard]] const WorkRatings &ratings() const { return m_ratings; }
     void setRatings(const WorkRatings &ratings) { write(m_ratings, ratings); }
 
-    /// Absent when it could not be fetched.
+    /// Absent if it could not be fetched.
     [[nodiscard]] const std::optional<WeatherSnapshot> &weather() const { return m_weather; }
     void setWeather(const std::optional<WeatherSnapshot> &weather) { write(m_weather, weather); }
 
-    /// Stays when the visit is deleted; its own deletion takes the visit along.
+    /// Deleting the visit keeps the café. Deleting the café deletes the visit.
     [[nodiscard]] const std::shared_ptr<Cafe> &cafe() const { return m_cafe; }
     void setCafe(const std::shared_ptr<Cafe> &cafe) { write(m_cafe, cafe); }
 
@@ -62,7 +62,7 @@ private:
     std::shared_ptr<Cafe> m_cafe;
 };
 
-/// How fetches name the attributes of `CheckIn`.
+/// The names of `CheckIn`'s attributes, for fetches.
 struct CheckIn::Keys
 {
     static constexpr AttributeKey id{"id", &CheckIn::id};

@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// A nearby place that a search offers; never stored.
+/// A nearby place from a search. It is never stored.
 struct PlaceCandidate
 {
     QString id = {}; ///< its identity within one search result
@@ -18,7 +18,7 @@ struct PlaceCandidate
     double distanceMeters = 0; ///< from the user's location at search time
     QString category = {};
     std::optional<QString> address = {};
-    /// The provider's stable identifier, by which the place's `Cafe` is found again.
+    /// The map's stable identifier. It finds the place's `Cafe` again.
     std::optional<QString> mapItemIdentifier = {};
 
     [[nodiscard]] Coordinate coordinate() const { return {latitude, longitude}; }

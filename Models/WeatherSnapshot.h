@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// The weather when a visit was recorded, as the forecast service told it.
+/// The weather at the time of a visit, as the forecast service reported it.
 struct WeatherSnapshot
 {
     double temperatureC = 0;

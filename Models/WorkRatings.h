@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// The user's scores for a visit. The rating control keeps each between 1 and 5; the record itself
-/// takes any number.
+/// The user's scores for a visit. The rating control limits each to 1 to 5; the record accepts any
+/// number.
 struct WorkRatings
 {
     qint64 wifiSpeed = 0;

@@ -9,8 +9,8 @@ CoreLocationService::CoreLocationService(std::unique_ptr<LocationManager> manage
 {
     connect(m_manager.get(), &LocationManager::authorizationChanged, this,
             &CoreLocationService::didChangeAuthorization);
-    // Queued: a callback touches the waiters in a turn of its own, and not at all once the service
-    // is gone.
+    // Queued: the callback runs in its own turn of the event loop, and never after the service is
+    // destroyed.
     connect(m_manager.get(), &LocationManager::locationsUpdated, this,
             &CoreLocationService::didUpdateLocations, Qt::QueuedConnection);
     connect(m_manager.get(), &LocationManager::failed, this, &CoreLocationService::didFail,
@@ -23,7 +23,7 @@ Task<AuthorizationStatus> CoreLocationService::requestAuthorization()
     const auto status = m_manager->authorizationStatus();
     if (status != AuthorizationStatus::NotDetermined)
         co_return status;
-    // Order: the waiter is there before the manager can answer.
+    // Order: the waiter must exist before the manager can answer.
     auto decision = m_authorizationWaiter.wait();
     m_manager->requestWhenInUseAuthorization();
     const auto decided = co_await decision;
@@ -32,8 +32,8 @@ Task<AuthorizationStatus> CoreLocationService::requestAuthorization()
 
 Task<Location> CoreLocationService::currentLocation()
 {
-    // Deliberate: authorized while in use is returned by requestAuthorization as it is, but does
-    // not let a position through.
+    // Deliberate: requestAuthorization returns "authorized while in use" unchanged, but that status
+    // does not allow a position.
     if (m_manager->authorizationStatus() != AuthorizationStatus::AuthorizedAlways)
         throw AppError::locationDenied();
     auto answer = m_locationWaiter.wait();
@@ -44,8 +44,7 @@ Task<Location> CoreLocationService::currentLocation()
 
 void CoreLocationService::didChangeAuthorization()
 {
-    // The status is the one at the time of the callback; the manager may have forgotten a refusal
-    // by the next turn.
+    // Keep the status of the callback: by the next turn the manager may have forgotten a refusal.
     const auto status = m_manager->authorizationStatus();
     if (status == AuthorizationStatus::NotDetermined)
         return;

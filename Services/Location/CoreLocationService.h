@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// Turns the location manager's callbacks into the service's two operations. Each has room for one
-/// waiter: callers do not overlap their requests, and one that is replaced never returns.
+/// Turns the location manager's callbacks into the service's two operations. Each operation has one
+/// waiter: callers must not overlap their requests. A call whose waiter is replaced never returns.
 class CoreLocationService final : public QObject, public LocationService
 {
     Q_OBJECT

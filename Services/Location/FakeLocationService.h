@@ -10,8 +10,8 @@
 
 namespace quorvel {
 
-/// A location service that answers from a test's script, an entry a call. An entry that is empty
-/// holds its call open until the test finishes the waiter.
+/// A location service that answers from a test's script, one entry per call. An empty entry holds
+/// the call open until the test finishes the waiter.
 class FakeLocationService final : public LocationService
 {
 public:

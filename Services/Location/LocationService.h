@@ -5,19 +5,19 @@
 
 namespace quorvel {
 
-/// Where the user is, for the main loop and the diagnostics: asked once, answered once. Everything
-/// happens on the main thread.
+/// Finds the user's position, for the main loop and the diagnostics. One request gets one answer.
+/// Main thread only.
 class LocationService
 {
 public:
     virtual ~LocationService() = default;
 
-    /// The status when it is determined already, else what the user decides. A refusal is a status,
-    /// never an error.
+    /// Returns the status if it is already determined, else the user's decision. A refusal is a
+    /// status, never an error.
     [[nodiscard]] virtual Task<AuthorizationStatus> requestAuthorization() = 0;
 
-    /// One position. Throws AppError: `locationDenied` at once while the status is anything but
-    /// authorized always, `locationFailed` with the platform's words.
+    /// Returns one position. Throws AppError: `locationDenied` at once unless the status is
+    /// "authorized always", `locationFailed` with the platform's description.
     [[nodiscard]] virtual Task<Location> currentLocation() = 0;
 };
 

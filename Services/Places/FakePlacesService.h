@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// Cafés as a test wishes.
+/// A places service that returns the cafés a test gives it.
 class FakePlacesService final : public PlacesService
 {
 public:

@@ -18,7 +18,7 @@ QString name(const PointOfInterest &item)
     return item.name.value_or(u"Unnamed"_s);
 }
 
-/// Two items without an identifier are told apart by what a user sees of them.
+/// Identifies an item without an identifier by what a user sees of it.
 QString id(const PointOfInterest &item)
 {
     if (item.identifier)
@@ -49,7 +49,7 @@ PlaceCandidate candidate(const PointOfInterest &item, Coordinate around)
 Task<std::vector<PlaceCandidate>> MapKitPlacesService::nearbyCafes(Coordinate around,
                                                                    double radiusMeters)
 {
-    // Lifetime: a call that is open needs the map, but not its service any more.
+    // Lifetime: an open call uses the map and may outlive the service.
     return nearbyCafes(m_map, around, radiusMeters);
 }
 

@@ -7,14 +7,14 @@
 
 namespace quorvel {
 
-/// The cafés around the user from the platform's map, as candidates for a check-in.
+/// Searches the platform's map for the cafés around the user, as candidates for a check-in.
 class MapKitPlacesService final : public PlacesService
 {
 public:
-    /// Deliberate: cafés only, neither restaurants nor bakeries.
+    /// Deliberate: cafés only, no restaurants or bakeries.
     static constexpr std::array defaultCategories{PointOfInterestCategory::Cafe};
 
-    /// The map outlives every call.
+    /// The map must outlive every call.
     explicit MapKitPlacesService(PointsOfInterestSearch &map)
         : m_map(&map)
     {}

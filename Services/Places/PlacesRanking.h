@@ -4,11 +4,11 @@
 
 #include <vector>
 
-/// The order of the places that a search found, for the main loop.
+/// Orders the places that a search found, for the main loop.
 namespace quorvel::PlacesRanking {
 
-/// Those within the radius, which is inclusive, nearest first. Equal distances keep the order of
-/// the search; a distance that is not a number is within no radius.
+/// Returns the places within the radius (inclusive), nearest first. Equal distances keep the order
+/// of the search. A distance that is not a number is outside every radius.
 [[nodiscard]] std::vector<PlaceCandidate> sortedWithinRadius(std::vector<PlaceCandidate> candidates,
                                                              double radiusMeters);
 

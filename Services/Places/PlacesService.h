@@ -7,13 +7,14 @@
 
 namespace quorvel {
 
-/// The cafés around the user, for the main loop.
+/// Finds the cafés around the user, for the main loop.
 class PlacesService
 {
 public:
     virtual ~PlacesService() = default;
 
-    /// In the order of the search; some may lie a little beyond the radius. Throws AppError.
+    /// Returns cafés in the order of the search. Some may lie slightly outside the radius. Throws
+    /// AppError.
     [[nodiscard]] virtual Task<std::vector<PlaceCandidate>> nearbyCafes(Coordinate around,
                                                                         double radiusMeters) = 0;
 };

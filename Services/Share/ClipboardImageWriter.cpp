@@ -11,7 +11,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Empty for what is no picture.
+/// Returns an empty array for a null image.
 QByteArray png(const QImage &image)
 {
     QBuffer buffer;
@@ -36,7 +36,7 @@ std::optional<QUrl> saveToDownloads(const QImage &image, const QString &slug,
     try {
         fileManager.writePrivateFile(path, bytes);
     } catch (const FileError &) {
-        // Silent: the button that shares goes back to what it was, and may be pressed again.
+        // Silent: the Share button returns to its first state, and the user can press it again.
         return std::nullopt;
     }
     return QUrl::fromLocalFile(path);

@@ -7,12 +7,12 @@
 
 #include <optional>
 
-/// Leaves a shared picture where the user finds it when the clipboard does not take it.
+/// Saves a shared picture as a file when the clipboard refuses it.
 namespace quorvel::ClipboardImageWriter {
 
-/// Writes the picture as "checkin-", the slug and ".png" into the user's Downloads folder, or into
-/// "Downloads" in their home when the system names none; an earlier one of that name is replaced.
-/// Answers where it is; nothing when there is no picture or folder, or it cannot be written.
+/// Writes the picture as "checkin-" + slug + ".png" into the user's Downloads folder, or into
+/// "Downloads" in their home if the system names no folder. Replaces an earlier file of that name.
+/// Returns the file's location, or nothing on any failure.
 [[nodiscard]] std::optional<QUrl>
 saveToDownloads(const QImage &image, const QString &slug,
                 const FileManager &fileManager = FileManager::standard());

@@ -17,7 +17,7 @@ constexpr auto fileSuffix = ".png"_L1;
 constexpr char32_t zeroWidthNonJoiner = 0x200C;
 constexpr char32_t zeroWidthJoiner = 0x200D;
 
-/// Letters whose stroke, or missing dot, is no mark of its own that could be taken off.
+/// Letters whose stroke or missing dot is not a separate mark, so decomposition cannot remove it.
 constexpr std::array<std::pair<char32_t, char32_t>, 6> plainLetters{
     {{U'đ', U'd'}, {U'ħ', U'h'}, {U'ı', U'i'}, {U'ł', U'l'}, {U'ø', U'o'}, {U'ŧ', U't'}}};
 
@@ -29,14 +29,14 @@ char32_t plain(char32_t character)
     return character;
 }
 
-/// What is written onto the character before it.
+/// Whether the character is a mark on the character before it.
 bool isMark(char32_t character)
 {
     return QChar::isMark(character) || character == zeroWidthJoiner ||
            character == zeroWidthNonJoiner;
 }
 
-/// Marks are accents there; in other scripts they spell the word.
+/// Marks are accents in these scripts. In other scripts they are part of the spelling.
 bool hasAccents(char32_t letter)
 {
     const QChar::Script script = QChar::script(letter);

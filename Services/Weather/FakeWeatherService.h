@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// Weather as a test wishes.
+/// A weather service that answers as a test tells it.
 class FakeWeatherService final : public WeatherService
 {
 public:

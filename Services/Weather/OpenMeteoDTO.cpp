@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// "10m" becomes "10M": the first letter counts, not the first character.
+/// Capitalises the first letter, which need not be the first character: "10m" becomes "10M".
 QString capitalized(const QString &word)
 {
     QString result = word.toLower();
@@ -23,8 +23,8 @@ QString capitalized(const QString &word)
     return result;
 }
 
-/// What a snake_case key is called in our camelCase. A key of one word is called what it is, and so
-/// is one that an underscore encloses: no member of ours is.
+/// Turns a snake_case key into our camelCase. A key of one word stays as it is, and so does a key
+/// with a leading or trailing underscore, which no member of ours has.
 QString memberName(const QString &key)
 {
     const QStringList words = key.split(u'_', Qt::SkipEmptyParts);
@@ -36,7 +36,7 @@ QString memberName(const QString &key)
     return name;
 }
 
-/// One object of the body, read by the names of our members.
+/// Reads one object of the body by the names of our members.
 class Members final
 {
 public:
@@ -65,7 +65,7 @@ public:
     [[nodiscard]] qint64 integer(const QString &name) const
     {
         const QJsonValue value = required(name);
-        // What is no integer gives the default, so that two defaults tell it from any integer.
+        // A value that is no integer gives the default. Two different defaults expose it.
         if (value.toInteger(0) != value.toInteger(1))
             throw wrongType(name, u"a whole number"_s);
         return value.toInteger();

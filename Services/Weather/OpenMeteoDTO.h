@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// The weather as Open-Meteo words it; each member has the key that its comment names.
+/// The current weather in Open-Meteo's reply. Each member's comment names its key.
 struct OpenMeteoCurrentWeather
 {
     double temperature2M = 0;       ///< "temperature_2m", degrees Celsius
@@ -17,8 +17,8 @@ struct OpenMeteoCurrentWeather
                            const OpenMeteoCurrentWeather &) = default;
 };
 
-/// The body of a forecast, for the weather service. Every member is required; what else the body
-/// holds is passed over.
+/// The body of a forecast, for the weather service. Every member is required. Other members of the
+/// body are ignored.
 struct OpenMeteoForecastResponse
 {
     OpenMeteoCurrentWeather current;
@@ -27,7 +27,7 @@ struct OpenMeteoForecastResponse
                            const OpenMeteoForecastResponse &) = default;
 };
 
-/// A body that is no forecast.
+/// The body is not a forecast.
 class OpenMeteoDecodingError final : public LocalizedError
 {
 public:

@@ -31,7 +31,7 @@ OpenMeteoWeatherService::OpenMeteoWeatherService(HttpClient &session, const Cloc
 
 Task<WeatherSnapshot> OpenMeteoWeatherService::currentWeather(Coordinate at)
 {
-    // Lifetime: a call that is open works on a copy, and does not need its service any more.
+    // Lifetime: an open call works on a copy and may outlive the service.
     return weather(*this, at);
 }
 
@@ -60,7 +60,7 @@ HttpRequest OpenMeteoWeatherService::makeRequest(Coordinate at) const
     QUrl url = m_endpoint;
     url.setPath(folder.endsWith(u'/') ? folder + path : folder + u'/' + path);
     url.setQuery(query);
-    // Setting a part of an address that was none makes it look like one.
+    // Check first: setting a part of an invalid address would make it look valid.
     if (!m_endpoint.isValid() || m_endpoint.isRelative() || !url.isValid())
         throw AppError::network(u"Could not build Open-Meteo request URL."_s);
     return {.url = url, .method = HttpRequest::Method::Get, .body = {}, .timeout = timeout};

@@ -6,15 +6,15 @@
 
 namespace quorvel {
 
-/// The weather from Open-Meteo's public forecast, which asks for no key but for its name to be
-/// shown. Asked once a call: no retry and no cache.
+/// The weather from Open-Meteo's public forecast. It needs no key, but its name must be shown. Each
+/// call sends one request: no retry and no cache.
 class OpenMeteoWeatherService final : public WeatherService
 {
 public:
-    /// The scheme and host of the forecast; another one may mirror it.
+    /// Scheme and host of the forecast server. A mirror has another one.
     static const QUrl defaultEndpoint;
 
-    /// The session and the clock outlive every call.
+    /// The session and the clock must outlive every call.
     explicit OpenMeteoWeatherService(HttpClient &session, const Clock &clock = Clock::system(),
                                      QUrl endpoint = defaultEndpoint);
 

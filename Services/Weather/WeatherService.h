@@ -6,13 +6,13 @@
 
 namespace quorvel {
 
-/// The weather of now, for the main loop.
+/// Tells the current weather, for the main loop.
 class WeatherService
 {
 public:
     virtual ~WeatherService() = default;
 
-    /// The weather at a place. Throws AppError.
+    /// The current weather at a place. Throws AppError.
     [[nodiscard]] virtual Task<WeatherSnapshot> currentWeather(Coordinate at) = 0;
 };
 

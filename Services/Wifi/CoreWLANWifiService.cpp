@@ -42,7 +42,7 @@ std::optional<WifiName> firstOfName(const QList<ScannedNetwork> &scanned, const 
     return match == scanned.end() ? std::nullopt : match->name;
 }
 
-// Lifetime: what runs on while the service may end is no member of it.
+// Lifetime: coroutines may outlive the service, so they are not members of it.
 
 Task<QList<WifiNetwork>> scan(WifiClient *client)
 {
@@ -52,7 +52,7 @@ Task<QList<WifiNetwork>> scan(WifiClient *client)
         const auto scanned = co_await pending;
         co_return WifiNetworkRanking::dedupeAndTop(withNames(scanned), listedNetworks);
     } catch (const WifiError &error) {
-        // A machine without a radio has no networks nearby, and that is no failure.
+        // A machine without a radio hears no networks. That is not a failure.
         if (error.code() != WifiError::Code::NoInterface)
             throw networkError(error);
     }

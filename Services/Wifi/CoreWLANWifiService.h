@@ -5,11 +5,11 @@
 
 namespace quorvel {
 
-/// The radio over the system's wireless client. Keeps nothing: every call asks the client.
+/// The radio, over the system's wireless client. It caches nothing: every call asks the client.
 class CoreWLANWifiService final : public WifiService
 {
 public:
-    /// The client outlives the service.
+    /// The client must outlive the service.
     explicit CoreWLANWifiService(WifiClient &client);
 
     [[nodiscard]] std::optional<QString> currentSSID() const override;

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A radio that hears and joins what a test has scripted, and keeps what it was asked.
+/// A radio that answers from a test's script and records what it was asked.
 class FakeWifiService final : public WifiService
 {
 public:

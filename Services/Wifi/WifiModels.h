@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// The strength of a network as people read it.
+/// The signal strength of a network, in a form for people.
 struct WifiSignal
 {
     explicit WifiSignal(qint64 strength);
@@ -21,7 +21,7 @@ struct WifiSignal
     friend bool operator==(const WifiSignal &, const WifiSignal &) = default;
 };
 
-/// A network nearby. Its name is its identity, so a list that is shown holds each name once.
+/// A network nearby. Its name identifies it, so a shown list has each name once.
 struct WifiNetwork
 {
     QString ssid;
@@ -33,22 +33,22 @@ struct WifiNetwork
     friend bool operator==(const WifiNetwork &, const WifiNetwork &) = default;
 };
 
-/// The radio, for the check-in screen and all who note which network the user is on.
+/// The radio, for the check-in screen and for everything that records the current network.
 class WifiService
 {
 public:
     virtual ~WifiService() = default;
 
-    /// The name of the network that the machine is joined to; nothing when it is to none.
+    /// The name of the network that the machine is on; nothing if it is on none.
     [[nodiscard]] virtual std::optional<QString> currentSSID() const = 0;
-    /// The strength of that network; nothing when the machine is joined to none.
+    /// The strength of that network; nothing if the machine is on none.
     [[nodiscard]] virtual std::optional<WifiSignal> currentSignal() const = 0;
 
-    /// Listens anew. At most three networks, each name once, the strongest first; none where there
-    /// is no radio. Throws AppError::network.
+    /// Scans again. Returns at most three networks, each name once, strongest first; none without a
+    /// radio. Throws AppError::network.
     [[nodiscard]] virtual Task<QList<WifiNetwork>> scanNearbyNetworks() = 0;
 
-    /// Ends once the machine is on that network. Throws AppError::network.
+    /// Returns when the machine is on that network. Throws AppError::network.
     [[nodiscard]] virtual Task<> connect(QString toSSID, QString password) = 0;
 };
 

@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QStringView escapedCharacters = u"\\;,:\"";
-/// Readers expect no less.
+/// The smallest margin that readers accept, in modules.
 constexpr int quietZoneModules = 4;
-/// Larger than any poster needs, and 64 MB already.
+/// In pixels: larger than any poster needs, and 64 MB already.
 constexpr double longestSidePixels = 8192;
 constexpr uchar paper = 0xff;
 constexpr uchar ink = 0x00;
@@ -32,7 +32,7 @@ QString escaped(const QString &text)
     return result;
 }
 
-/// The module that each pixel along a side belongs to, counted from the code's own first.
+/// For each pixel along a side: the index of its module, counted from the code's first.
 std::vector<int> modulesOfPixels(int side, double scale)
 {
     std::vector<int> modules(static_cast<size_t>(side));
@@ -68,7 +68,7 @@ std::optional<QImage> image(const QString &payload, double scale)
     if (!code)
         return std::nullopt;
     const double extent = std::round((code->size() + 2 * quietZoneModules) * scale);
-    // A scale that is no number at all fails this as well.
+    // This also rejects a scale that is not a number.
     if (!(extent >= 1 && extent <= longestSidePixels))
         return std::nullopt;
     const int side = int(extent);

@@ -5,15 +5,16 @@
 
 #include <optional>
 
-/// The code that a phone's camera joins a Wi-Fi network by, for the visit detail and its card.
+/// Makes the code by which a phone's camera joins a Wi-Fi network, for the visit detail and its
+/// card.
 namespace quorvel::WifiQRGenerator {
 
-/// The text in the code. The kind of authentication is taken as it is, the names are escaped.
+/// The text in the code. Names are escaped; the kind of authentication is used as given.
 [[nodiscard]] QString payload(const QString &ssid, const QString &password, const QString &auth);
 
-/// The payload as black modules on white, each `scale` pixels wide and high, with four modules of
-/// white around them. A side that is no whole number of pixels is rounded. Absent where the payload
-/// is too long for a code, and where the scale makes no picture.
+/// The payload as black modules on white, each `scale` pixels wide, with a margin of four modules.
+/// The side is rounded to whole pixels. Absent if the payload is too long for a code, or if the
+/// scale gives no picture.
 [[nodiscard]] std::optional<QImage> image(const QString &payload, double scale);
 
 } // namespace quorvel::WifiQRGenerator

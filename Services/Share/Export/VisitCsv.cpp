@@ -12,12 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// With these a spreadsheet begins to calculate; the full-width ones read the same to some.
+/// Spreadsheets read these as the start of a formula. Some also accept the full-width forms.
 constexpr QStringView formulaBeginnings = u"=+-@\uff1d\uff0b\uff0d\uff20";
 
 QString quoted(QString field)
 {
-    // A semicolon is what some countries' spreadsheets take for the comma.
+    // In some countries spreadsheets separate columns by semicolons.
     const bool needsQuotes = field.contains(u'"') || field.contains(u',') || field.contains(u';') ||
                              field.contains(u'\n') || field != field.trimmed();
     return needsQuotes ? u'"' + field.replace(u'"', "\"\""_L1) + u'"' : field;
@@ -26,7 +26,7 @@ QString quoted(QString field)
 QString textField(const QString &text)
 {
     const QString printable = PrintableText::lines(text);
-    // A spreadsheet may pass over blanks in front.
+    // A spreadsheet may skip leading blanks.
     const QString content = printable.trimmed();
     const bool isFormula = !content.isEmpty() && formulaBeginnings.contains(content.front());
     return quoted(isFormula ? u'\'' + printable : printable);

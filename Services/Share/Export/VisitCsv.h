@@ -2,12 +2,11 @@
 
 #include "Models/CheckIn.h"
 
-/// Visits as a table by RFC 4180, one a line, for spreadsheets. A text that a spreadsheet would
-/// calculate is kept a text by an apostrophe before it; control characters, which the format does
-/// not know, are replaced.
+/// Visits as a table for spreadsheets (RFC 4180), one per line. An apostrophe keeps a spreadsheet
+/// from calculating a text. Control characters, which the format does not allow, are replaced.
 namespace quorvel::VisitCsv {
 
-/// The names of the columns. It ends its line, as each row does.
+/// The names of the columns, with the line end. Each row has its line end too.
 [[nodiscard]] QByteArray header();
 [[nodiscard]] QByteArray row(const CheckIn &visit);
 

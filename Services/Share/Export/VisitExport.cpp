@@ -13,7 +13,7 @@ namespace {
 
 constexpr qsizetype pieceBytes = 65'536;
 
-/// How a format wraps its records.
+/// The text that a format puts around its records.
 struct Frame
 {
     QByteArray head;

@@ -4,17 +4,19 @@
 
 #include <functional>
 
-/// Visits as a text that other programs read. No password is in it: those are the keychain's.
+/// Writes visits as text for other programs. Passwords are never part of it; they stay in the
+/// keychain.
 namespace quorvel::VisitExport {
 
 enum class Format { Json, Csv, GeoJson };
 
-/// By the name that a user types; nothing when it is none.
+/// Returns the format with this name, as a user types it; nothing if there is none.
 [[nodiscard]] std::optional<Format> formatNamed(QStringView name);
 
 using Sink = std::function<void(QByteArrayView)>;
 
-/// Hands on the text in pieces, so that it is never all in memory. What the sink throws ends it.
+/// Passes the text to the sink in pieces, so that it is never in memory as a whole. An exception of
+/// the sink ends the export.
 void write(const std::vector<std::shared_ptr<CheckIn>> &visits, Format format, const Sink &sink);
 
 } // namespace quorvel::VisitExport

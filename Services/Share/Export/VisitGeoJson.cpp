@@ -21,7 +21,7 @@ QJsonValue geometry(const std::shared_ptr<Cafe> &cafe)
 {
     if (!cafe || !isOnEarth(*cafe))
         return QJsonValue::Null;
-    // Order: longitude first, as the format wants.
+    // Order: GeoJSON has longitude first.
     return QJsonObject{{u"type"_s, u"Point"_s},
                        {u"coordinates"_s, QJsonArray{cafe->longitude(), cafe->latitude()}}};
 }

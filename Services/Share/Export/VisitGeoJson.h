@@ -4,10 +4,11 @@
 
 #include <QJsonObject>
 
-/// Visits for a map, by RFC 7946.
+/// Visits for a map, as GeoJSON (RFC 7946).
 namespace quorvel::VisitGeoJson {
 
-/// A feature at the café's place. Its geometry is null where there is no café, or none on earth.
+/// A feature at the café's position. Its geometry is null without a café, and for an impossible
+/// position.
 [[nodiscard]] QJsonObject feature(const CheckIn &visit);
 
 } // namespace quorvel::VisitGeoJson

@@ -4,11 +4,11 @@
 
 #include <QJsonObject>
 
-/// The records of the program as other programs read them. The keys are a promise: what is there
-/// keeps its name and its kind, what is absent is null, and only new keys may come.
+/// The program's records as JSON for other programs. The keys are a promise: a key keeps its name
+/// and type, an absent value is null, and we only add keys.
 namespace quorvel::VisitJson {
 
-/// All of a visit, with its café and its weather.
+/// The whole visit, with its café and its weather.
 [[nodiscard]] QJsonObject visit(const CheckIn &visit);
 
 [[nodiscard]] QJsonObject ratings(const WorkRatings &ratings);

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A system that has stored the passwords which a test has scripted.
+/// A reader that returns the passwords of a test's script.
 class FakeSystemWifiPasswordReader final : public SystemWifiPasswordReader
 {
 public:

@@ -12,7 +12,7 @@ std::optional<QString> trimmed(const std::optional<QString> &password)
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-// Lifetime: what runs on while the reader may end is no member of it.
+// Lifetime: coroutines may outlive the reader, so they are not members of it.
 
 Task<std::optional<QString>> read(WifiClient *client, QString ssid)
 {
@@ -22,7 +22,7 @@ Task<std::optional<QString>> read(WifiClient *client, QString ssid)
         const auto password = co_await pending;
         co_return trimmed(password);
     } catch (const WifiError &) {
-        // Silent: whoever is not given a password types it.
+        // Silent: without a stored password the user types one.
     }
     co_return std::nullopt;
 }

@@ -9,23 +9,23 @@
 
 namespace quorvel {
 
-/// The passwords that the system itself has stored for networks the machine was on before, so that
-/// the user fills in one of them instead of typing it.
+/// Reads the passwords that the system has stored for known networks, so that the user need not
+/// type them again.
 class SystemWifiPasswordReader
 {
 public:
     virtual ~SystemWifiPasswordReader() = default;
 
-    /// The password without blanks around it; nothing when none is stored, the user refused, or
-    /// anything went wrong. Never throws, and takes as long as the user does to agree.
+    /// Returns the password without surrounding blanks; nothing if none is stored, the user refuses
+    /// or anything fails. Never throws. Waits until the user has answered the system's question.
     [[nodiscard]] virtual Task<std::optional<QString>> password(QString forSSID) = 0;
 };
 
-/// The stored passwords as the system's wireless client gives them out.
+/// Reads the stored passwords from the system's wireless client.
 class SecurityCLIWifiPasswordReader final : public SystemWifiPasswordReader
 {
 public:
-    /// The client outlives the reader.
+    /// The client must outlive the reader.
     explicit SecurityCLIWifiPasswordReader(WifiClient &client);
 
     [[nodiscard]] Task<std::optional<QString>> password(QString forSSID) override;
