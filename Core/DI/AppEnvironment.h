@@ -8,11 +8,11 @@
 
 namespace quorvel {
 
-/// What every scene is built from: opens the object store, once per process. Main thread only.
+/// Opens the object store once per process; every scene is built from it. Main thread only.
 ///
-/// Exactly one of its two fields is set by the constructor, and neither changes after it, so that
-/// whoever reads them has nothing to observe. A store that cannot be opened does not
-/// stop the program; nothing is retried, and no store in memory stands in for it.
+/// The constructor sets exactly one of the two fields. Neither changes later, so readers have
+/// nothing to observe. If the store cannot be opened, the program runs on without one: nothing is
+/// retried, and no store in memory replaces it.
 class AppEnvironment final
 {
 public:
@@ -21,9 +21,9 @@ public:
     AppEnvironment &operator=(const AppEnvironment &) = delete;
     ~AppEnvironment();
 
-    /// Null when the store could not be opened.
+    /// Null if the store could not be opened.
     [[nodiscard]] CheckInRepository *checkInRepository() const { return m_checkInRepository.get(); }
-    /// The description of what kept the store from opening; kept for diagnosis.
+    /// Why the store could not be opened, for the diagnostics.
     [[nodiscard]] const std::optional<QString> &setupError() const { return m_setupError; }
 
 private:

@@ -8,7 +8,8 @@
 
 namespace quorvel {
 
-/// Passwords in memory: notes the networks that it was asked about, and fails as a test says.
+/// Passwords in memory. Records the networks that it was asked about, and fails when a test says
+/// so.
 class FakeKeychainStore final : public KeychainStore
 {
 public:
@@ -35,7 +36,7 @@ public:
     }
 
     QMap<QString, QString> passwords;
-    /// Thrown by every operation while it is set.
+    /// While set, every operation throws it.
     std::optional<KeychainError> failure;
 
     QStringList saved;

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A Wi-Fi password that the keychain would not keep or give back, in a sentence for the user.
+/// The keychain did not store or return a Wi-Fi password. The description is for the user.
 class KeychainError final : public LocalizedError
 {
 public:
@@ -16,11 +16,11 @@ public:
                                                        Operation operation);
     [[nodiscard]] static KeychainError unexpectedItemFormat();
 
-    /// The operation's raw value, as the sentence names it.
+    /// The operation's raw value, as it stands in the description.
     [[nodiscard]] static QString rawValue(Operation operation);
 
     [[nodiscard]] Case kind() const { return m_kind; }
-    /// The keychain's own answer; success where it gave an item that is no text.
+    /// The keychain's status; success if it returned an item that is not text.
     [[nodiscard]] KeychainStatus::Code status() const { return m_status; }
     [[nodiscard]] Operation operation() const { return m_operation; }
     [[nodiscard]] QString errorDescription() const override;

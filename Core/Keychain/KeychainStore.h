@@ -6,18 +6,18 @@
 
 namespace quorvel {
 
-/// The Wi-Fi passwords that the user typed, one a network name, for the view models. Synchronous,
-/// each for the one thread that uses it. Every operation may throw KeychainError.
+/// The Wi-Fi passwords that the user typed, one per network name, for the view models. Synchronous.
+/// One thread uses one store. Every operation may throw KeychainError.
 class KeychainStore
 {
 public:
     virtual ~KeychainStore() = default;
 
-    /// Replaces the password that the network has. When it throws, that one stays as it is.
+    /// Replaces the network's password. If it throws, the old password stays.
     virtual void savePassword(const QString &password, const QString &ssid) = 0;
-    /// Absent where none was saved.
+    /// Returns nothing if no password was saved.
     [[nodiscard]] virtual std::optional<QString> password(const QString &ssid) = 0;
-    /// Fine where none was saved.
+    /// Succeeds also if no password was saved.
     virtual void deletePassword(const QString &ssid) = 0;
 };
 

@@ -15,7 +15,7 @@ void check(KeychainStatus::Code status, KeychainError::Operation operation)
         throw KeychainError::unhandledStatus(status, operation);
 }
 
-/// Every code point of the password counts, also a byte order mark in front.
+/// Keeps every code point of the password, even a leading byte order mark.
 QString decoded(const QByteArray &utf8)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless |
@@ -61,7 +61,7 @@ std::optional<QString> SecItemKeychainStore::password(const QString &ssid)
 void SecItemKeychainStore::deletePassword(const QString &ssid)
 {
     const auto status = m_keychain->remove(identityQuery(ssid));
-    // What was asked for holds already.
+    // There was no item: it is gone, as asked.
     if (status != KeychainStatus::itemNotFound)
         check(status, KeychainError::Operation::Delete);
 }

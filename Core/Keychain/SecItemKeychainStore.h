@@ -6,14 +6,14 @@
 namespace quorvel {
 
 /// Passwords in the user's keychain, as UTF-8 without a terminator. Network names that differ only
-/// in case are different networks. Without a state of its own, so each user makes one.
+/// in case are different networks. It has no state, so every user makes its own.
 class SecItemKeychainStore final : public KeychainStore
 {
 public:
-    /// Under which the whole program keeps its passwords.
+    /// The service name of all passwords of the program.
     static constexpr QLatin1StringView wifiService{"com.zantho.quorvel.wifi"};
 
-    /// The keychain outlives the store.
+    /// The keychain must outlive the store.
     explicit SecItemKeychainStore(QString service, Keychain &keychain = Keychain::standard());
 
     void savePassword(const QString &password, const QString &ssid) override;

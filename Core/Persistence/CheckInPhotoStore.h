@@ -7,18 +7,18 @@ namespace quorvel {
 
 class FileManager;
 
-/// Knows where visit photos lie, for the visit detail: a visit itself keeps only a bare file name.
-/// Never touches the disk; whoever adds photos makes the folder first.
+/// Finds the photos of visits, for the visit detail. A visit itself keeps only a file name. Never
+/// touches the disk; code that adds photos has to create the folder.
 class CheckInPhotoStore final
 {
 public:
-    /// The file manager outlives the store.
+    /// The file manager must outlive the store.
     explicit CheckInPhotoStore(const FileManager &fileManager);
 
     /// The photo folder, beside the object store. Ends in a slash.
     [[nodiscard]] QUrl directoryURL() const;
 
-    /// The photo of that name, which is taken as given.
+    /// The location of the photo. The name is used as given.
     [[nodiscard]] QUrl url(const QString &fileName) const;
 
 private:

@@ -10,31 +10,31 @@
 
 namespace quorvel {
 
-/// The one door to the stored visits: the check-in screen finds cafés and saves through it, the
-/// history lists through it. Synchronous, main thread only. Every operation may throw the store's
+/// The only way to the stored visits: the check-in screen finds cafés and saves with it, the
+/// history lists with it. Synchronous, main thread only. Every operation may throw the store's
 /// error, unwrapped.
 class CheckInRepository
 {
 public:
     virtual ~CheckInRepository() = default;
 
-    /// Runs the action while no other process runs one: what it finds out here stays true until it
-    /// has saved. Not within another.
+    /// Runs the action while no other process runs one. What the action reads stays true until it
+    /// has saved. Calls cannot be nested.
     virtual void inTurn(const std::function<void()> &action) = 0;
 
-    /// Every stored visit, newest first; visits of the same instant in the store's order.
+    /// All stored visits, newest first. Visits of the same instant keep the store's order.
     [[nodiscard]] virtual std::vector<std::shared_ptr<CheckIn>> allCheckIns() = 0;
 
-    /// The stored café of the candidate, as it was first saved, or a new one that is saved at once.
-    /// Found by the map identifier only: a candidate without one gets a new café every time.
+    /// Returns the candidate's stored café, as first saved, or saves a new one at once. Only the
+    /// map identifier finds a café: a candidate without one gets a new café every time.
     [[nodiscard]] virtual std::shared_ptr<Cafe> findOrCreateCafe(const PlaceCandidate &from) = 0;
 
-    /// Whether the café with that identifier has a visit between the user's last midnight and the
-    /// next.
+    /// Whether the café with that identifier has a visit today, from midnight to midnight in the
+    /// user's time zone.
     [[nodiscard]] virtual bool
     hasCheckedInToday(const std::optional<QString> &mapItemIdentifier) = 0;
 
-    /// Stores the visit. When it throws, the visit stays pending and the next save takes it along.
+    /// Stores the visit. If it throws, the visit stays pending, and the next save stores it too.
     virtual void save(const std::shared_ptr<CheckIn> &checkIn) = 0;
 };
 

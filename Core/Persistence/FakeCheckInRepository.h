@@ -7,11 +7,11 @@
 
 namespace quorvel {
 
-/// Visits in memory: notes what it was asked, and fails as a test says.
+/// Visits in memory. Records its calls, and fails when a test says so.
 class FakeCheckInRepository final : public CheckInRepository
 {
 public:
-    /// What the operations throw that a test lets fail.
+    /// The error of the operations that a test lets fail.
     class Failure final : public LocalizedError
     {
     public:
@@ -60,13 +60,13 @@ public:
         visits.push_back(checkIn);
     }
 
-    /// By their identifiers.
+    /// The cafés, by map identifier.
     QStringList checkedInToday;
     std::vector<std::shared_ptr<Cafe>> cafes;
-    /// In the order in which they were saved.
+    /// In the order of saving.
     std::vector<std::shared_ptr<CheckIn>> visits;
 
-    /// The operations that throw, with their sentence.
+    /// The operations that throw, with the description of the error.
     QStringList failing;
     QString failure;
 

@@ -15,7 +15,7 @@ Schema schema()
     return {.version = schemaVersion, .entities = {&Cafe::entity(), &CheckIn::entity()}};
 }
 
-/// Makes the folder on the way: a second start finds it and goes on.
+/// Creates the folder too. A second start finds it.
 QString storeURL(const FileManager &fileManager)
 {
     const QString support =

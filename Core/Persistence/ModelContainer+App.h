@@ -9,7 +9,7 @@ namespace quorvel {
 
 enum class InMemory : bool { No, Yes };
 
-/// Makes the program's object store: which entities, which version, which file.
+/// Makes the program's object store: its entities, its version and its file.
 namespace AppModelContainer {
 
 /// Opens the store, in "Quorvel/Quorvel.store" under the user's Application Support folder or in

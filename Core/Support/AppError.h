@@ -6,17 +6,17 @@
 
 namespace quorvel {
 
-/// Posted once a check-in is stored, so that an open history reloads.
+/// Posted after a check-in is stored, so that an open history reloads.
 inline constexpr QLatin1StringView checkInDidSave("com.zantho.quorvel.checkInDidSave");
 
-/// What the services throw at the view models: every failure that a screen shows, with its
-/// sentence.
+/// The errors that services throw to view models: every failure that a screen shows, with its
+/// sentence for the user.
 class AppError final : public LocalizedError
 {
 public:
     enum class Case { LocationFailed, Network, Decoding, LocationDenied, NoCafeFound };
 
-    /// The message is the platform's own description of what went wrong.
+    /// The message is the platform's description of the failure.
     [[nodiscard]] static AppError locationFailed(QString message);
     [[nodiscard]] static AppError network(QString message);
     [[nodiscard]] static AppError decoding(QString message);
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] static AppError noCafeFound();
 
     [[nodiscard]] Case kind() const { return m_kind; }
-    /// Empty for the cases that carry none.
+    /// Empty for cases without a message.
     [[nodiscard]] const QString &message() const { return m_message; }
     [[nodiscard]] QString errorDescription() const override;
 

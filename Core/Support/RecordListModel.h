@@ -7,9 +7,9 @@
 
 namespace quorvel {
 
-/// A list of records for a view, whose roles are the records' properties. Setting another list
-/// moves, inserts and removes as little as it can, so that a row under the user's hands stays the
-/// row that it is. A record is a gadget with an `id()` that tells it from the others.
+/// A list of records for a view. Its roles are the records' properties. Setting a new list moves,
+/// inserts and removes as few rows as possible, so that the row that the user works in stays. A
+/// record is a gadget with a unique `id()`.
 template <class Record>
 class RecordListModel final : public QAbstractListModel
 {
@@ -44,7 +44,7 @@ void RecordListModel<Record>::setRecords(const QList<Record> &records)
     endRemoveRows();
 }
 
-/// Those before the row are in their places already.
+/// The rows before this one are in their places already.
 template <class Record>
 void RecordListModel<Record>::place(int row, const Record &record)
 {

@@ -6,15 +6,15 @@
 
 namespace quorvel {
 
-/// How far a screen's load has come, for view models to publish and views to choose by. Two states
-/// can be compared when their results can.
+/// The load state of a screen. View models publish it, views choose by it. States are comparable if
+/// their results are.
 template <class T>
 class ViewState final
 {
 public:
-    /// Nothing was asked for yet.
+    /// Nothing was requested yet.
     [[nodiscard]] static ViewState idle() { return ViewState(std::in_place_index<idleIndex>); }
-    /// Under way, with nothing to show until it ends.
+    /// In progress, with nothing to show yet.
     [[nodiscard]] static ViewState loading()
     {
         return ViewState(std::in_place_index<loadingIndex>);
@@ -33,9 +33,9 @@ public:
     [[nodiscard]] bool isLoaded() const { return m_case.index() == loadedIndex; }
     [[nodiscard]] bool isError() const { return m_case.index() == errorIndex; }
 
-    /// Null unless loaded; as long-lived as the state.
+    /// Null unless loaded. Lives as long as the state.
     [[nodiscard]] const T *loadedValue() const { return std::get_if<loadedIndex>(&m_case); }
-    /// Null unless in error; as long-lived as the state.
+    /// Null unless in error. Lives as long as the state.
     [[nodiscard]] const AppError *errorValue() const { return std::get_if<errorIndex>(&m_case); }
 
     friend bool operator==(const ViewState &left, const ViewState &right)

@@ -3,13 +3,13 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Where the keyboard is. Drawn around a control and no part of its own look.
+// Marks the control that has the keyboard focus. The ring is drawn around the control.
 Rectangle {
     id: root
 
     required property Item control
     property real controlRadius: 6
-    // Negative for a ring within the control.
+    // Negative for a ring inside the control.
     property real gap: 3
 
     anchors.fill: root.control

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A quiet button. Deliberate: of all states only being pressed changes how it looks.
+// A quiet button. Deliberate: only the pressed state changes its look.
 Pressable {
     id: root
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What can be pressed: with the pointer, with space or return, or by an assistive tool. Looks like
-// nothing by itself. While `busy` it keeps its place and the focus, and cannot be pressed again.
+// An area that can be pressed: with the pointer, with Space or Return, or by an assistive tool. It
+// has no look of its own. While `busy`, it keeps its place and the focus and cannot be pressed.
 Item {
     id: root
 

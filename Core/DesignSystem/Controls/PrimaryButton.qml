@@ -3,12 +3,12 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The one button of a view that does what the view is for.
+// The main button of a view.
 Pressable {
     id: root
 
     property string symbol
-    // Darker than the accent, on which white letters are too pale to read.
+    // Darker than the accent: white text on the accent has too little contrast.
     property color fill: Qt.darker(Theme.color.accentDeep, 1.3)
 
     cornerRadius: 8

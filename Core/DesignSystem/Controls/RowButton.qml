@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A button as wide as its row, with the text where the other rows have theirs.
+// A button as wide as its row. Its text is aligned with the texts of other rows.
 Pressable {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvel.DesignSystem
 
-// What is longer than its place: scrolls with wheel and bar, and goes along with the keyboard.
+// Scrolls content that is longer than its area, by wheel and bar. It follows the keyboard focus.
 Flickable {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A button that is nothing but a symbol.
+// A button with a symbol and no text.
 Pressable {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvel.DesignSystem
 
-// The bar beside what scrolls, in the theme's colours.
+// A scroll bar in the theme's colours.
 ScrollBar {
     id: root
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A text with a switch at its end; the whole row flips it. It shows `checked` and asks for a
-// change: whether there is one, its owner decides.
+// A text with a switch at its end. A click anywhere in the row requests a change; the owner decides
+// and sets `checked`.
 Pressable {
     id: root
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The line being typed in a TextInputField. That it is for a password, assistive tools are told by
-// its echo mode. Deliberate: saying so once more would take its name away from them.
+// The line being typed in a TextInputField. The echo mode already tells assistive tools that this
+// is a password. Deliberate: setting passwordEdit as well would remove its accessible name.
 TextInput {
     id: root
 

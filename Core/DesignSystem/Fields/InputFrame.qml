@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What a field for text is drawn on.
+// The background of a text field.
 Rectangle {
     id: root
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Several lines of text to type. Three lines high, growing to six; more than that scrolls. It shows
-// `text` and tells of each edit; its owner keeps what was typed.
+// A field for several lines of text. It is three lines high, grows to six, and then scrolls. It
+// shows `text` and reports each edit; the owner keeps the text.
 FocusScope {
     id: root
 
@@ -62,7 +62,7 @@ FocusScope {
             width: scrolled.width
             wrapMode: TextEdit.Wrap
 
-            // Tab goes on to the next control, as everywhere in a form.
+            // Tab moves to the next control, as everywhere in a form.
             Keys.onBacktabPressed: input.nextItemInFocusChain(false).forceActiveFocus()
             Keys.onTabPressed: input.nextItemInFocusChain().forceActiveFocus()
             onCursorRectangleChanged: root.follow(input.cursorRectangle)

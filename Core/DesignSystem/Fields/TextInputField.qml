@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// One line of text to type. It shows `text` and tells of each edit; its owner keeps what was
-// typed. What is put into it stands at its end, as an eye beside a password.
+// A field for one line of text. It shows `text` and reports each edit; the owner keeps the text.
+// Child items stand at its end, such as the eye beside a password.
 FocusScope {
     id: root
 
@@ -28,7 +28,7 @@ FocusScope {
     FieldInput {
         id: input
 
-        // Assistive tools read the property of this name: they get what the screen shows.
+        // Assistive tools read the property of this name, and get what the screen shows.
         readonly property string text: input.displayText
 
         anchors.left: parent.left

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The cup with its steam: the sign of the program.
+// The cup with its steam, the logo of the program.
 Item {
     id: root
 

@@ -10,7 +10,7 @@ namespace quorvel {
 namespace {
 
 constexpr int dots = 8;
-/// Of the side of the square.
+/// As parts of the side of the square.
 constexpr double dotDiameter = 0.19;
 constexpr double faintest = 0.18;
 constexpr double fadePerStep = 0.14;

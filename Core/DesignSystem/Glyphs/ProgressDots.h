@@ -7,8 +7,7 @@
 
 namespace quorvel {
 
-/// A ring of dots, one of them bright and those before it fading: one picture of a
-/// ProgressIndicator.
+/// A ring of dots: one is bright, and the dots behind it fade. One frame of a ProgressIndicator.
 class ProgressDots : public quorvel::ThemedItem
 {
     Q_OBJECT
@@ -23,7 +22,7 @@ public:
 
     [[nodiscard]] QColor color() const { return m_color; }
     void setColor(const QColor &color);
-    /// Which dot is bright; counts on without an end.
+    /// The index of the bright dot. It counts up without end.
     [[nodiscard]] int step() const { return m_step; }
     void setStep(int step);
 

@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Something is under way, for who knows how long; the text beside it says what. It steps instead of
-// gliding, which costs a sixth of the frames, and stands still while nobody can see it.
+// Shows that work of unknown length is in progress; the text beside it says which. It moves in
+// steps, which takes a sixth of the frames of a smooth motion, and stops while it is not visible.
 ProgressDots {
     id: root
 

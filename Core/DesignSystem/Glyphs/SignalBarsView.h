@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// How strong a network is: bars that grow to the right, as many of them lit as asked for. The
-/// strength is said in words beside it.
+/// A network's strength: bars that grow to the right, `bars` of them lit. A text beside it gives
+/// the strength in words.
 class SignalBarsView : public quorvel::ThemedItem
 {
     Q_OBJECT
@@ -19,15 +19,15 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// Whether the bar at `index`, counted from 0, is lit when `bars` are asked for.
+    /// Whether the bar at `index`, counted from 0, is lit.
     [[nodiscard]] static bool isLit(int index, int bars);
 
     [[nodiscard]] int bars() const { return m_bars; }
     void setBars(int bars);
-    /// The height of the whole, in points.
+    /// The height of the whole view, in points.
     [[nodiscard]] qreal size() const { return m_size; }
     void setSize(qreal size);
-    /// One for each bar, in points.
+    /// The height of each bar, in points.
     [[nodiscard]] QList<qreal> heights() const { return m_heights; }
     void setHeights(const QList<qreal> &heights);
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Steam that rises gently, in twelve pictures a second, and stands still while nobody can see it.
+// Steam that rises gently, at twelve frames a second. It stops while it is not visible.
 SteamWisps {
     id: root
 

@@ -10,12 +10,12 @@ namespace quorvel {
 namespace {
 
 constexpr int wisps = 3;
-/// In parts of the item: of its height, its width and its width.
+/// As parts of the item: of its height, its width and its width.
 constexpr double wispLength = 0.5;
 constexpr double sway = 0.07;
 constexpr double thickness = 0.1;
 
-/// A line that sways once on its way up from `bottom`.
+/// A line that rises from `bottom` and sways once.
 QPainterPath wisp(const QPointF &bottom, double length, double swing)
 {
     QPainterPath path(bottom);

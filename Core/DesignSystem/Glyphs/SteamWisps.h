@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// Three wisps of steam at one moment of their rise: one picture of a SteamView.
+/// Three wisps of steam at one moment of their rise. One frame of a SteamView.
 class SteamWisps : public quorvel::ThemedItem
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     [[nodiscard]] QColor color() const { return m_color; }
     void setColor(const QColor &color);
-    /// How far the rise has come; a whole number is where it began.
+    /// The phase of the rise. At whole numbers it starts again.
     [[nodiscard]] qreal phase() const { return m_phase; }
     void setPhase(qreal phase);
 

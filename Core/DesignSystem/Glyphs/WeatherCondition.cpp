@@ -20,7 +20,7 @@ struct Row
 const QList<Row> &rows()
 {
     using enum WeatherTint;
-    // Deliberate: snow showers have the colour of rain, plain snow that of clouds.
+    // Deliberate: snow showers have the colour of rain, plain snow has the colour of clouds.
     static const QList<Row> all{
         {0, 0, u"sun.max"_s, u"moon.stars.fill"_s, u"Clear"_s, Sun},
         {1, 1, u"sun.max"_s, u"moon.stars.fill"_s, u"Mostly clear"_s, Sun},
@@ -46,7 +46,7 @@ WeatherCondition WeatherCondition::config(int code, bool isDay)
         if (code >= row.first && code <= row.last)
             return {isDay ? row.byDay : row.byNight, row.label, row.tint};
     }
-    // Deliberate: a night of an unknown code has a plain moon, a clear one has stars, too.
+    // Deliberate: at night an unknown code shows a plain moon; a clear sky shows stars too.
     return {isDay ? u"sun.max"_s : u"moon"_s, u"Clear"_s, WeatherTint::Sun};
 }
 

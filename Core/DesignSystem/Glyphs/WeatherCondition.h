@@ -6,7 +6,7 @@ namespace quorvel {
 
 enum class WeatherTint { Sun, Cloud, Rain };
 
-/// What a weather code means to a person. The one place where the codes are interpreted.
+/// The meaning of a weather code. The only place that interprets these codes.
 struct WeatherCondition
 {
     QString symbol;
@@ -15,7 +15,7 @@ struct WeatherCondition
 
     bool operator==(const WeatherCondition &) const = default;
 
-    /// Codes are those of the World Meteorological Organization; every other one is clear.
+    /// Takes a code of the World Meteorological Organization. Unknown codes are clear.
     [[nodiscard]] static WeatherCondition config(int code, bool isDay);
 };
 

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// The weather as a symbol in the colour of its kind. `conditionLabel` is the same in words.
+/// The weather as a symbol, in the colour of its condition. `conditionLabel` names the condition.
 class WeatherGlyph : public quorvel::ThemedItem
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     /// The side of the symbol's square, in points.
     [[nodiscard]] qreal size() const { return m_size; }
     void setSize(qreal size);
-    /// Whether it stands on white, whatever the look.
+    /// Whether the glyph stands on white in light and in dark.
     [[nodiscard]] bool isOnWhite() const { return m_isOnWhite; }
     void setOnWhite(bool isOnWhite);
     [[nodiscard]] QString conditionLabel() const;

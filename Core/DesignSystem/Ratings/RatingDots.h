@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// A score to read: five dots in a row, as many of them lit. What they rate is said beside them.
+/// Shows a score: five dots in a row, `score` of them lit. A text beside them says what is rated.
 class RatingDots : public quorvel::ThemedItem
 {
     Q_OBJECT

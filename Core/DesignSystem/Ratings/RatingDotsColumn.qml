@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What is rated, in a short word, and its score.
+// A short label and its score as dots.
 Column {
     id: root
 

@@ -5,8 +5,7 @@
 
 namespace quorvel {
 
-/// The scores that can be given, from 1 to 5, and how a change stays among them. Serves the rating
-/// controls.
+/// The scale of scores, from 1 to 5, and how a change stays within it. Serves the rating controls.
 class RatingScale : public QObject
 {
     Q_OBJECT
@@ -22,7 +21,7 @@ public:
     [[nodiscard]] Q_INVOKABLE static int raised(int score);
     [[nodiscard]] Q_INVOKABLE static int lowered(int score);
     [[nodiscard]] Q_INVOKABLE static int clamped(int score);
-    /// Whether the star or dot at `place`, counted from 1, is one of the score's.
+    /// Whether the star or dot at `place`, counted from 1, is lit for the score.
     [[nodiscard]] Q_INVOKABLE static bool isLit(int place, int score);
     /// "3 of 5"
     [[nodiscard]] Q_INVOKABLE static QString description(int score);

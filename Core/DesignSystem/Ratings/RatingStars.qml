@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Five stars to give a score with: a click, the arrow keys, or an assistive tool, for which they
-// are one slider. They show `value` and tell of each change; their owner keeps it.
+// Five stars to set a score: by click, by arrow keys, or by an assistive tool, which sees one
+// slider. They show `value` and report each change; the owner keeps it.
 FocusScope {
     id: root
 
@@ -26,7 +26,7 @@ FocusScope {
     Item {
         id: slider
 
-        // An assistive tool writes to this one, past every signal of ours.
+        // Assistive tools write this property directly, without any signal of ours.
         property int value: root.value
         readonly property int minimumValue: RatingScale.lowest
         readonly property int maximumValue: RatingScale.highest

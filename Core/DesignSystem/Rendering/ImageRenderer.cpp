@@ -13,7 +13,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// A window that nobody sees. What is in it lies where its upper left corner is.
+/// A window that is never shown. Its content starts at its upper left corner.
 class Canvas final
 {
 public:
@@ -33,8 +33,7 @@ public:
         m_window.setGeometry({{}, size});
         m_control.sync();
         m_control.render();
-        // Lifetime: the window stays for as long as what is in it, which is longer than the
-        // picture.
+        // Lifetime: the window lives as long as its content, which outlives the picture.
         m_window.setRenderTarget({});
         return image;
     }
@@ -59,7 +58,7 @@ QImage image(QQmlEngine &engine, const QString &module, const QString &view,
         auto *item = qobject_cast<QQuickItem *>(object.get());
         return item ? canvas.draw(*item, scale) : QImage();
     } catch (const ViewError &) {
-        // Silent: whoever shares has no picture, and says so in its own way.
+        // Silent: the caller gets no picture and reports that in its own way.
         return {};
     }
 }

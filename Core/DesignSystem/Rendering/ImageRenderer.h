@@ -5,12 +5,12 @@
 
 class QQmlEngine;
 
-/// Draws views that no window shows, for what is shared as a picture.
+/// Draws views off screen, for pictures that are shared.
 namespace quorvel::ImageRenderer {
 
-/// Draws `view` of the module `Quorvel.<module>`, made with its required properties, in its own
-/// size at `scale` pixels a point. Where it draws nothing the picture is transparent. Null when the
-/// view cannot be made, or where something else than the processor draws.
+/// Draws `view` of the module `Quorvel.<module>` with its required properties, in its own size,
+/// with `scale` pixels per point. The background is transparent. Returns a null image if the view
+/// cannot be made, or if Qt Quick does not use its software renderer.
 [[nodiscard]] QImage image(QQmlEngine &engine, const QString &module, const QString &view,
                            const QVariantMap &requiredProperties, qreal scale);
 

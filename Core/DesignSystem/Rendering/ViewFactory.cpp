@@ -12,7 +12,7 @@ std::unique_ptr<QObject> ViewFactory::make(QQmlEngine &engine, const QString &mo
 {
     const QUrl url(u"qrc:/qt-project.org/imports/Quorvel/%1/%2.qml"_s.arg(module, view));
     QQmlComponent component(&engine, url);
-    // Asked first: Qt 6.4 crashes on creating a component that it could not load.
+    // Check first: Qt 6.4 crashes when it creates a component that it could not load.
     std::unique_ptr<QObject> object(
         component.isReady() ? component.createWithInitialProperties(requiredProperties) : nullptr);
     if (!object)

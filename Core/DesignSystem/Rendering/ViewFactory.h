@@ -12,8 +12,8 @@ class QQmlEngine;
 
 namespace quorvel {
 
-/// A view that could not be made. The views are part of the program, so what is missing is one of
-/// Qt Quick's own modules on this system.
+/// A view could not be made. Our views are part of the program, so one of Qt Quick's own modules is
+/// missing on this system.
 class ViewError final : public LocalizedError
 {
 public:
@@ -27,7 +27,7 @@ private:
     QString m_description;
 };
 
-/// Makes the root object of a scene. Serves the owners of scenes.
+/// Makes the root object of a scene, for the owners of scenes.
 namespace ViewFactory {
 
 /// Makes `view` of the module `Quorvel.<module>` with its required properties. Throws ViewError.

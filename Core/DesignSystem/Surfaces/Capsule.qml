@@ -2,8 +2,8 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 
-// A white capsule on a picture, around what is put into it. It is white in every look, so what is
-// in it has the colours of the light one.
+// A white capsule on a picture, around its content. It is white in light and in dark, so its
+// content uses the light colours.
 Rectangle {
     id: root
 

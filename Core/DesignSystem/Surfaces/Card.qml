@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A block that stands out from its surroundings. It is as high as what is put into it.
+// A block with a background and a border. It is as high as its content.
 Rectangle {
     id: root
 

@@ -11,7 +11,7 @@ constexpr int reachPoints = 18;
 constexpr int downwards = 4;
 constexpr double darkest = 0.12;
 
-/// At the edge of the rectangle the shadow is darkest, and it is gone at its reach.
+/// The shadow is darkest at the edge of the rectangle and fades to nothing at its reach.
 QColor shade(double distance)
 {
     const double rest = 1 - distance / reachPoints;
@@ -34,7 +34,7 @@ void SoftShadow::paint(QPainter *painter)
         boundingRect().adjusted(reachPoints, reachPoints, -reachPoints, -reachPoints);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
-    // Rings of one point each: what the rectangle covers anyway is not painted.
+    // Rings of one point each. The area under the rectangle is not painted.
     for (int ring = -downwards; ring < reachPoints; ++ring) {
         const double distance = ring + 0.5;
         const double radius = std::max(0.0, m_cornerRadius + distance);

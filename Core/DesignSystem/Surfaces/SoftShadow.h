@@ -5,8 +5,8 @@
 
 namespace quorvel {
 
-/// What a rounded rectangle throws on what is behind it: soft, and a little downwards. It reaches
-/// beyond the rectangle, which covers the middle of it, by `reach` on each side.
+/// The soft shadow of a rounded rectangle, shifted slightly downwards. It extends beyond the
+/// rectangle by `reach` on each side; the rectangle covers its middle.
 class SoftShadow : public QQuickPaintedItem
 {
     Q_OBJECT

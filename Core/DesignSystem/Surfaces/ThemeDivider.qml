@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A hairline across the whole width, short of both edges.
+// A hairline across the width, with a margin at both ends.
 Item {
     id: root
 

@@ -6,9 +6,8 @@
 
 namespace quorvel {
 
-/// A symbol by its name, in one colour, as large as asked: the icon beside a text or in a button.
-/// An empty name is no symbol.
-/// It says nothing to assistive tools; what it stands for is said by the control around it.
+/// A symbol by name, in one colour and any size: the icon beside a text or in a button. An empty
+/// name draws nothing. Assistive tools skip it; the control around it has the name.
 class Symbol : public QQuickPaintedItem
 {
     Q_OBJECT

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace quorvel::SymbolDrawing {
 namespace {
 
-/// Counter-clockwise from three o'clock.
+/// Angles run counter-clockwise from three o'clock.
 void drawArc(QPainter &painter, const QPointF &centre, double radius, double start, double span)
 {
     const QRectF square(centre - QPointF(radius, radius), QSizeF(radius, radius) * 2);

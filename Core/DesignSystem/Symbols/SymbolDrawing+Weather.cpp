@@ -27,7 +27,7 @@ QPainterPath cloud(const QPointF &offset, double scale)
     return QTransform(scale, 0, 0, scale, offset.x(), offset.y()).map(path.simplified());
 }
 
-/// Leaves room for what falls from it.
+/// Leaves room for the rain or snow below it.
 QPainterPath highCloud()
 {
     return cloud({1.2, -2.6}, 0.9);
@@ -38,7 +38,7 @@ QPainterPath frontCloud()
     return cloud({0, 5.6}, 0.8);
 }
 
-/// `shadeAt` is where the dark part lies, in radii from the centre.
+/// `shadeAt` is the position of the dark part, in radii from the centre.
 QPainterPath crescent(const QPointF &centre, double radius, const QPointF &shadeAt)
 {
     const QPainterPath shade = circle(centre + shadeAt * radius, 0.8 * radius);

@@ -10,7 +10,7 @@ namespace quorvel::SymbolDrawing {
 namespace {
 
 constexpr double lineWidth = 1.75;
-/// In points: a thinner line would be a pale one on a coarse screen.
+/// In points. A thinner line would look pale on a screen of scale 1.
 constexpr double thinnestLine = 1.2;
 
 const SymbolFamily &drawings()
@@ -53,7 +53,7 @@ void drawTinted(QPainter &painter, const QString &name, const QColor &color, con
     painter.scale(size.width() / gridSize, size.height() / gridSize);
     draw(painter, name);
     painter.restore();
-    // As a whole, so that a translucent colour does not show where strokes overlap.
+    // Colour the drawing as a whole: overlapping strokes of a translucent colour would show.
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(QRectF({}, size), color);
 }

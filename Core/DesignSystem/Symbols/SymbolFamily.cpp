@@ -5,7 +5,7 @@
 namespace quorvel {
 namespace {
 
-/// Between what stands in front and what is behind it.
+/// The gap between a shape in front and the shapes behind it.
 constexpr double gap = 2.75;
 
 void strokeAway(QPainter &painter, const QPainterPath &path, const QBrush &brush, double width)

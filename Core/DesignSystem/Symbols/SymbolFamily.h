@@ -8,10 +8,10 @@ class QPainter;
 
 namespace quorvel {
 
-/// Symbols that are alike, by name. The drawing finds the pen and an empty brush ready.
+/// Similar symbols, by name. The pen and an empty brush are set before the drawing starts.
 using SymbolFamily = QHash<QString, void (*)(QPainter &)>;
 
-/// The families, and what they have in common. Serves SymbolDrawing.
+/// The families of symbols and their common helpers. Serves SymbolDrawing.
 namespace SymbolDrawing {
 
 [[nodiscard]] SymbolFamily weatherFamily();
@@ -21,14 +21,14 @@ namespace SymbolDrawing {
 [[nodiscard]] SymbolFamily actionFamily();
 [[nodiscard]] SymbolFamily paperFamily();
 
-/// The area together with its outline, so that it is as large as its unfilled sister.
+/// Fills the area with its outline, so that it is as large as the unfilled symbol.
 void fill(QPainter &painter, const QPainterPath &path);
 void dot(QPainter &painter, const QPointF &centre, double radius);
-/// Takes away what is under the line, as wide as given.
+/// Erases a line of the given width.
 void cut(QPainter &painter, const QPainterPath &line, double width);
-/// Takes away the area and a gap around it: what is drawn there next stands in front.
+/// Erases the area and a gap around it. The next shape there stands in front.
 void clear(QPainter &painter, const QPainterPath &area);
-/// From the upper left to the lower right through all that is drawn: it is off, or not there.
+/// Draws a slash from the upper left to the lower right: the thing is off or missing.
 void slash(QPainter &painter);
 
 [[nodiscard]] QPainterPath circle(const QPointF &centre, double radius);

@@ -4,8 +4,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Quorvel.DesignSystem
 
-// Whose data an item shows, told where the pointer rests on it. It is put over the item, and takes
-// no click from it. Empty, it tells nothing.
+// Names the source of an item's data in a tooltip. It lies over the item and takes no clicks. An
+// empty credit shows nothing.
 Item {
     id: root
 

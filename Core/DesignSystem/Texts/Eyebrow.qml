@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import Quorvel.DesignSystem
 
-// The small capitals above a section.
+// The heading of a section, in small capitals.
 PlainText {
     id: root
 

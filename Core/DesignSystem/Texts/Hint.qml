@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A sentence that helps, and does not ask for attention.
+// A sentence that helps, in a quiet colour.
 PlainText {
     color: Theme.color.textSecondary
     font: Theme.font.caption

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Every text on screen. Data is shown as it is: a network's name must never be read as markup.
+// The base of every text on screen. It is always plain: a network's name must never be read as
+// markup.
 Text {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A text of which parts can be marked and copied.
+// A text that can be selected and copied.
 TextEdit {
     id: root
 

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What stands in a button: a symbol, or the sign of being busy in its place, and the text.
+// The content of a button: a symbol and a text. While busy, a progress indicator replaces the
+// symbol.
 Row {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A word in a capsule that says what is special about a row.
+// A word in a capsule that marks a special row.
 Rectangle {
     id: root
 

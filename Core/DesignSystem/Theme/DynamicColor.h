@@ -6,14 +6,13 @@
 
 namespace quorvel {
 
-/// A colour of the theme: one value for light surroundings, one for dark ones. Which of them is
-/// seen is settled when it is drawn.
+/// A colour of the theme, with one value for light and one for dark. Drawing picks the value.
 class DynamicColor final
 {
 public:
     /// Two opaque values written as 0xRRGGBB.
     DynamicColor(QRgb l, QRgb d);
-    /// Red, green, blue and alpha of the light and of the dark value, each from 0 to 1.
+    /// Red, green, blue and alpha of the light and the dark value, each from 0 to 1.
     DynamicColor(float lr, float lg, float lb, float la, float dr, float dg, float db, float da);
 
     [[nodiscard]] QColor resolved(AppearanceStyle style) const;

@@ -4,7 +4,7 @@
 
 namespace quorvel {
 
-/// The coffee colours of what is painted in C++, and so keeps them in light and dark alike.
+/// Coffee colours for what C++ paints. They are the same in light and in dark.
 namespace Palette {
 
 inline constexpr QColor accentPale{0xf0, 0xb2, 0x65}; ///< Caramel, paler.

@@ -8,8 +8,8 @@ class QQmlEngine;
 
 namespace quorvel {
 
-/// The single source of colours and type for every view: `Theme.color.<token>` and
-/// `Theme.font.<token>`. One for the process; every QML engine is given the same.
+/// The colours and fonts of every view: `Theme.color.<token>` and `Theme.font.<token>`. There is
+/// one per process; all QML engines share it.
 class Theme final : public QObject
 {
     Q_OBJECT
@@ -23,11 +23,11 @@ public:
     [[nodiscard]] static Theme &shared();
     static Theme *create(QQmlEngine *engine, QJSEngine *scriptEngine);
 
-    /// Repaints whatever shows a colour of the theme.
+    /// Sets the appearance and repaints everything that shows a colour of the theme.
     void setStyle(AppearanceStyle style) { m_color.setStyle(style); }
 
     [[nodiscard]] ThemeColor *color() { return &m_color; }
-    /// The colours in light, for what stands on white in every look.
+    /// The light colours, for items that stand on white in light and in dark.
     [[nodiscard]] ThemeColor *lightColor() { return &m_lightColor; }
     [[nodiscard]] ThemeFont *font() { return &m_font; }
 

@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// The warm coffee palette, by token: `Theme.color.accent` in a view. Each colour is the one for
-/// the appearance in effect, and a view that reads one is repainted when that changes.
+/// The warm coffee palette by token: `Theme.color.accent` in a view. Each colour fits the current
+/// appearance. When the appearance changes, the views that read a colour repaint.
 class ThemeColor final : public QObject
 {
     Q_OBJECT
@@ -70,8 +70,8 @@ signals:
 private:
     AppearanceStyle m_style = AppearanceStyle::Light;
 
-    // Translucent tokens are the bytes of an opaque one over 255. Deliberate: light and dark
-    // differ in more than colour, soft tokens and borders also in alpha.
+    // Translucent tokens are given as bytes over 255. Deliberate: in soft tokens and borders, light
+    // and dark differ in alpha too.
     DynamicColor m_background{0xFBF6EF, 0x1A1410};
     DynamicColor m_surface{0xFFFFFF, 0x241C16};
     DynamicColor m_card{0xF4ECE0, 0x2C231C};

@@ -31,7 +31,7 @@ QFont rounded(QFont font)
 
 QFont ThemeFont::tempLarge() const
 {
-    // On first use: asking for a family makes Qt read the whole list of fonts.
+    // On first use: looking up a family makes Qt read the list of all fonts.
     static const QFont font = rounded(system(28, QFont::Medium));
     return font;
 }
@@ -51,8 +51,8 @@ QFont ThemeFont::system(int size, QFont::Weight weight)
     QFont font;
     font.setPixelSize(size);
     font.setWeight(weight);
-    // The scene graph cuts a letter off where its outline ends that was fitted to whole points, of
-    // which a fine screen or picture has the parts.
+    // Hinting fits outlines to whole points. At scale 2 the software scene graph then clips the top
+    // row of pixels.
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }

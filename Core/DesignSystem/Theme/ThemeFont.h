@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-/// The theme's text styles in the system's typeface: `Theme.font.body` in a view. A style is
-/// complete: QML cannot change one part of a font that it is given whole.
+/// The theme's text styles in the system's typeface: `Theme.font.body` in a view. Each style is a
+/// complete font, since QML cannot change one part of a font value.
 class ThemeFont final : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
     {}
 
     [[nodiscard]] QFont cafeName() const { return m_cafeName; }
-    /// In a typeface with rounded strokes where the system has one.
+    /// In a typeface with rounded strokes, if the system has one.
     [[nodiscard]] QFont tempLarge() const;
     [[nodiscard]] QFont body() const { return m_body; }
     [[nodiscard]] QFont caption() const { return m_caption; }
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] QFont tag() const { return m_tag; }
     /// The short word above RatingDots, with its tracking.
     [[nodiscard]] QFont ratingLabel() const;
-    /// `body`, heavier: what leads a row.
+    /// `body`, heavier: the main text of a row.
     [[nodiscard]] QFont bodyMedium() const { return m_bodyMedium; }
     /// `caption`, heavier: the last line of a shared card.
     [[nodiscard]] QFont captionSemibold() const { return m_captionSemibold; }
@@ -61,7 +61,7 @@ public:
     [[nodiscard]] QFont cardTitle() const { return m_cardTitle; }
 
 private:
-    /// Size in points of the design, each a logical pixel.
+    /// The size in points. A point is a logical pixel.
     [[nodiscard]] static QFont system(int size, QFont::Weight weight);
 
     QFont m_cafeName = system(17, QFont::DemiBold);

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// A drawing in the theme's colours, repainted when they change. Serves the glyphs.
+/// A painted item in the theme's colours. It repaints when they change. Serves the glyphs.
 class ThemedItem : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ public:
     explicit ThemedItem(QQuickItem *parent = nullptr);
 
 protected:
-    /// Of a property that shows: takes the new value, repaints, and says whether it is one.
+    /// Stores the new value of a visible property and repaints. Returns whether it changed.
     template <typename Value>
     [[nodiscard]] bool change(Value &member, const Value &value)
     {

@@ -6,15 +6,14 @@
 
 namespace quorvel {
 
-/// The place of one waiter, for services whose facility answers when it likes. It lives on the main
-/// thread.
+/// Holds one waiter, for services whose facility answers at any time. Main thread only.
 template <class Value>
 class OneShotSlot final
 {
 public:
     OneShotSlot() = default;
     Q_DISABLE_COPY_MOVE(OneShotSlot)
-    /// Ends all waits with Abandoned, the replaced ones too, before it returns.
+    /// Ends all waits with Abandoned, also the replaced ones, before it returns.
     ~OneShotSlot();
 
     class [[nodiscard]] Wait final
@@ -33,14 +32,14 @@ public:
         std::shared_ptr<Delivery<Value>> m_delivery;
     };
 
-    /// Takes the place, to be awaited once. Deliberate: whoever held it stays suspended until the
-    /// slot is destroyed, whatever comes in.
+    /// Takes the slot. Await the result once. Deliberate: an earlier waiter stays suspended until
+    /// the slot is destroyed.
     Wait wait();
 
     [[nodiscard]] bool isWaiting() const { return m_waiting != nullptr; }
 
-    /// Empties the slot, then lets the waiter go on in a turn of the event loop of its own. Nothing
-    /// happens when nobody waits.
+    /// Empties the slot, then resumes the waiter in its own turn of the event loop. Does nothing
+    /// without a waiter.
     void end(Outcome<Value> outcome);
     void finish(Value value) { end(Outcome<Value>::success(std::move(value))); }
     template <class Error>

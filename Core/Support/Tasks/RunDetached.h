@@ -6,8 +6,8 @@
 
 namespace quorvel {
 
-/// What a function ended in: its value, or what it threw, whatever its type. The function and all
-/// that it holds are gone by then.
+/// The result of a function: its value, or its exception of any type. The function and everything
+/// that it holds are destroyed by then.
 template <class Value, class Function>
 [[nodiscard]] Outcome<Value> outcomeOf(std::unique_ptr<Function> function)
 {
@@ -23,16 +23,15 @@ template <class Value, class Function>
     }
 }
 
-/// Runs a function on another thread, for work that would keep the main thread waiting. It owns the
-/// values that it works on and shares none; its value, or what it threw, comes back to the main
-/// thread.
+/// Runs a function on another thread, for work that would block the main thread. The function owns
+/// its values and shares none. Its value or its exception comes back to the main thread.
 template <class Function>
 [[nodiscard]] Task<std::invoke_result_t<Function>> runDetached(Function function)
 {
     using Result = std::invoke_result_t<Function>;
     using Value = std::conditional_t<std::is_void_v<Result>, std::monostate, Result>;
     Pending<Value> pending;
-    // What the pool runs has to be copyable, which the function need not be.
+    // The pool needs a copyable closure; the function need not be copyable.
     auto shared = std::make_shared<std::unique_ptr<Function>>(
         std::make_unique<Function>(std::move(function)));
     QThreadPool::globalInstance()->start([shared, completion = pending.completion()] {

@@ -12,7 +12,7 @@ Task<> endIfItThrows(Task<> task)
     try {
         co_await task;
     } catch (const Abandoned &) {
-        // Silent on purpose: who should have answered is gone, and with it whoever asked.
+        // Silent on purpose: the facility is gone, and so is the caller.
     } catch (const std::exception &error) {
         qFatal("A task nobody awaits threw: %s", error.what());
     } catch (...) {

@@ -12,30 +12,30 @@
 
 namespace quorvel {
 
-/// What an asynchronous operation returns, for all who write or await one. It starts at the call,
-/// runs on the main thread and goes on by itself when nobody holds it any more.
+/// The return type of every asynchronous operation. A task starts at the call, runs on the main
+/// thread, and continues even if nobody holds it.
 template <class Value = void>
 using Task = QCoro::Task<Value>;
 
-/// Ends the wait for an answer that nobody is left to give. Not for the user: it only unwinds
-/// whoever waited.
+/// Ends the wait for an answer that can no longer come. It only unwinds the waiting coroutine; the
+/// user never sees it.
 class Abandoned final : public std::exception
 {
 public:
     [[nodiscard]] const char *what() const noexcept override;
 };
 
-/// Runs the action in a turn of the main event loop that begins after the caller's has ended. From
-/// any thread.
+/// Runs the action in a later turn of the main event loop than the caller's. Any thread may call
+/// it.
 void postToMainThread(std::function<void()> action);
 
-/// One outcome on its way to the one coroutine that awaits it, before or after it arrives. Lives on
-/// the main thread.
+/// Carries one outcome to the one coroutine that awaits it; either may come first. Main thread
+/// only.
 template <class Value>
 class Delivery final
 {
 public:
-    /// Once. The coroutine goes on when told to.
+    /// Sets the outcome, once. The coroutine resumes when it is told to.
     void arrive(Outcome<Value> outcome) { m_outcome.emplace(std::move(outcome)); }
     void resume()
     {
@@ -68,11 +68,11 @@ private:
     std::coroutine_handle<> m_waiter;
 };
 
-/// The bridge from a call that ends in a Completion to a coroutine, once:
+/// The bridge from a call with a Completion to a coroutine, for one call:
 /// `Pending<T> pending; facility.operation(pending.completion()); auto value = co_await pending;`.
-/// It gives the value, throws the call's error, or throws Abandoned when the completion was
-/// destroyed without having been called. The coroutine goes on in a turn of the event loop of its
-/// own, where it may even destroy the facility.
+/// Awaiting it returns the value, throws the call's error, or throws Abandoned if the completion
+/// was destroyed before it was called. The coroutine resumes in its own turn of the event loop,
+/// where it may even destroy the facility.
 template <class Value>
 class Pending final
 {
@@ -80,7 +80,7 @@ public:
     Pending() = default;
     Q_DISABLE_COPY_MOVE(Pending)
 
-    /// To be asked for once. May be called on any thread; only its first call counts.
+    /// Ask for it once. Any thread may call it; only the first call counts.
     [[nodiscard]] Completion<Value> completion()
     {
         Q_ASSERT(m_sender);
@@ -89,7 +89,8 @@ public:
         };
     }
 
-    /// Copies of an awaited variable would lose its state: the awaiter is always a new object.
+    /// The awaiter is always a new object, since a copy of an awaited variable would lose its
+    /// state.
     [[nodiscard]] auto operator co_await()
     {
         m_sender.reset();
@@ -110,7 +111,7 @@ private:
         {
             if (!m_delivery)
                 return;
-            // A closure that can be posted can be copied, which an outcome need not be.
+            // A posted closure must be copyable; an outcome need not be.
             auto shared = std::make_shared<Outcome<Value>>(std::move(outcome));
             postToMainThread(
                 [delivery = std::exchange(m_delivery, {}), shared = std::move(shared)] {
@@ -127,12 +128,12 @@ private:
     std::shared_ptr<Sender> m_sender = std::make_shared<Sender>(m_delivery);
 };
 
-/// Lets a task run that nobody awaits. An exception that leaves it is a bug and ends the program
-/// with its text; only an abandoned task ends in silence.
+/// Runs a task that nobody awaits. An exception that leaves it is a bug: it ends the program with
+/// the exception's text. Only Abandoned ends the task silently.
 void spawn(Task<> task);
 
-/// Unwinds whoever still waits for a facility that is gone, where no event loop will run again to
-/// do it: once, when the program has taken down what it was made of. On the main thread.
+/// Unwinds the coroutines that still wait for a facility that is gone. Call it once on the main
+/// thread, after the program has destroyed its parts: no event loop will run again to do it.
 void unwindAbandonedTasks();
 
 } // namespace quorvel

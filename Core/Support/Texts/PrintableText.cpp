@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Control characters begin what a terminal carries out, and the marks of reading order that stay
-/// in force turn around what is printed after the text.
+/// Control characters start terminal commands. Bidirectional marks that stay in force reverse what
+/// is printed after the text.
 bool isOrder(QChar character)
 {
     const char16_t code = character.unicode();
@@ -44,8 +44,8 @@ bool isEscaped(QChar character)
     return isOrder(character) || isLineBreak(character);
 }
 
-/// Whether JSON, which has no other control characters, may have one to be escaped: in UTF-8 they
-/// begin with these bytes.
+/// Whether the JSON may contain a character to escape: in UTF-8 these characters begin with one of
+/// these bytes. JSON contains no other control characters.
 bool mayHaveEscaped(const QByteArray &json)
 {
     return json.contains('\x7f') || json.contains('\xc2') || json.contains('\xe2');
@@ -70,7 +70,7 @@ QString lines(const QString &text)
 
 QByteArray json(const QJsonObject &object)
 {
-    // Nothing but its strings holds such a character, so that each can be escaped where it stands.
+    // Only strings contain such characters, so each can be escaped in place.
     QByteArray utf8 = QJsonDocument(object).toJson(QJsonDocument::Compact);
     if (!mayHaveEscaped(utf8))
         return utf8;

@@ -4,17 +4,17 @@
 #include <QJsonObject>
 #include <QString>
 
-/// Texts of the web, the radio and the user for the eyes of a terminal, which takes some characters
-/// for orders. Each of those becomes the replacement character, where nothing else is said.
+/// Makes texts from the web, the radio and the user safe to print on a terminal. Characters that a
+/// terminal would obey become the replacement character, unless said otherwise.
 namespace quorvel::PrintableText {
 
-/// In one line: what breaks lines becomes a blank.
+/// The text in one line: line breaks become blanks.
 [[nodiscard]] QString line(const QString &text);
 
-/// With its line breaks, whatever made them, as line feeds.
+/// The text with its line breaks, all as line feeds.
 [[nodiscard]] QString lines(const QString &text);
 
-/// An object in one line of UTF-8. Nothing is lost: the orders are escaped.
+/// The object in one line of UTF-8. Nothing is lost: control characters are escaped.
 [[nodiscard]] QByteArray json(const QJsonObject &object);
 
 } // namespace quorvel::PrintableText

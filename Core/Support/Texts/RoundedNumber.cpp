@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 QString roundedNumber(double number)
 {
-    // By way of an integer, so that nothing just below zero reads as "-0".
+    // The integer keeps numbers just below zero from reading as "-0".
     return std::isfinite(number) ? QString::number(std::llround(number)) : u"–"_s;
 }
 

@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-/// A number as people read it: the nearest integer, halves away from zero, without grouping. "–"
-/// where it is no number.
+/// The nearest integer as text, halves away from zero, without grouping. "–" for a value that is
+/// not a number.
 [[nodiscard]] QString roundedNumber(double number);
 
 } // namespace quorvel

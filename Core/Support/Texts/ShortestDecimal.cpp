@@ -8,7 +8,7 @@ namespace quorvel {
 
 namespace {
 
-/// Outside of these magnitudes a number is written with an exponent.
+/// Outside these magnitudes a number is written with an exponent.
 constexpr double leastPlain = 1e-4;
 constexpr double leastBeyondPlain = 1e16;
 
