@@ -1,0 +1,358 @@
+"""usage: mutants.py FOLDER [--again]
+
+Makes small changes of the code in FOLDER, one at a time, and runs the folder's tests on each. Lists
+what no test noticed. Everything happens in a copy of the tree, `build/mutants`.
+
+The folder's tests are the compiled ones of Tests/FOLDER, or of the nearest folder above it that has
+any, and those of Tests/Contract that link a library of FOLDER; without the label `world` or
+`desktop`. Each runs in a box in which it can
+write nothing but its own home and /tmp, both in memory. A test that does not end counts as one
+that noticed.
+
+With --again only those changes are tried that survived the last time.
+Ends well if at least 90 % were noticed of those that compile.
+"""
+
+import argparse
+import collections
+import concurrent.futures
+import json
+import os
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+import mutation
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+COPY = ROOT / "build/mutants"
+BUILD = COPY / "build/dev"
+WANTED = 0.9
+PREAMBLE = (b'#pragma clang diagnostic ignored "-Weverything"\n'
+            b'#include "Tests/Mutants/Mutant.h"\n#line 1\n')
+DIAGNOSTIC = re.compile(r"^([^:\s]+):(\d+):(\d+): (error|fatal error|note): ", re.MULTILINE)
+# How long a test may take that took no time at all before, and how much longer than before.
+PATIENCE_SECONDS, PATIENCE_FACTOR = 5, 10
+
+Test = collections.namedtuple("Test", "name command environment home")
+
+
+def fail(message):
+    sys.exit(f"mutants: {message}")
+
+
+def say(message):
+    print(f"mutants: {message}", flush=True)
+
+
+# --- the copy
+
+def copy_tree():
+    """Writes only what differs, so that nothing is built again without need."""
+    wanted = set()
+    for folder, folders, names in os.walk(ROOT):
+        folders[:] = [name for name in folders if name not in ("build", ".git", "__pycache__")]
+        for name in names:
+            source = pathlib.Path(folder, name)
+            target = COPY / source.relative_to(ROOT)
+            wanted.add(target)
+            if not target.exists() or target.read_bytes() != source.read_bytes():
+                target.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy(source, target)
+    for folder, folders, names in os.walk(COPY):
+        folders[:] = [name for name in folders if name != "build"]
+        for name in names:
+            if pathlib.Path(folder, name) not in wanted:
+                pathlib.Path(folder, name).unlink()
+
+
+def run(*command):
+    return subprocess.run(command, cwd=COPY, capture_output=True, text=True, check=False)
+
+
+def build(*targets):
+    """The output of a build that failed, or nothing."""
+    os.environ.update(CCACHE_BASEDIR=str(COPY), CCACHE_NOHASHDIR="1",
+                      CCACHE_SLOPPINESS="pch_defines,time_macros")
+    done = run("ninja", "-C", BUILD, "-j", str(os.cpu_count()), "-k", "0", *targets)
+    return done.stdout + done.stderr if done.returncode else ""
+
+
+def configure():
+    done = run("cmake", "--preset", "dev")
+    if done.returncode:
+        fail("the copy could not be configured:\n" + done.stdout + done.stderr)
+
+
+# --- the tests
+
+def tests_of(folder):
+    """Those of the folder or of the nearest one above it; beside them the contracts of its
+    libraries."""
+    listing = json.loads(run("ctest", "--test-dir", BUILD, "--show-only=json-v1").stdout)
+    places = {}
+    for test in listing["tests"]:
+        values = {each["name"]: each["value"] for each in test["properties"]}
+        environment = dict(each.split("=", 1) for each in values.get("ENVIRONMENT", []))
+        home = environment.get("HOME")
+        if not home or {"world", "desktop", "program"} & set(values.get("LABELS", [])):
+            continue
+        command = test.get("command", [str(BUILD / "tests" / test["name"])])
+        places.setdefault(pathlib.Path(values["WORKING_DIRECTORY"]), []).append(
+            Test(test["name"], command, environment, home))
+    found, room = [], BUILD / "Tests" / folder.removeprefix("_")
+    while not found and room != BUILD / "Tests":
+        found = [test for place, tests in places.items() if place.is_relative_to(room)
+                 for test in tests]
+        room = room.parent
+    contracts = places.get(BUILD / "Tests/Contract", [])
+    return found + [test for test in contracts if test not in found and links(test.name, folder)]
+
+
+def links(name, folder):
+    inputs = run("ninja", "-C", BUILD, "-t", "inputs", f"tests/{name}").stdout.split()
+    return any(each.startswith(f"{folder}/") and each.endswith(".a") for each in inputs)
+
+
+class Box:
+    """Runs one test where it cannot harm anything."""
+
+    def __init__(self, test, reached=None):
+        self.test = test
+        self.command = [
+            "bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--cap-add", "ALL",
+            "--unshare-pid", "--unshare-net", "--unshare-ipc", "--die-with-parent",
+            "--tmpfs", "/tmp", "--tmpfs", "/var/tmp", "--tmpfs", test.home,
+            "--perms", "0700", "--dir", f"{test.home}/run", "--chdir", "/tmp",
+        ]
+        self.environment = {**os.environ, **test.environment}
+        for name in ("TMPDIR", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):
+            self.environment.pop(name, None)
+        if reached:
+            self.command += ["--bind", reached, reached]
+            self.environment["QUORVEL_MUTANTS_REACHED"] = reached
+
+    def passes(self, number=0, patience=600):
+        environment = {**self.environment, "QUORVEL_MUTANT": str(number)}
+        with subprocess.Popen([*self.command, *self.test.command], env=environment,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL) as process:
+            try:
+                return process.wait(patience) == 0
+            except subprocess.TimeoutExpired:
+                process.kill()
+                return False
+
+
+def try_unchanged(test, count):
+    """How long the test takes, and the numbers that it comes to; nothing if it fails."""
+    with tempfile.NamedTemporaryFile(dir=BUILD) as file:
+        file.write(bytes(count + 1))
+        file.flush()
+        begun = time.monotonic()
+        if not Box(test, file.name).passes():
+            return None
+        duration = time.monotonic() - begun
+        reached = pathlib.Path(file.name).read_bytes()
+        return duration, {number for number, byte in enumerate(reached) if byte}
+
+
+# --- the changes
+
+def find_edits(folder):
+    """All edits of the folder's own files. Fakes are no product: they serve the tests."""
+    files = {str(path): path.read_bytes() for path in sorted((COPY / folder).rglob("*"))
+             if path.suffix in (".cpp", ".h") and not path.name.startswith("Fake")}
+    commands = {each["file"]: arguments_of(each["command"]) for each in
+                json.loads((BUILD / "compile_commands.json").read_text())}
+    seen = {}
+    with concurrent.futures.ProcessPoolExecutor(os.cpu_count()) as pool:
+        def read(sources):
+            found = pool.map(mutation.find, sources,
+                             [arguments_for(path, commands) for path in sources],
+                             [files] * len(sources))
+            seen.update(dict.fromkeys(edit for edits in found for edit in edits))
+
+        read([path for path in files if path in commands])
+        # Headers that none of those includes.
+        read(sorted(set(files) - set(commands) - {edit.path for edit in seen}))
+    return files, list(seen)
+
+
+def arguments_for(path, commands):
+    """A header is compiled as whatever stands nearest to it."""
+    if path in commands:
+        return commands[path]
+    folder = os.path.relpath(path, COPY)
+    near = None
+    while not near:
+        folder = os.path.dirname(folder)
+        roots = tuple(f"{root}/{folder}/" for root in (COPY, BUILD))
+        near = next((each for each in commands if each.startswith(roots)), None)
+    return [*commands[near], "-w", "-x", "c++"]
+
+
+def arguments_of(command):
+    """Without the compiler, its cache and the names of the files."""
+    words = shlex.split(command)
+    first = next(i for i, word in enumerate(words) if word.startswith("-"))
+    return words[first:words.index("-o")]
+
+
+class Mutation:
+    """The copy with all its changes, less those that do not compile."""
+
+    def __init__(self, files, edits):
+        self.files, self.edits = files, edits
+        mutants = sorted({edit.mutant for edit in edits if edit.mutant})
+        self.numbers = {mutant: number for number, mutant in enumerate(mutants, 1)}
+        self.uncompiled = set()
+        self._rendered = {}
+
+    def write(self):
+        edits = {}
+        for edit in self.edits:
+            edits.setdefault(edit.path, []).append(edit)
+        for path, text in self.files.items():
+            code, places = mutation.render(text, edits.get(path, []), self.numbers)
+            code = PREAMBLE + code
+            self._rendered[path] = code.split(b"\n"), places
+            if pathlib.Path(path).read_bytes() != code:
+                pathlib.Path(path).write_bytes(code)
+
+    def drop_what_fails(self, output):
+        """Whether something could be taken out for what the compiler says."""
+        culprits, lines = set(), set()
+        blamed = False  # whether the last error has named its own place
+        for path, line, column, kind in DIAGNOSTIC.findall(output):
+            path, line = os.path.normpath(BUILD / path), int(line)
+            if kind != "note":
+                blamed = False
+            if path not in self.files:
+                continue
+            lines.add((path, line))
+            if kind != "note":
+                innermost = self._innermost(path, line, int(column))
+                culprits |= set(innermost)
+                blamed = bool(innermost)
+            if not blamed:
+                culprits |= set(self._constants_at(path, line))
+        if not culprits:
+            culprits = {edit for edit in self.edits
+                        if (edit.path, self._line(edit.path, edit.start)) in lines}
+        self._drop(culprits)
+        return bool(culprits)
+
+    def _line(self, path, offset):
+        return self.files[path].count(b"\n", 0, offset) + 1
+
+    def _constants_at(self, path, line):
+        return [edit for edit in self.edits if edit.path == path and edit.span
+                and self._line(path, edit.span[0]) <= line <= self._line(path, edit.span[1])]
+
+    def _innermost(self, path, line, column):
+        lines, places = self._rendered[path]
+        before = PREAMBLE.count(b"\n")
+        offset = sum(len(each) + 1 for each in lines[before:before + line - 1]) + column - 1
+        around = [(end - start, edits) for start, end, edits in places if start <= offset < end]
+        return min(around, key=lambda each: each[0])[1] if around else []
+
+    def _drop(self, culprits):
+        spans = [(edit.path, *edit.span) for edit in culprits if edit.span]
+        lost = {edit.mutant for edit in culprits if edit.mutant}
+        lost |= {edit.mutant for edit in self.edits for path, start, end in spans
+                 if edit.mutant and edit.path == path and start <= edit.start < end}
+        self.uncompiled |= lost
+        self.edits = [edit for edit in self.edits
+                      if edit not in culprits and edit.mutant not in lost]
+
+
+def build_mutants(folder, tests):
+    files, edits = find_edits(folder)
+    code = Mutation(files, edits)
+    say(f"{len(code.numbers)} changes in {folder}, {len(tests)} tests")
+    targets = [test.name for test in tests]
+    while True:
+        code.write()
+        output = build(*targets)
+        if not output:
+            return code
+        before = len(code.uncompiled)
+        if not code.drop_what_fails(output):
+            fail("the copy does not compile:\n" + output[-4000:])
+        say(f"{len(code.uncompiled) - before} do not compile; building without them")
+
+
+# --- the runs
+
+def survivors(numbers, tests):
+    """The numbers that no test notices, and those that none comes to."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        unchanged = list(pool.map(lambda test: try_unchanged(test, max(numbers, default=0)),
+                                  tests))
+        for test, result in zip(tests, unchanged):
+            if not result:
+                say(f"left out, since it fails without any change: {test.name}")
+        known = sorted(((*result, test) for test, result in zip(tests, unchanged) if result),
+                       key=lambda each: each[0])
+        say(f"the tests take {sum(each[0] for each in known):.1f} s; trying each change")
+
+        def survives(number):
+            return all(Box(test).passes(number, PATIENCE_SECONDS + PATIENCE_FACTOR * duration)
+                       for duration, reached, test in known if number in reached)
+
+        everywhere = set().union(*(reached for _, reached, _ in known))
+        reached = [number for number in numbers if number in everywhere]
+        outcome = list(zip(reached, pool.map(survives, reached)))
+    return {number for number, alive in outcome if alive}, set(numbers) - everywhere
+
+
+def describe(mutant, word):
+    path = pathlib.Path(mutant.path).relative_to(COPY)
+    after = mutant.after or "(nothing)"
+    return f"{path}:{mutant.line}: {word}: {mutant.before}  →  {after}"
+
+
+def main():
+    parser = argparse.ArgumentParser(usage=__doc__.partition("\n")[0].partition(" ")[2])
+    parser.add_argument("folder", type=lambda text: text.strip("/"))
+    parser.add_argument("--again", action="store_true")
+    arguments = parser.parse_args()
+    folder = arguments.folder
+    if not (ROOT / folder).is_dir():
+        fail(f"there is no folder {folder}")
+    copy_tree()
+    configure()
+    if output := build("quorvel_headers"):
+        fail(output)
+    tests = tests_of(folder)
+    if not tests:
+        fail(f"{folder} has no tests")
+    code = build_mutants(folder, tests)
+    tests = tests_of(folder)
+    numbers = {number: mutant for mutant, number in code.numbers.items()
+               if mutant not in code.uncompiled}
+    memory = COPY / "build" / (folder.replace("/", "-") + "-survivors.json")
+    if arguments.again and memory.exists():
+        last = {tuple(each) for each in json.loads(memory.read_text())}
+        numbers = {number: mutant for number, mutant in numbers.items() if mutant in last}
+    alive, unreached = survivors(sorted(numbers), tests)
+    for number, mutant in sorted(numbers.items()):
+        if number in alive | unreached:
+            print(describe(mutant, "survived" if number in alive else "not reached"))
+    memory.write_text(json.dumps([numbers[number] for number in sorted(alive | unreached)]))
+    caught = len(numbers) - len(alive) - len(unreached)
+    share = caught / len(numbers) if numbers else 1
+    print(f"{folder}: {len(numbers) + len(code.uncompiled)} made, {caught} caught "
+          f"({100 * share:.1f} %), {len(alive)} survived, {len(unreached)} not reached, "
+          f"{len(code.uncompiled)} do not compile")
+    return 0 if share >= WANTED else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
