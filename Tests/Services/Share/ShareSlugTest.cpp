@@ -84,6 +84,7 @@ private slots:
         row(u"ร้านกาแฟ ดี"_s, u"ร้านกาแฟ-ดี"_s);
         row(u"कॉफ़ी हाउस"_s, u"कॉफ़ी-हाउस"_s.normalized(QString::NormalizationForm_C));
         row(u"مقهى الفيشاوي"_s, u"مقهى-الفيشاوي"_s);
+        row(u"क्\u200Dष"_s, u"क्\u200Dष"_s);
         row(u"می\u200Cخواهم"_s, u"می\u200Cخواهم"_s);
         row(u"קפה תל אביב"_s, u"קפה-תל-אביב"_s);
 

@@ -55,6 +55,13 @@ private slots:
                             "Blue Door,10.5,-106.25,Cafe 5G,node/1\r\n"));
     }
 
+    void theWeatherOfANightIsNotOfTheDay()
+    {
+        const auto visit = bareVisit();
+        visit->setWeather(WeatherSnapshot{.weatherCode = 3, .isDay = false});
+        QVERIFY(VisitCsv::row(*visit).contains(",3,false,"));
+    }
+
     void aPlaceThatIsNoNumberIsEmpty()
     {
         const auto visit = bareVisit();

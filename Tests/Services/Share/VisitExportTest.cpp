@@ -17,6 +17,7 @@ using VisitExport::Format;
 using Visits = std::vector<std::shared_ptr<CheckIn>>;
 
 constexpr int manyVisits = 2'000;
+constexpr qsizetype pieceBytes = 64 * 1024;
 constexpr qsizetype pieceLimit = 66 * 1024;
 
 QByteArray textOf(const Visits &visits, Format format)
@@ -169,6 +170,21 @@ private slots:
         QCOMPARE(text.count("2026-03-03T07:05:00.120Z"), manyVisits);
         if (format != Format::Csv)
             QVERIFY(!parsed(text).isEmpty());
+    }
+
+    void aPieceEndsWhereItReachesItsLimit()
+    {
+        const qsizetype room = pieceBytes - textOf({bareVisit()}, Format::Csv).size();
+        const auto sizesWithNote = [](qsizetype length) {
+            const auto visit = bareVisit();
+            visit->setNote(QString(length, u'a'));
+            QList<qsizetype> sizes;
+            VisitExport::write({visit}, Format::Csv,
+                               [&sizes](QByteArrayView piece) { sizes.append(piece.size()); });
+            return sizes;
+        };
+        QCOMPARE(sizesWithNote(room - 1), QList<qsizetype>({pieceBytes - 1}));
+        QCOMPARE(sizesWithNote(room), QList<qsizetype>({pieceBytes, 0}));
     }
 
     void aSinkThatFailsEndsIt()
