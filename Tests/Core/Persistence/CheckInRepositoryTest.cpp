@@ -375,6 +375,14 @@ private slots:
         }
     }
 
+    void whatIsDecidedInATurnIsDecidedOnce()
+    {
+        Visits visits;
+        int decisions = 0;
+        visits.repository->inTurn([&decisions] { ++decisions; });
+        QCOMPARE(decisions, 1);
+    }
+
     void twoProcessesSeeEachOthersVisits()
     {
         Visits visits;

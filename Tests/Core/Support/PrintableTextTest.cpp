@@ -29,7 +29,7 @@ private slots:
         QTest::newRow("backspaces")
             << u"safe\b\b\b\bevil"_s << u"safe\ufffd\ufffd\ufffd\ufffdevil"_s;
         QTest::newRow("marks that turn the order")
-            << u"a\u202eb\u2066c\u2069"_s << u"a\ufffdb\ufffdc\ufffd"_s;
+            << u"a\u202ab\u202ec\u2066d\u2069"_s << u"a\ufffdb\ufffdc\ufffdd\ufffd"_s;
         QTest::newRow("their neighbours stay") << u"\u2029x\u202f\u206a"_s << u" x\u202f\u206a"_s;
         QTest::newRow("line breaks of all kinds")
             << u"a\nb\rc\r\nd\u2028e\u2029f"_s << u"a b c d e f"_s;
@@ -46,6 +46,23 @@ private slots:
     void linesKeepTheirBreaks()
     {
         QCOMPARE(PrintableText::lines(u"a\nb\rc\r\nd\u2028e\u001b"_s), u"a\nb\nc\nd\ne\ufffd"_s);
+    }
+
+    void jsonEscapesAnOrderThatComesAlone_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("json");
+        QTest::newRow("delete") << u"\u007f"_s << QByteArray("\\u007f");
+        QTest::newRow("a control character of two bytes") << u"\u0080"_s << QByteArray("\\u0080");
+        QTest::newRow("a mark that turns the order") << u"\u202a"_s << QByteArray("\\u202a");
+        QTest::newRow("none") << u"é"_s << QByteArray("é");
+    }
+
+    void jsonEscapesAnOrderThatComesAlone()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QByteArray, json);
+        QCOMPARE(PrintableText::json({{u"a"_s, text}}), "{\"a\":\"" + json + "\"}");
     }
 
     void jsonEscapesWhatATerminalWouldCarryOut()

@@ -55,6 +55,12 @@ private slots:
         QVERIFY(!m_model->data(m_model->index(0), 0).isValid());
     }
 
+    void aRowHasNoRowsBelowIt()
+    {
+        m_model->setRecords({{u"a"_s, 7}});
+        QCOMPARE(m_model->rowCount(m_model->index(0)), 0);
+    }
+
     void aListBecomesAnotherWithAsLittleAsItTakes_data()
     {
         QTest::addColumn<QString>("before");
