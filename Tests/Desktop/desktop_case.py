@@ -10,7 +10,6 @@ PANEL = "Quorvel"
 HISTORY = "Check-ins — Quorvel"
 # The toolkit adds the name of the program to a title that lacks it.
 DIAGNOSTICS = "Probe8 — Quorvel"
-PULSE_SECONDS = 2
 
 
 class DesktopCase(unittest.TestCase):
@@ -37,16 +36,19 @@ class DesktopCase(unittest.TestCase):
 
     def dot_heights(self):
         """The heights that the icon's dot has in turn, the smaller first."""
-        heights = {self.desktop.wait_for_icon().height}
+        first = self.desktop.wait_for_icon().height
+        other = self.desktop.wait_for_dot(
+            lambda dot: dot.height != first, "the dot changes its size"
+        ).height
+        return sorted((first, other))
 
-        def sees_both():
-            dot = self.desktop.icon()
-            if dot:
-                heights.add(dot.height)
-            return len(heights) > 1
-
-        self.desktop.wait_until(sees_both, "the dot changes its size", PULSE_SECONDS)
-        return sorted(heights)
+    def assert_dot_pulses(self):
+        """It grows and shrinks in turn."""
+        small, large = self.dot_heights()
+        for height in (small, large, small):
+            self.desktop.wait_for_dot(
+                lambda dot: dot.height == height, f"the dot is {height} high"
+            )
 
     def assert_wholly_shown(self, title):
         """The window has a line around it, and nothing cuts that off or covers it."""
@@ -55,6 +57,6 @@ class DesktopCase(unittest.TestCase):
             lambda: self.desktop.picture().crop(box).line_around(), f"all of {title} shows"
         )
 
-    def assert_ends_well(self, program, seconds=5):
+    def assert_ends_well(self, program):
         program.terminate()
-        self.assertEqual(program.status_within(seconds), 0, program.output())
+        self.assertEqual(program.status(), 0, program.output())

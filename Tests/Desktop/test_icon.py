@@ -2,7 +2,7 @@
 
 import unittest
 
-from desktop_case import PULSE_SECONDS, DesktopCase
+from desktop_case import DesktopCase
 
 
 class IconTest(DesktopCase):
@@ -18,12 +18,7 @@ class IconTest(DesktopCase):
 
     def test_its_dot_grows_and_shrinks_in_turn(self):
         self.start_shown_program()
-        small, large = self.dot_heights()
-        for height in (small, large, small):
-            self.desktop.wait_until(
-                lambda: self.desktop.icon().height == height, f"the dot is {height} high",
-                PULSE_SECONDS,
-            )
+        self.assert_dot_pulses()
 
     def test_a_host_is_offered_pictures_for_scales_one_to_two(self):
         host = self.desktop.start_fake_host()

@@ -58,7 +58,6 @@ class FollowedPointerTest(DesktopCase):
         middle = panel.left + panel.width // 2
         self.desktop.point(middle, panel.top - 1)
         self.desktop.wait_for_focused_window(DIAGNOSTICS)
-        self.desktop.settled_picture()
         self.desktop.point(middle, panel.top + 1)
         self.desktop.wait_for_focused_window(PANEL)
 

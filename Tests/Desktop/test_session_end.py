@@ -9,10 +9,10 @@ import unittest
 from desktop_case import PANEL, DesktopCase
 
 MANAGER = pathlib.Path(__file__).parent.parent / "Support/Desktop/fake_session_manager.py"
-PROMPT_SECONDS = 5
 # As the protocol counts: started again at the next login, or never.
 NEVER = 3
-IDLE_SECONDS = 2
+# What a busy test takes meanwhile, and how much of that a program that rests may take.
+BUSY_PROCESSOR_SECONDS = 1
 IDLE_SHARE = 0.1
 
 
@@ -23,7 +23,7 @@ class SignalTest(DesktopCase):
                 program = self.start_program()
                 self.desktop.wait_until_reachable(program)
                 os.kill(program.pid, request)
-                self.assertEqual(program.status_within(PROMPT_SECONDS), 0, program.output())
+                self.assertEqual(program.status(), 0, program.output())
 
 
 class LogOutTest(DesktopCase):
@@ -56,7 +56,7 @@ class LogOutTest(DesktopCase):
 
     def log_out(self):
         os.kill(self.manager.pid, signal.SIGUSR1)
-        self.assertEqual(self.program.status_within(PROMPT_SECONDS), 0, self.program.output())
+        self.assertEqual(self.program.status(), 0, self.program.output())
         said = self.manager.output()
         self.assertNotIn("asks", said)
         self.assertNotIn("failed", said)
@@ -85,13 +85,17 @@ class LossTest(DesktopCase):
     def test_it_ends_with_its_screen(self):
         program = self.start_shown_program()
         self.desktop.process("screen").end()
-        self.assertIsNotNone(program.status_within(PROMPT_SECONDS), "it runs without a screen")
-        self.assertGreaterEqual(program.status_within(0), 0, program.output())
+        self.assertIsNotNone(program.status(), "it runs without a screen")
+        self.assertGreaterEqual(program.status(), 0, program.output())
 
     def processor_share(self, program):
+        """What the program takes of the processor while this test takes all that it can get, in
+        parts of that. The system is fair: a program that turns in circles takes as much."""
         before = self.processor_seconds(program)
-        time.sleep(IDLE_SECONDS)
-        return (self.processor_seconds(program) - before) / IDLE_SECONDS
+        begun = time.process_time()
+        while (taken := time.process_time() - begun) < BUSY_PROCESSOR_SECONDS:
+            pass
+        return (self.processor_seconds(program) - before) / taken
 
     @staticmethod
     def processor_seconds(program):

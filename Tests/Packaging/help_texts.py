@@ -5,8 +5,9 @@ import os
 import re
 import subprocess
 
+from patience import PATIENCE_SECONDS
+
 PROGRAM = os.environ["QUORVEL_PROGRAM"]
-SECONDS = 20
 COMMAND = re.compile(r"^  ([a-z][a-z-]+)  ", re.MULTILINE)
 OPTION = re.compile(r"^  (?:(-[a-z]), )?(--[a-z-]+)(?: ([A-Z]+))?  ", re.MULTILINE)
 
@@ -19,7 +20,7 @@ def help_text(*command):
 def output(*arguments):
     return subprocess.run(
         [PROGRAM, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True,
-        timeout=SECONDS, check=True,
+        timeout=PATIENCE_SECONDS, check=True,
     ).stdout
 
 

@@ -9,9 +9,10 @@ import shutil
 import subprocess
 import tempfile
 
+from patience import PATIENCE_SECONDS
+
 COMPLETIONS = pathlib.Path(os.environ["QUORVEL_COMPLETIONS"])
 HERE = pathlib.Path(__file__).parent
-SECONDS = 20
 # Bash takes a "=" for a word, and hands a file to the last word alone.
 BASH_WORD = re.compile(r"=|[^\s=]+")
 
@@ -66,7 +67,7 @@ def _lines(command, folder):
     with tempfile.TemporaryDirectory(prefix="quorvel-shell-") as home:
         finished = subprocess.run(
             command, cwd=folder, env=_environment(home), stdin=subprocess.DEVNULL,
-            capture_output=True, text=True, timeout=SECONDS, check=True,
+            capture_output=True, text=True, timeout=PATIENCE_SECONDS, check=True,
         )
     if finished.stderr:
         raise AssertionError(finished.stderr)
@@ -79,7 +80,7 @@ def _run_in_terminal(command, folder, variables):
         environment = {**_environment(folder), **{k: str(v) for k, v in variables.items()}}
         subprocess.run(
             command, cwd=folder, env=environment, stdin=theirs, stdout=theirs, stderr=theirs,
-            start_new_session=True, timeout=SECONDS, check=True,
+            start_new_session=True, timeout=PATIENCE_SECONDS, check=True,
         )
     finally:
         os.close(theirs)

@@ -11,10 +11,10 @@ import unittest
 import xml.etree.ElementTree
 
 import help_texts
+from patience import PATIENCE_SECONDS
 from private_home import private_home
 
 BUILD = pathlib.Path(os.environ["QUORVEL_BUILD"])
-SECONDS = 60
 ID = "com.zantho.quorvel"
 SIZES = (16, 22, 24, 32, 48, 64, 96, 128, 256, 512)
 ACTIONS = {"check-in": "--panel", "history": "--history", "diagnostics": "--probe"}
@@ -40,7 +40,7 @@ BASH_LOADING = """
 def cmake(*arguments, **variables):
     subprocess.run(
         ["cmake", *map(str, arguments)], env={**os.environ, **variables}, stdout=subprocess.PIPE,
-        stderr=subprocess.STDOUT, timeout=SECONDS, check=True,
+        stderr=subprocess.STDOUT, timeout=PATIENCE_SECONDS, check=True,
     )
 
 
@@ -76,7 +76,7 @@ class InstallationTest(unittest.TestCase):
     def output(self, *command):
         return subprocess.run(
             command, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-            text=True, timeout=SECONDS, check=True,
+            text=True, timeout=PATIENCE_SECONDS, check=True,
         ).stdout
 
     def test_each_file_is_where_it_is_looked_for(self):

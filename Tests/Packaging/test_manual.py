@@ -7,10 +7,10 @@ import subprocess
 import unittest
 
 import help_texts
+from patience import PATIENCE_SECONDS
 
 SOURCE = pathlib.Path(os.environ["QUORVEL_SOURCE"])
 PAGE = SOURCE / "Packaging" / "quorvel.1"
-SECONDS = 20
 ATTRIBUTION = ("Map data © OpenStreetMap contributors.", "Weather by Open-Meteo.")
 SECTION = re.compile(r'^\.SH "?([A-Z ]+)"?$', re.MULTILINE)
 COMMAND = re.compile(r"^\.SS (.+)$", re.MULTILINE)
@@ -48,7 +48,7 @@ class ManualTest(unittest.TestCase):
             ["mandoc", "-T", "lint", "-W", "all", PAGE],
         ):
             finished = subprocess.run(
-                command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=SECONDS,
+                command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=PATIENCE_SECONDS,
                 env={"PATH": os.environ["PATH"], "LANG": "C.UTF-8"}, check=False,
             )
             said = finished.stdout.decode(errors="replace")

@@ -8,12 +8,12 @@ import subprocess
 import tempfile
 import unittest
 
+from patience import PATIENCE_SECONDS
 from private_home import private_home
 
 BUILD = os.environ["QUORVEL_BUILD"]
 CMAKE = os.environ["QUORVEL_CMAKE"]
 VERSION = os.environ["QUORVEL_VERSION"]
-LIMIT_SECONDS = 60
 # Of nobody: what is installed for it goes elsewhere.
 PREFIX = "/quorvel-of-this-test"
 PROGRAM = "bin/quorvel"
@@ -34,13 +34,13 @@ class InstallCase(unittest.TestCase):
         subprocess.run(
             [CMAKE, "--install", BUILD, "--prefix", prefix], check=True, umask=umask,
             env={**self.environment, **environment}, stdout=subprocess.DEVNULL,
-            timeout=LIMIT_SECONDS,
+            timeout=PATIENCE_SECONDS,
         )
 
     def run_program(self, prefix, *arguments):
         return subprocess.run(
             [prefix / PROGRAM, *arguments], env=self.environment, capture_output=True, text=True,
-            check=True, timeout=LIMIT_SECONDS,
+            check=True, timeout=PATIENCE_SECONDS,
         ).stdout
 
     def files(self, folder):

@@ -12,9 +12,9 @@ HERE = pathlib.Path(__file__).resolve().parent
 for neighbour in ("Support/Desktop", "Support/Session", "World"):
     sys.path.append(str(HERE.parent / neighbour))
 
+from patience import NotSeen  # noqa: E402
 from person import Person  # noqa: E402
 from picture import Box  # noqa: E402
-from processes import NotSeen  # noqa: E402
 from virtual_desktop import VirtualDesktop  # noqa: E402
 from wayland_desktop import WaylandDesktop  # noqa: E402
 from world import World  # noqa: E402

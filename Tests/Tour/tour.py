@@ -14,8 +14,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 for neighbour in ("Support/Desktop", "Support/Session", "World"):
     sys.path.append(str(HERE.parent / neighbour))
 
+from patience import PATIENCE_SECONDS, NotSeen  # noqa: E402
 from person import Person  # noqa: E402
-from processes import NotSeen  # noqa: E402
 from virtual_desktop import VirtualDesktop  # noqa: E402
 from world import World  # noqa: E402
 
@@ -31,8 +31,6 @@ NOTE = "Yên tĩnh, ổ cắm đầy đủ – sẽ quay lại."
 KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
 REFUSAL = "Already checked in today at this café."
 SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
-FIX_SECONDS = 1.5
-COMMAND_SECONDS = 10
 
 
 class Tour:
@@ -84,7 +82,7 @@ class Tour:
 
     def _start(self):
         self._desktop.start_tray("xfce4-panel")
-        self._world.location.slow(FIX_SECONDS)
+        self._world.location.slow(PATIENCE_SECONDS)
         self._desktop.add_letters(NOTE)
         self._process = self._desktop.start_program(
             self._program, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"
@@ -99,6 +97,7 @@ class Tour:
         return self._desktop.picture()
 
     def _read(self):
+        self._world.location.recover()
         for text in (NEAREST, "31°", "Feels 36°", "Overcast"):
             self._person.wait_for(text)
         self._person.wait_until_gone(WAITING)
@@ -188,7 +187,7 @@ class Tour:
         with open(pasted, "wb") as file:
             command = ["xclip", "-selection", "clipboard", "-t", "image/png", "-o"]
             subprocess.run(command, env=self._desktop.environment, stdout=file,
-                           timeout=COMMAND_SECONDS, check=True)
+                           timeout=PATIENCE_SECONDS, check=True)
         self._expect("the pasted code", self._read_code(pasted), CODE)
 
     def _go_back(self):
@@ -216,7 +215,7 @@ class Tour:
         self._expect("the visit", {key: visit[key] for key in expected}, expected)
         self._expect("the password", self._kept_password(), PASSWORD)
         self._process.terminate()
-        if self._process.status_within(seconds=5) != 0:
+        if self._process.status() != 0:
             raise NotSeen(f"the program did not end well\n{self._process.output()}")
 
     # What is checked behind the program's back
@@ -233,14 +232,14 @@ class Tour:
 
     def _read_code(self, picture):
         command = ["zbarimg", "--raw", "--quiet", "--nodbus", "-Sbinary", "--oneshot", picture]
-        read = subprocess.run(command, capture_output=True, timeout=COMMAND_SECONDS, check=False)
+        read = subprocess.run(command, capture_output=True, timeout=PATIENCE_SECONDS, check=False)
         return read.stdout.decode().strip()
 
     def _kept_password(self):
         command = ["secret-tool", "lookup", "service", KEYCHAIN_SERVICE, "account", NETWORK]
         return subprocess.run(
             command, env=self._world.environment, capture_output=True, text=True,
-            timeout=COMMAND_SECONDS, check=True,
+            timeout=PATIENCE_SECONDS, check=True,
         ).stdout
 
     def _expect(self, what, found, expected):

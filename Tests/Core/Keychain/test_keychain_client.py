@@ -3,17 +3,16 @@
 import base64
 import os
 import pathlib
-import time
 import unittest
 
 from keyring_world import KeyringWorld
+from patience import wait_for
 from private_session import PrivateSession
-from processes import POLL_SECONDS, environment_of, running_pids
+from processes import environment_of, running_pids
 
 CLIENT = os.environ["QUORVEL_KEYCHAIN_CLIENT"]
 SECRET = "Mật-khẩu-0fR4nge-Tr33s"
 SECOND = "Zw3iter-Schlüss3l-9931"
-WAIT_SECONDS = 15
 NO_KEYCHAIN = "No keychain is available. You may need to restart your computer."
 # What the libraries underneath say when asked to say everything.
 TALKATIVE = {"G_DBUS_DEBUG": "all", "G_MESSAGES_DEBUG": "all"}
@@ -56,7 +55,7 @@ class Client:
         """Its exit status, once it has heard that no more orders come."""
         self._orders.close()
         self._answers.close()
-        return self._process.status_within(WAIT_SECONDS)
+        return self._process.status()
 
 
 class KeychainClientTest(unittest.TestCase):
@@ -73,14 +72,8 @@ class KeychainClientTest(unittest.TestCase):
     def watch_bus(self):
         """Everything that is said on the bus, in a file once this has returned."""
         monitor = self.session.start("monitor", ["dbus-monitor", "--session"])
-        self.wait_until(lambda: "NameLost" in monitor.output(), "the monitor listens")
+        wait_for(lambda: "NameLost" in monitor.output(), "the monitor listens")
         return monitor
-
-    def wait_until(self, condition, what):
-        deadline = time.monotonic() + WAIT_SECONDS
-        while not condition():
-            self.assertLess(time.monotonic(), deadline, f"not so: {what}")
-            time.sleep(POLL_SECONDS)
 
     def assert_untraced(self, content, where):
         for secret in (SECRET, SECOND):
@@ -114,8 +107,8 @@ class KeychainClientTest(unittest.TestCase):
         self.keyring.absent()
         self.assertIn("(-25291)", client.tell(f"save {SECRET}"))
         self.assertEqual(client.end(), 0)
-        self.wait_until(lambda: "NameOwnerChanged" in monitor.output().split("SetSecret")[-1],
-                        "the monitor has seen the end")
+        wait_for(lambda: "NameOwnerChanged" in monitor.output().split("SetSecret")[-1],
+                 "the monitor has seen the end")
         monitor.end()
 
         self.assert_untraced("\n".join(client.answers).encode(), "what the user reads")
@@ -129,7 +122,7 @@ class KeychainClientTest(unittest.TestCase):
             with self.assertRaises(AssertionError):
                 self.assert_untraced(b"before " + trace + b" after", f"trace {number}")
         sleeper = self.session.start("sleeper", ["tail", "-f", "/dev/null", "--", SECRET])
-        self.wait_until(lambda: SECRET.encode() in command_line_of(sleeper.pid), "it runs")
+        wait_for(lambda: SECRET.encode() in command_line_of(sleeper.pid), "it runs")
         with self.assertRaises(AssertionError):
             self.assert_untraced_processes()
 
@@ -143,7 +136,7 @@ class KeychainClientTest(unittest.TestCase):
             self.assertIn("(-25308): User interaction is not allowed.", client.tell(order))
         # The monitor is behind the client; what it sees of this call comes after all of that.
         self.keyring.collections()
-        self.wait_until(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
+        wait_for(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
         self.assertGreaterEqual(monitor.output().count("member=SearchItems"), 3)
         for member in ("Unlock", "Prompt", "CreateCollection", "PromptAtDBus"):
             self.assertNotIn(f"member={member}\n", monitor.output())
@@ -157,7 +150,7 @@ class KeychainClientTest(unittest.TestCase):
             "Keychain save failed (-25307): A default keychain could not be found.",
         )
         self.assertEqual(client.tell("read"), "absent")
-        self.wait_until(lambda: monitor.output().count("member=SearchItems") == 2, "all is seen")
+        wait_for(lambda: monitor.output().count("member=SearchItems") == 2, "all is seen")
         self.assertNotIn("member=CreateCollection", monitor.output())
         self.assertNotIn("member=Prompt\n", monitor.output())
 
@@ -168,7 +161,7 @@ class KeychainClientTest(unittest.TestCase):
         monitor = self.watch_bus()
         self.assertIn("(-25308)", client.tell(f"save {SECRET}"))
         self.keyring.collections()
-        self.wait_until(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
+        wait_for(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
         self.assertIn("member=SearchItems", monitor.output())
         self.assertNotIn("member=CreateItem", monitor.output())
 

@@ -2,22 +2,16 @@
 
 import unittest
 
-from desktop_case import DIAGNOSTICS, HISTORY, PANEL, PULSE_SECONDS
+from desktop_case import DIAGNOSTICS, HISTORY, PANEL
 from wayland_case import WaylandCase
 
-LOSS_SECONDS = 2
 BAR_Y = 5
 
 
 class IconTest(WaylandCase):
     def test_its_dot_grows_and_shrinks_in_turn(self):
         self.start_shown_program("swaybar")
-        small, large = self.dot_heights()
-        for height in (small, large, small):
-            self.desktop.wait_until(
-                lambda: self.desktop.icon().height == height, f"the dot is {height} high",
-                PULSE_SECONDS,
-            )
+        self.assert_dot_pulses()
 
 
 class PanelTest(WaylandCase):
@@ -49,7 +43,7 @@ class FocusTest(WaylandCase):
         self.assertEqual(self.start_program_again("--probe"), 0)
         self.desktop.wait_for_focused_window(DIAGNOSTICS)
         self.panel = self.open_panel()
-        self.desktop.settled_picture()
+        self.assert_wholly_shown(PANEL)
 
     def point_beside_the_panel(self):
         self.desktop.point(self.panel.left - 100, self.panel.top)
@@ -74,9 +68,7 @@ class FocusTest(WaylandCase):
     def test_a_panel_that_was_reached_closes_when_it_loses_the_focus(self):
         self.reach_the_panel()
         self.point_beside_the_panel()
-        self.desktop.wait_until(
-            lambda: not self.desktop.windows(PANEL), "the panel closes at once", LOSS_SECONDS
-        )
+        self.desktop.wait_for_no_window(PANEL)
 
     def test_a_panel_that_nobody_goes_to_closes_in_the_end(self):
         self.leave_the_panel()

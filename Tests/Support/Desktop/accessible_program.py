@@ -3,6 +3,8 @@
 import dbus
 import dbus.bus
 
+from patience import PATIENCE_SECONDS
+
 REGISTRY = "org.a11y.atspi.Registry"
 ROOT = "/org/a11y/atspi/accessible/root"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
@@ -10,7 +12,6 @@ COMPONENT = "org.a11y.atspi.Component"
 ACTION = "org.a11y.atspi.Action"
 TEXT = "org.a11y.atspi.Text"
 SCREEN_COORDINATES = dbus.UInt32(0)
-CALL_SECONDS = 5
 
 # Bits of the state set, by their numbers in the protocol.
 STATES = {"checked": 4, "enabled": 8, "focused": 12, "sensitive": 24, "visible": 30}
@@ -80,12 +81,13 @@ class Control:
     def _get(self, value):
         return self._bus.call_blocking(
             self._name, self._path, dbus.PROPERTIES_IFACE, "Get", "ss", (ACCESSIBLE, value),
-            timeout=CALL_SECONDS,
+            timeout=PATIENCE_SECONDS,
         )
 
     def _call(self, interface, method, signature="", *arguments):
         return self._bus.call_blocking(
-            self._name, self._path, interface, method, signature, arguments, timeout=CALL_SECONDS
+            self._name, self._path, interface, method, signature, arguments,
+            timeout=PATIENCE_SECONDS,
         )
 
 
@@ -96,7 +98,7 @@ class AccessibleProgram:
         session = dbus.bus.BusConnection(session_address)
         address = session.call_blocking(
             "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", (),
-            timeout=CALL_SECONDS,
+            timeout=PATIENCE_SECONDS,
         )
         session.close()
         self._bus = dbus.bus.BusConnection(str(address))
@@ -131,5 +133,5 @@ class AccessibleProgram:
     def _belongs(self, application):
         return self._pid == self._bus.call_blocking(
             "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
-            "s", (application._name,), timeout=CALL_SECONDS,
+            "s", (application._name,), timeout=PATIENCE_SECONDS,
         )

@@ -6,9 +6,9 @@ import dbus
 import dbus.bus
 
 from fake_status_watcher import NAME, PATH, PROPERTIES
+from patience import PATIENCE_SECONDS
 
 ITEM = "org.kde.StatusNotifierItem"
-CALL_SECONDS = 5
 
 
 class FakeStatusHost:
@@ -31,22 +31,22 @@ class FakeStatusHost:
         self._process.end()
 
     def register_host(self):
-        self._watcher(NAME).RegisterStatusNotifierHost("late", timeout=CALL_SECONDS)
+        self._watcher(NAME).RegisterStatusNotifierHost("late", timeout=PATIENCE_SECONDS)
 
     def items(self):
         """The items that are registered now, each as bus name and object path in one text."""
         names = self._watcher(PROPERTIES).Get(
-            NAME, "RegisteredStatusNotifierItems", timeout=CALL_SECONDS
+            NAME, "RegisteredStatusNotifierItems", timeout=PATIENCE_SECONDS
         )
         return [str(name) for name in names]
 
     def activate(self, item, x=0, y=0):
         """A click on the item, at that point of the screen."""
-        self._item(item, ITEM).Activate(x, y, timeout=CALL_SECONDS)
+        self._item(item, ITEM).Activate(x, y, timeout=PATIENCE_SECONDS)
 
     def pictures(self, item):
         """The pictures that the item offers: width, height and big-endian ARGB bytes of each."""
-        offered = self._item(item, PROPERTIES).Get(ITEM, "IconPixmap", timeout=CALL_SECONDS)
+        offered = self._item(item, PROPERTIES).Get(ITEM, "IconPixmap", timeout=PATIENCE_SECONDS)
         return [(int(width), int(height), bytes(pixels)) for width, height, pixels in offered]
 
     def _watcher(self, interface):

@@ -4,16 +4,16 @@ import os
 import pathlib
 import subprocess
 import tempfile
-import time
 
 import dbus
 import dbus.bus
 
 from fake_status_host import ITEM, FakeStatusHost
+from patience import PATIENCE_SECONDS, NotSeen, wait_for, wait_for_rest
 from picture import Box, FrameBuffer
 from private_bus import services_folder, start_bus
 from private_home import private_home
-from processes import POLL_SECONDS, NotSeen, ProcessGroup
+from processes import ProcessGroup
 from tray_hosts import STARTERS
 
 PYTHON = "/usr/bin/python3"
@@ -21,11 +21,8 @@ TRAY_HEIGHT = 26
 BUS_NAME = "org.freedesktop.DBus"
 BUS_PATH = "/org/freedesktop/DBus"
 SESSION_BUS = "session-bus"
-DOUBLE_CLICK_SECONDS = 0.5
-SETTLED_SECONDS = 0.3
-RESTLESS_SECONDS = 3
-WAIT_SECONDS = 15
-COMMAND_SECONDS = 10
+# How often the dot changes while a double click surely ends: a pulse takes longer than one.
+CHANGES_BEYOND_A_DOUBLE_CLICK = 3
 TYPING_MILLISECONDS = 25
 # Function keys that no program waits for.
 SPARE_KEYS = [f"FK{number}" for number in range(13, 25)]
@@ -108,9 +105,9 @@ class VirtualDesktop:
         return self._program
 
     def run_program(self, path, *arguments):
-        """A further start of the program, to its end; returns its status, None if it stays."""
+        """A further start of the program, to its end; returns its status, None if it hangs."""
         process = self.start("another-program", [str(path), *arguments])
-        return process.status_within(WAIT_SECONDS)
+        return process.status()
 
     def start_tray(self, kind, height=TRAY_HEIGHT, **options):
         """Puts a status area of that kind, one of `STARTERS`, along the upper edge."""
@@ -169,17 +166,9 @@ class VirtualDesktop:
         return self._frame_buffer.picture()
 
     def settled_picture(self):
-        """The screen below the tray once it stands still, or after a while if it never does."""
+        """The screen once what is below the tray rests."""
         below = Box(0, self._tray_height, self._size[0], self._size[1] - self._tray_height)
-        started = changed = now = time.monotonic()
-        seen = self.picture()
-        while now - changed < SETTLED_SECONDS and now - started < RESTLESS_SECONDS:
-            time.sleep(POLL_SECONDS)
-            now = time.monotonic()
-            latest = self.picture()
-            if latest.crop(below) != seen.crop(below):
-                seen, changed = latest, now
-        return seen
+        return wait_for_rest(self.picture, lambda picture: picture.crop(below))
 
     def tray_box(self):
         return Box(0, 0, self._size[0], self._tray_height)
@@ -245,21 +234,26 @@ class VirtualDesktop:
         self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
 
     def let_double_click_time_pass(self):
-        """Waits so long that the next click counts as a new one."""
-        time.sleep(DOUBLE_CLICK_SECONDS)
+        """Until the next click counts as a new one."""
+        for _ in range(CHANGES_BEYOND_A_DOUBLE_CLICK):
+            height = self.wait_for_icon().height
+            self.wait_for_dot(lambda dot: dot.height != height, "the dot changes its size")
 
     # Waiting
 
-    def wait_until(self, condition, what, seconds=WAIT_SECONDS):
+    def wait_until(self, condition, what):
         """Returns the condition's first true value; fails with a picture when none comes."""
-        deadline = time.monotonic() + seconds
-        while not (value := condition()):
-            if self._program and self._program.status_within(0):
+        def come_or_over():
+            value = condition()
+            if not value and self._program and self._program.has_failed():
                 raise NotSeen(f"the program failed before: {what}{self._evidence(what)}")
-            if time.monotonic() > deadline:
-                raise NotSeen(f"not within {seconds} s: {what}{self._evidence(what)}")
-            time.sleep(POLL_SECONDS)
-        return value
+            return value
+
+        return wait_for(come_or_over, what, lambda: self._evidence(what))
+
+    def wait_for_dot(self, is_wanted, what):
+        """The icon's dot once it is as wanted. It may be covered, or painted just then."""
+        return self.wait_until(lambda: (dot := self.icon()) and is_wanted(dot) and dot, what)
 
     def wait_for_icon(self):
         return self.wait_until(self.icon, "the icon is in the tray")
@@ -323,7 +317,7 @@ class VirtualDesktop:
     def _ask(self, *command):
         finished = subprocess.run(
             command, env={**self.environment, "DISPLAY": self._display}, text=True,
-            stdin=subprocess.DEVNULL, capture_output=True, timeout=COMMAND_SECONDS, check=False,
+            stdin=subprocess.DEVNULL, capture_output=True, timeout=PATIENCE_SECONDS, check=False,
         )
         return finished.stdout
 

@@ -4,14 +4,11 @@ import os
 import pathlib
 import signal
 import subprocess
-import time
 
-GRACE_SECONDS = 3
-POLL_SECONDS = 0.02
+from patience import PATIENCE_SECONDS, NotSeen, wait_for
 
-
-class NotSeen(AssertionError):
-    """Something that should have happened did not."""
+# For a process that a test leaves behind to end by itself, before it is made to.
+GRACE_SECONDS = 20
 
 
 class Process:
@@ -43,6 +40,8 @@ class Process:
     def freeze(self):
         """Stops the process where it is: it keeps its names and answers nobody."""
         self._child.send_signal(signal.SIGSTOP)
+        # The signal takes its time, in which another thread can answer.
+        os.waitid(os.P_PID, self.pid, os.WSTOPPED | os.WEXITED | os.WNOWAIT)
 
     def thaw(self):
         self._child.send_signal(signal.SIGCONT)
@@ -50,23 +49,30 @@ class Process:
     def terminate(self):
         self._child.send_signal(signal.SIGTERM)
 
-    def status_within(self, seconds):
-        """The exit status, or None when the process is still running after that time."""
-        try:
-            return self._child.wait(seconds)
-        except subprocess.TimeoutExpired:
-            return None
+    def has_failed(self):
+        """Whether it has ended, and badly."""
+        return bool(self._child.poll())
+
+    def status(self):
+        """The exit status once the process has ended. None when it hangs."""
+        return self._status_within(PATIENCE_SECONDS)
 
     def end(self):
         if self.is_running():
             self.terminate()
             self.thaw()
-        if self.status_within(GRACE_SECONDS) is None:
+        if self._status_within(GRACE_SECONDS) is None:
             self._child.kill()
             self._child.wait()
 
     def output(self):
         return pathlib.Path(self.log).read_text(errors="replace")
+
+    def _status_within(self, seconds):
+        try:
+            return self._child.wait(seconds)
+        except subprocess.TimeoutExpired:
+            return None
 
 
 class ProcessGroup:
@@ -111,20 +117,19 @@ class ProcessGroup:
     def end_all(self):
         for process in reversed(self._started):
             process.end()
-        deadline = time.monotonic() + GRACE_SECONDS
-        while (strays := self._strays()) and time.monotonic() < deadline:
-            for pid in strays:
-                kill_quietly(pid)
-            time.sleep(POLL_SECONDS)
+        wait_for(self._are_strays_gone, "the end of what the processes have started")
 
     def logs(self):
         """What every process has printed, each under its name."""
         texts = {process.name: process.output().strip() for process in self._started}
         return "\n".join(f"--- {name}\n{text}" for name, text in texts.items() if text)
 
-    def _strays(self):
+    def _are_strays_gone(self):
         mark = f"{self.MARK}={self._folder}".encode()
-        return [pid for pid in running_pids() if mark in environment_of(pid)]
+        strays = [pid for pid in running_pids() if mark in environment_of(pid)]
+        for pid in strays:
+            kill_quietly(pid)
+        return not strays
 
 
 def running_pids():

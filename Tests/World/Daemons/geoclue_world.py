@@ -8,11 +8,11 @@ import os
 import pathlib
 import sys
 import tempfile
-import time
 
 import dbus
 
 from geolocation_endpoint import HOME, GeolocationEndpoint
+from patience import wait_for
 from private_bus import start_bus
 from processes import ProcessGroup
 
@@ -53,16 +53,6 @@ system=false
 users=
 """
 EXACT_LEVEL = 8
-READY_SECONDS = 10
-POLL_SECONDS = 0.01
-
-
-def wait_for(condition, what):
-    deadline = time.monotonic() + READY_SECONDS
-    while not condition():
-        if time.monotonic() > deadline:
-            raise RuntimeError(f"waited in vain for {what}")
-        time.sleep(POLL_SECONDS)
 
 
 class GeoClueWorld:

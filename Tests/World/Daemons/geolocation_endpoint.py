@@ -3,7 +3,6 @@
 import http.server
 import json
 import threading
-import time
 
 # Latitude and longitude in degrees, and the accuracy in metres.
 HOME = (10.7769, 106.7009, 25.0)
@@ -14,8 +13,10 @@ class GeolocationEndpoint:
 
     def __init__(self):
         self._delay = 0
+        self._hurry = threading.Event()
         self._open = threading.Event()
         self.requests = 0
+        self.answers = 0
         self.stand_at(*HOME)
         endpoint = self
 
@@ -51,12 +52,14 @@ class GeolocationEndpoint:
         self._open.clear()
 
     def slow(self, seconds):
-        """Every answer takes so much longer."""
+        """Every answer takes so much longer, until it is told otherwise."""
+        hurry, self._hurry = self._hurry, threading.Event()
         self._delay = seconds
+        hurry.set()
 
     def answer(self, request):
         self.requests += 1
-        time.sleep(self._delay)
+        self._hurry.wait(self._delay)
         self._open.wait()
         body = json.dumps(self._position if self._status == 200 else {}).encode()
         try:
@@ -67,8 +70,10 @@ class GeolocationEndpoint:
             request.wfile.write(body)
         except OSError:
             pass  # The daemon has given up waiting.
+        self.answers += 1
 
     def close(self):
+        self.slow(0)
         self._open.set()
         self._server.shutdown()
         self._server.server_close()

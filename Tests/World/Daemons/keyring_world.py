@@ -8,13 +8,12 @@ import os
 import shutil
 import signal
 import sys
-import time
 
 import dbus
 import dbus.bus
 
+from patience import PATIENCE_SECONDS, wait_for
 from private_session import PrivateSession
-from processes import POLL_SECONDS
 
 NAME = "org.freedesktop.secrets"
 PATH = "/org/freedesktop/secrets"
@@ -24,7 +23,6 @@ COLLECTION = "org.freedesktop.Secret.Collection"
 NO_COLLECTION = ("", "/")
 # What a person types at login: the keyring is made with it, and unlocked.
 PASSWORD = b"correct horse\n"
-WAIT_SECONDS = 15
 
 
 class KeyringWorld:
@@ -139,7 +137,9 @@ class KeyringWorld:
     def _call(self, method, signature, *arguments, path=PATH, interface=SERVICE):
         bus = self._bus()
         try:
-            return bus.call_blocking(NAME, path, interface, method, signature, arguments)
+            return bus.call_blocking(
+                NAME, path, interface, method, signature, arguments, timeout=PATIENCE_SECONDS
+            )
         finally:
             bus.close()
 
@@ -147,12 +147,7 @@ class KeyringWorld:
         return self._call("GetAll", "s", interface, path=path, interface=dbus.PROPERTIES_IFACE)
 
     def _wait_until(self, condition, what):
-        deadline = time.monotonic() + WAIT_SECONDS
-        while not (value := condition()):
-            if time.monotonic() > deadline:
-                raise AssertionError(f"not so: the keyring {what}\n{self._processes.logs()}")
-            time.sleep(POLL_SECONDS)
-        return value
+        return wait_for(condition, f"the keyring {what}", self._processes.logs)
 
 
 def carry_out(keyring, command):

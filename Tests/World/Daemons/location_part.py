@@ -22,6 +22,16 @@ class LocationPart:
     def logs(self):
         return self._world.logs()
 
+    @property
+    def requests(self):
+        """How often the daemon has asked where it is."""
+        return self._world.endpoint.requests
+
+    @property
+    def answers(self):
+        """How often it was told, or refused."""
+        return self._world.endpoint.answers
+
     def slow(self, seconds):
         """Finding out where it is takes so much longer."""
         self._world.endpoint.slow(seconds)

@@ -89,6 +89,8 @@ SECRET_REFUSALS = {
 }
 
 script = dict(DEFAULTS)
+# What is to be done after a time, by its source in the main loop.
+waiting = {}
 numbers = itertools.count(1)
 
 
@@ -117,10 +119,16 @@ def refusal(reason, **values):
 
 def after(milliseconds, action):
     """Does it then, and once; now where that is no time, and never where that is negative."""
+    def act():
+        del waiting[source]
+        action()
+        return False
+
     if milliseconds == 0:
         action()
     elif milliseconds > 0:
-        GLib.timeout_add(milliseconds, lambda: action() and False)
+        source = GLib.timeout_add(milliseconds, act)
+        waiting[source] = action
 
 
 def new_path(folder):
@@ -221,10 +229,27 @@ def Script(_self, key, what):
     script[str(key)] = type(DEFAULTS[key])(what)
 
 
+@dbus.service.method(MOCK_IFACE, out_signature="u")
+def CountWaiting(_self):
+    """How much is to be done after a time."""
+    return len(waiting)
+
+
+@dbus.service.method(MOCK_IFACE)
+def Hurry(_self):
+    """Does all of that now."""
+    while waiting:
+        source, action = waiting.popitem()
+        GLib.source_remove(source)
+        action()
+
+
 @dbus.service.method(MOCK_IFACE)
 def Clear(_self):
     """Takes everything away that was added, and every script."""
     script.update(DEFAULTS)
+    while waiting:
+        GLib.source_remove(waiting.popitem()[0])
     dbusmock.get_object(stock.MANAGER_OBJ).ClearCalls()
     for folder in ("ActiveConnection", "Settings", "Devices", "AccessPoint"):
         for path in [path for path in dbusmock.get_objects() if f"{ROOT}/{folder}/" in path]:

@@ -13,14 +13,13 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
 import uuid
 
+from patience import NotSeen, wait_for
 from private_bus import start_bus
-from processes import POLL_SECONDS, ProcessGroup
+from processes import ProcessGroup
 
 SKIPPED = 77
-START_SECONDS = 20
 INSIDE = "QUORVEL_INSIDE_OWN_NETWORK"
 OWN_FOLDERS = ("/etc/NetworkManager", "/var/lib/NetworkManager", "/run",
                "/usr/lib/NetworkManager/conf.d")
@@ -102,12 +101,12 @@ def run_beside(command, folder):
         address = start_bus(processes, "bus", folder, os.environ)
         os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = address
         daemon = processes.start("daemon", ["NetworkManager", "--no-daemon"], os.environ)
-        deadline = time.monotonic() + START_SECONDS
-        while not is_serving(address):
-            if time.monotonic() > deadline or not daemon.is_running():
-                sys.exit(f"NetworkManager does not come up:\n{processes.logs()}")
-            time.sleep(POLL_SECONDS)
+        wait_for(lambda: not daemon.is_running() or is_serving(address), "NetworkManager")
+        if not daemon.is_running():
+            raise NotSeen("NetworkManager has ended")
         return subprocess.run(command).returncode
+    except NotSeen as problem:
+        sys.exit(f"{problem}\n{processes.logs()}")
     finally:
         processes.end_all()
 

@@ -7,15 +7,13 @@ import time
 import dbus
 import dbus.bus
 
-from processes import POLL_SECONDS, NotSeen
+from patience import PATIENCE_SECONDS, NotSeen, wait_for
 
 TEMPLATE = pathlib.Path(__file__).with_name("networkmanager_mock.py")
 SERVICE = "org.freedesktop.NetworkManager"
 ROOT = "/org/freedesktop"
 MANAGER = "/org/freedesktop/NetworkManager"
 MOCK = "org.freedesktop.DBus.Mock"
-START_SECONDS = 15
-CALL_SECONDS = 5
 # As the service counts how far the machine can reach.
 DISCONNECTED, CONNECTED = 20, 70
 NO_CONNECTIVITY, FULL_CONNECTIVITY = 1, 4
@@ -56,7 +54,8 @@ class WifiPart:
         self._bus.close()
 
     def slow(self, seconds):
-        """Every scan, join and look-up of a secret takes so much longer."""
+        """Every scan, join and look-up of a secret takes so much longer, until it recovers."""
+        self._undo.append(lambda: self._call("Hurry", ""))
         for delay, usual in DELAYS.items():
             self._with_undo(delay, int(1000 * seconds), usual)
 
@@ -87,6 +86,10 @@ class WifiPart:
 
     come_back = recover
 
+    def count_waiting(self):
+        """How many scans, joins and look-ups go on."""
+        return int(self._call("CountWaiting", ""))
+
     def profiles(self):
         """What the service remembers for good, with the secrets."""
         return self._call("Profiles", "")
@@ -94,12 +97,13 @@ class WifiPart:
     def _launch(self):
         command = [sys.executable, "-B", "-m", "dbusmock", "--system", "--template", str(TEMPLATE)]
         self._service = self._processes.start("wifi", command, self._environment)
-        deadline = time.monotonic() + START_SECONDS
-        while not self._bus.name_has_owner(SERVICE):
-            if not self._service.is_running() or time.monotonic() > deadline:
-                raise NotSeen(f"the network service did not start\n{self._service.output()}")
-            time.sleep(POLL_SECONDS)
+        wait_for(self._is_up, "the network service", self._service.output)
         self._furnish()
+
+    def _is_up(self):
+        if not self._service.is_running():
+            raise NotSeen(f"the network service did not start\n{self._service.output()}")
+        return self._bus.name_has_owner(SERVICE)
 
     def _furnish(self):
         """One radio, what it hears, what the machine remembers, and where it is joined."""
@@ -144,5 +148,5 @@ class WifiPart:
 
     def _call(self, method, signature, *arguments):
         return self._bus.call_blocking(
-            SERVICE, ROOT, MOCK, method, signature, arguments, timeout=CALL_SECONDS
+            SERVICE, ROOT, MOCK, method, signature, arguments, timeout=PATIENCE_SECONDS
         )

@@ -37,4 +37,16 @@ struct LiveServices
     SecItemKeychainStore keychain{SecItemKeychainStore::wifiService};
 };
 
+/// Ends once the network service has described the radio, or does not. Nothing announces that, but
+/// a question about a network that nobody knows is answered then.
+inline Task<> untilRadioIsKnown(LiveServices *services)
+{
+    const QString nobodysNetwork = QStringLiteral("unknown");
+    try {
+        co_await services->systemPasswords.password(nobodysNetwork);
+    } catch (const LocalizedError &) {
+        co_return;
+    }
+}
+
 } // namespace quorvel::tests

@@ -6,9 +6,7 @@
 #include "Tests/World/Sense/LiveServices.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QProcessEnvironment>
-#include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,9 +19,6 @@ using namespace Qt::StringLiterals;
 
 constexpr int usageError = 2;
 constexpr double radiusMeters = 100;
-/// For the network service to describe the radio; on a machine without one this is waited for.
-constexpr std::chrono::milliseconds radioLimit{2'000};
-constexpr std::chrono::milliseconds radioPoll{10};
 
 constexpr auto usage = "usage: sense [--join NETWORK]\n"
                        "\n"
@@ -141,6 +136,7 @@ Task<> join(LiveServices *services, QString ssid, QString password)
 
 Task<> sense(LiveServices *services, QString joined, QString password)
 {
+    co_await untilRadioIsKnown(services);
     if (!joined.isEmpty()) {
         co_await join(services, joined, password);
     }
@@ -153,21 +149,6 @@ Task<> sense(LiveServices *services, QString joined, QString password)
     printCurrentNetwork(services);
     co_await printScan(services);
     QCoreApplication::exit(failures == 0 ? EXIT_SUCCESS : EXIT_FAILURE);
-}
-
-/// The radio is known once the network service has described it, which nothing announces.
-void whenRadioIsKnown(LiveServices *services, const std::function<void()> &action)
-{
-    auto *const poll = new QTimer(qApp);
-    QObject::connect(poll, &QTimer::timeout, qApp,
-                     [poll, services, action, deadline = QDeadlineTimer(radioLimit)] {
-                         if (!services->radio.hasInterface() && !deadline.hasExpired())
-                             return;
-                         poll->deleteLater();
-                         poll->stop();
-                         action();
-                     });
-    poll->start(radioPoll);
 }
 
 QString readPassword()
@@ -189,7 +170,7 @@ int run(const QStringList &arguments)
         LiveServices services(Endpoints::read(QProcessEnvironment::systemEnvironment()));
         const QString joined = isJoin ? arguments[2] : QString();
         const QString password = isJoin ? readPassword() : QString();
-        whenRadioIsKnown(&services, [&] { spawn(sense(&services, joined, password)); });
+        spawn(sense(&services, joined, password));
         return QCoreApplication::exec();
     } catch (const EndpointError &error) {
         std::fprintf(stderr, "sense: %s\n", error.what());
