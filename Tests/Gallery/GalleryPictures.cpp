@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Gallery/GalleryStage.h"
 #include "Tests/Gallery/States/GalleryStates.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDir>
 #include <QQuickWindow>
@@ -49,7 +50,7 @@ QImage take(QQmlEngine &engine, const GalleryState &state, const Camera &camera)
     window.setColor(Theme::shared().color()->background());
     // Order: views load what they show once they are on screen.
     window.show();
-    if (!QTest::qWaitForWindowExposed(&window))
+    if (!QTest::qWaitForWindowExposed(&window, patienceMilliseconds))
         return {};
     GalleryStage stage(engine, *window.contentItem());
     state.make(stage);

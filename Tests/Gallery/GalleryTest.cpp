@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Gallery/GalleryPictures.h"
 #include "Tests/Gallery/Inspection/ViewInspection.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QQmlEngine>
@@ -29,7 +30,7 @@ private slots:
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
         m_window.emplace();
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(&*m_window));
+        QVERIFY(QTest::qWaitForWindowActive(&*m_window, patienceMilliseconds));
     }
     void cleanupTestCase() { m_window.reset(); }
     void init() { QuickTest::failOnWarnings(); }
@@ -68,7 +69,7 @@ private slots:
         window.setInitialProperties({{u"gallery"_s, QVariant::fromValue(&gallery)}});
         window.setSource(QUrl(u"qrc:/GalleryWindow.qml"_s));
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(QTest::qWaitForWindowActive(&window, patienceMilliseconds));
         LoopWorld::settle();
         QImage picture = window.grabWindow();
         for (qsizetype others = gallery.names().size() - 1; others > 0; --others) {

@@ -1,5 +1,7 @@
 #include "Platform/SystemSettings/DesktopSystemSettings.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>

@@ -1,5 +1,7 @@
 #include "Platform/Appearance/PortalAppearance.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -13,6 +15,7 @@
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
+using tests::patienceMilliseconds;
 
 namespace {
 
@@ -129,13 +132,13 @@ private slots:
         QSignalSpy changed(&appearance, &Appearance::styleChanged);
         QTRY_COMPARE(portal.reads, 1);
         portal.announce(appearanceKey, u"color-scheme"_s, 1U);
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(patienceMilliseconds));
         QCOMPARE(appearance.style(), AppearanceStyle::Dark);
         portal.announce(appearanceKey, u"color-scheme"_s, 0U);
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(patienceMilliseconds));
         QCOMPARE(appearance.style(), AppearanceStyle::Light);
         portal.announce(appearanceKey, u"color-scheme"_s, wrapped(1U));
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(patienceMilliseconds));
         QCOMPARE(appearance.style(), AppearanceStyle::Dark);
     }
 
@@ -148,7 +151,7 @@ private slots:
         portal.announce(appearanceKey, u"contrast"_s, 1U);
         portal.announce(u"org.gnome.desktop.interface"_s, u"color-scheme"_s, 1U);
         portal.announce(appearanceKey, u"color-scheme"_s, 1U);
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(patienceMilliseconds));
         QCOMPARE(changed.size(), 1);
     }
 

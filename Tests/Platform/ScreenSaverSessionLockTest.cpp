@@ -1,5 +1,7 @@
 #include "Platform/SessionLock/ScreenSaverSessionLock.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QSignalSpy>

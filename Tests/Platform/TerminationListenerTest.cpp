@@ -1,5 +1,7 @@
 #include "Platform/Termination/TerminationListener.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QSignalSpy>
 #include <QTest>
 #include <sys/wait.h>
@@ -29,7 +31,7 @@ private slots:
         QSignalSpy requests(&listener, &TerminationListener::terminationRequested);
         ::kill(::getpid(), number);
         QCOMPARE(requests.count(), 0);
-        QVERIFY(requests.wait());
+        QVERIFY(requests.wait(patienceMilliseconds));
         QCOMPARE(requests.count(), 1);
     }
 
@@ -41,7 +43,7 @@ private slots:
             QSignalSpy requests(&listener, &TerminationListener::terminationRequested);
             ::raise(SIGHUP);
             ::raise(SIGTERM);
-            QVERIFY(requests.wait());
+            QVERIFY(requests.wait(patienceMilliseconds));
             QCOMPARE(requests.count(), 1);
         }
         ::raise(SIGHUP);

@@ -1,6 +1,7 @@
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Probes/ProbeWorld.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "_Probes/ProbeScreen.h"
 
@@ -28,7 +29,7 @@ private slots:
                               {{u"screen"_s, QVariant::fromValue(&*m_screen)}})
                 .release()));
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patienceMilliseconds));
         settle();
     }
     void cleanup()
@@ -183,7 +184,7 @@ private slots:
         m_world->location.authorizationWaiter.finish(AuthorizationStatus::AuthorizedAlways);
         settle();
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patienceMilliseconds));
         settle();
         QVERIFY(shownText(u"Coordinates: 0.00000, 106.70000"_s));
         QVERIFY(!shown("label", u"Locate"_s)->property("busy").toBool());

@@ -2,6 +2,7 @@
 
 #include "Platform/Errors/LocalizedError.h"
 #include "Platform/Errors/Outcome.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -41,7 +42,7 @@ template <class Value, class Begin>
     begin(Heard<Value>::by(heard));
     if (heard->count != 0)
         qFatal("the call ended before it returned");
-    if (!QTest::qWaitFor([&heard] { return heard->count > 0; }, 20000))
+    if (!comes([&heard] { return heard->count > 0; }))
         qFatal("the call did not end");
     return heard;
 }

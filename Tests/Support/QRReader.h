@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tests/Support/Patience.h"
+
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -8,8 +10,6 @@ namespace quorvel::tests {
 
 /// Reads codes as a camera does. Serves every test of a picture that may show one.
 namespace QRReader {
-
-constexpr int patienceMilliseconds = 20'000;
 
 /// What the code in the picture says; nothing when none is seen there.
 inline QByteArray read(const QImage &image)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/Support/Tasks/Task.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -40,7 +41,7 @@ Outcome<detail::Kept<Value>> outcomeOfTask(Task<Value> task)
 {
     auto place = std::make_shared<std::optional<Outcome<detail::Kept<Value>>>>();
     detail::keepOutcome(std::move(task), place);
-    if (!QTest::qWaitFor([&place] { return place->has_value(); }))
+    if (!comes([&place] { return place->has_value(); }))
         throw std::runtime_error("the task did not end");
     return std::move(**place);
 }

@@ -11,7 +11,7 @@ namespace {
 
 /// Long enough for a busy machine, and short where the daemon itself never says that it failed.
 const GeoClueLocationManager::Limits limits{
-    .request = {.client = 20s, .property = 20s, .start = 20s, .fix = 3s}, .sameFailure = 0ms};
+    .request = {.client = 1min, .property = 1min, .start = 1min, .fix = 8s}, .sameFailure = 0ms};
 
 } // namespace
 

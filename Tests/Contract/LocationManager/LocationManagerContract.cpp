@@ -1,5 +1,7 @@
 #include "Tests/Contract/LocationManager/LocationManagerContract.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QTest>
 
 namespace quorvel::tests {
@@ -8,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int patienceMilliseconds = 30'000;
 constexpr auto permission = &LocationManager::requestWhenInUseAuthorization;
 constexpr auto position = &LocationManager::requestLocation;
 const QString granted = u"status 3"_s;
@@ -106,7 +107,7 @@ QStringList LocationManagerContract::toldAfter(void (LocationManager::*request)(
         return {u"told before the request returned"_s};
     answer();
     const auto hasEnded = [&] { return m_told.size() > before && m_told.last() == last; };
-    static_cast<void>(QTest::qWaitFor(hasEnded, patienceMilliseconds));
+    static_cast<void>(comes(hasEnded));
     QCoreApplication::processEvents();
     return m_told;
 }

@@ -1,6 +1,7 @@
 #include "Tests/Contract/PointsOfInterestSearch/PointsOfInterestSearchContract.h"
 
 #include "Tests/Support/Heard.h"
+#include "Tests/Support/Patience.h"
 
 #include <algorithm>
 

@@ -2,6 +2,7 @@
 #include "Tests/Contract/WifiClient/WifiClientContract.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -40,7 +41,7 @@ class NetworkManagerWifiClientContractTest final : public WifiClientContract
         if (machine.hasRadio)
             furnish(machine);
         auto client = std::make_unique<NetworkManagerWifiClient>(QDBusConnection::sessionBus());
-        if (!QTest::qWaitFor([&] { return client->hasInterface() == machine.hasRadio; }))
+        if (!comes([&] { return client->hasInterface() == machine.hasRadio; }))
             qFatal("the client does not know the machine");
         return client;
     }

@@ -1,5 +1,6 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
+#include "Tests/Support/Patience.h"
 
 #include <QSignalSpy>
 

@@ -2,6 +2,7 @@
 #include "Core/DesignSystem/Glyphs/WeatherGlyph.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
+#include "Tests/Support/Patience.h"
 
 #include <QImage>
 #include <QPainter>

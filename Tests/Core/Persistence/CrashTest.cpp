@@ -1,6 +1,7 @@
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/SeededRandom.h"
 
 #include <QProcess>
@@ -20,7 +21,6 @@ constexpr int killsBetweenChecks = 10;
 constexpr int cafeCount = 5;
 /// A start takes some 20 ms, so these kills fall on the opening of the store too.
 constexpr int longestLifeMilliseconds = 60;
-constexpr int startTimeoutMilliseconds = 20'000;
 
 QSet<QUuid> idsIn(const QByteArray &report)
 {
@@ -38,7 +38,7 @@ QSet<QUuid> checkInUntilKilled(const QString &dataFolder, QRandomGenerator &rand
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QStringLiteral(CHECK_IN_FOREVER), {dataFolder});
     const bool waitsForAReport = random.bounded(4) != 0;
-    if (waitsForAReport && !process.waitForReadyRead(startTimeoutMilliseconds))
+    if (waitsForAReport && !process.waitForReadyRead(patienceMilliseconds))
         qFatal("no visit was reported");
     if (process.waitForFinished(random.bounded(longestLifeMilliseconds)))
         qFatal("it ended by itself");

@@ -1,4 +1,5 @@
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
+#include "Tests/Support/Patience.h"
 
 #include <QAccessible>
 

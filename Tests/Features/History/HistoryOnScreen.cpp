@@ -1,6 +1,7 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
 
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/RunTask.h"
 
 namespace quorvel::tests {
@@ -21,7 +22,7 @@ void HistoryOnScreen::open()
                           {{QStringLiteral("screen"), QVariant::fromValue(&screen)}})
             .release()));
     window().show();
-    if (!QTest::qWaitForWindowActive(&window()))
+    if (!QTest::qWaitForWindowActive(&window(), patienceMilliseconds))
         qFatal("the history did not open");
     settle();
 }

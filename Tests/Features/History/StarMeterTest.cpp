@@ -1,5 +1,6 @@
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Core/DesignSystem/Theme/Theme.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QAccessible>

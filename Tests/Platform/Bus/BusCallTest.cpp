@@ -1,5 +1,7 @@
 #include "Platform/Bus/BusCall.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QDBusError>
 #include <QDBusReply>
 #include <QDBusVirtualObject>

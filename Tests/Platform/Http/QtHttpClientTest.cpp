@@ -1,6 +1,7 @@
 #include "Platform/Http/QtHttpClient.h"
 
 #include "Tests/Support/Heard.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
 #include <QTimer>

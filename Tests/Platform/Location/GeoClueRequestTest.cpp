@@ -2,6 +2,7 @@
 
 #include "Platform/Location/GeoClueLocationManager.h"
 #include "Tests/Platform/Location/ScriptedGeoClue.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDBusMetaType>
 #include <QTest>
@@ -15,7 +16,7 @@ namespace quorvel::tests {
 
 namespace {
 
-const GeoClueLimits patientLimits{.client = 20s, .property = 20s, .start = 20s, .fix = 20s};
+const GeoClueLimits patientLimits{.client = 1min, .property = 1min, .start = 1min, .fix = 1min};
 
 const auto notALocation =
     u"failed: The location service answered with something that is no location."_s;
@@ -310,7 +311,7 @@ private:
         const QPointer request = begin(goal, limits);
         if (!m_end.isEmpty())
             return u"ended at once"_s;
-        static_cast<void>(QTest::qWaitFor([&] { return !request; }));
+        static_cast<void>(comes([&] { return !request; }));
         return m_end;
     }
 

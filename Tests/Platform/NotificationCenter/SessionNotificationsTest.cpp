@@ -1,6 +1,7 @@
 #include "Platform/NotificationCenter/SessionNotifications.h"
 
 #include "Platform/NotificationCenter/NotificationCenter.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDBusMessage>
 #include <QTest>

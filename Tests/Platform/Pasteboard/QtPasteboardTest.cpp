@@ -1,5 +1,7 @@
 #include "Platform/Pasteboard/QtPasteboard.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>

@@ -1,5 +1,6 @@
 #include "Platform/Pasteboard/QtPasteboard.h"
 #include "Platform/X11/X11Server.h"
+#include "Tests/Support/Patience.h"
 
 #include <QGuiApplication>
 #include <QProcess>
@@ -13,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace quorvel::tests {
 
 namespace {
-
-constexpr int commandMilliseconds = 10'000;
 
 QImage picture(QSize size = {1440, 2000})
 {
@@ -30,8 +29,7 @@ QByteArray pasted(const QString &format)
 {
     QProcess program;
     program.start(u"xclip"_s, {u"-selection"_s, u"clipboard"_s, u"-t"_s, format, u"-o"_s});
-    if (!QTest::qWaitFor([&] { return program.state() == QProcess::NotRunning; },
-                         commandMilliseconds))
+    if (!comes([&] { return program.state() == QProcess::NotRunning; }))
         program.kill();
     return program.readAllStandardOutput();
 }
@@ -122,7 +120,7 @@ private:
     {
         QWindow window;
         window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(QTest::qWaitForWindowExposed(&window, patienceMilliseconds));
     }
 
     std::optional<Acceptance> copy(const QImage &image, Secrecy secrecy = Secrecy::Open)
@@ -133,7 +131,7 @@ private:
         });
         if (acceptance)
             qFatal("answered before the call returned");
-        (void)QTest::qWaitFor([&acceptance] { return acceptance.has_value(); });
+        (void)comes([&acceptance] { return acceptance.has_value(); });
         return acceptance;
     }
 

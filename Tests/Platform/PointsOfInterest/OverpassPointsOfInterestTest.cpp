@@ -5,6 +5,7 @@
 #include "Platform/Http/QtHttpClient.h"
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Instants.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 

@@ -1,6 +1,7 @@
 #include "Platform/StatusItem/StatusHostWatcher.h"
 
 #include "Tests/Platform/StatusItem/FakeNotifierWatcher.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -103,18 +104,27 @@ private slots:
     {
         FakeNotifierWatcher watcher(Answer::Silence);
         watcher.appear();
+        const StatusHostWatcher hosts({.reply = 1h});
+        QTRY_COMPARE(watcher.calls, QStringList{u"Get"_s});
+
         int beats = 0;
         QTimer beat;
         beat.callOnTimeout([&] { ++beats; });
-        beat.start(10ms);
+        beat.start(1ms);
+        QTRY_VERIFY(beats >= 10);
+        QCOMPARE(hosts.facts().watcher, NotifierWatcher::Unknown);
+        QCOMPARE(hosts.chosenHost(), StatusHost::None);
+    }
 
+    void silentWatcherIsAskedAgain()
+    {
+        FakeNotifierWatcher watcher(Answer::Silence);
+        watcher.appear();
         const StatusHostWatcher hosts(impatient);
-        // The second question follows the end of the first one's 300 ms.
-        QTRY_COMPARE(watcher.calls.size(), 2);
-        QVERIFY2(beats >= 10, qPrintable(QString::number(beats)));
+        QTRY_VERIFY(watcher.calls.size() >= 2);
         QCOMPARE(hosts.facts().watcher, NotifierWatcher::Silent);
         QCOMPARE(hosts.chosenHost(), StatusHost::None);
-        QCOMPARE(watcher.calls, QStringList({u"Get"_s, u"Get"_s}));
+        QCOMPARE(watcher.calls.count(u"Get"_s), watcher.calls.size());
     }
 
     void silentWatcherThatWakesUpIsFoundByAskingAgain()
@@ -204,7 +214,7 @@ private slots:
         StatusHostLimits limits = impatient;
         limits.hostGrace = 0ms;
         const StatusHostWatcher hosts(limits);
-        QTRY_COMPARE(watcher.calls.size(), 2);
+        QTRY_VERIFY(watcher.calls.size() >= 2);
         QCOMPARE(hosts.facts().grace, HostGrace::Running);
     }
 

@@ -1,6 +1,7 @@
 #include "Platform/StatusItem/TrayStatusItem.h"
 
 #include "Tests/Platform/StatusItem/FakeNotifierWatcher.h"
+#include "Tests/Support/Patience.h"
 
 #include <QAction>
 #include <QApplication>

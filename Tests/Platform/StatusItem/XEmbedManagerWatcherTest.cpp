@@ -1,5 +1,7 @@
 #include "Platform/StatusItem/XEmbedManagerWatcher.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTest>

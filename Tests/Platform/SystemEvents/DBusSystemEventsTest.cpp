@@ -1,6 +1,7 @@
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 

@@ -2,6 +2,7 @@
 #include "Platform/Bus/SystemBus.h"
 #include "Platform/SystemEvents/DBusSystemEvents.h"
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDBusMetaType>
 #include <QTest>
@@ -103,7 +104,7 @@ private:
         std::optional<QDBusMessage> answer;
         m_bus.call(this, call, std::chrono::seconds(10),
                    [&answer](const QDBusMessage &reply) { answer = reply; });
-        if (!QTest::qWaitFor([&answer] { return answer.has_value(); }, 15'000))
+        if (!comes([&answer] { return answer.has_value(); }))
             qFatal("the daemon does not answer");
         if (BusCall::isError(*answer))
             qFatal("%s", qUtf8Printable(answer->errorMessage()));

@@ -1,6 +1,7 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
+#include "Tests/Support/Patience.h"
 
 #include <QGuiApplication>
 #include <QPluginLoader>

@@ -5,6 +5,7 @@
 #include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
 #include "Platform/Appearance/FakeAppearance.h"
 #include "Platform/Clock/Clock.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
@@ -12,6 +13,7 @@
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
+using tests::patienceMilliseconds;
 
 class QuickScenesTest final : public QObject
 {
@@ -61,7 +63,7 @@ private slots:
         QFETCH(QString, title);
         QVERIFY(m_scenes->openWindow(identifier));
         QQuickWindow *window = m_scenes->window(identifier);
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QCOMPARE(window->title(), title);
         QCOMPARE(window->color(), Theme::shared().color()->background());
     }
@@ -78,9 +80,9 @@ private slots:
         QVERIFY(m_scenes->openWindow(u"history"_s));
         QQuickWindow *window = m_scenes->window(u"history"_s);
         QVERIFY(m_scenes->openWindow(u"probe8"_s));
-        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"probe8"_s)));
+        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"probe8"_s), patienceMilliseconds));
         QVERIFY(m_scenes->openWindow(u"history"_s));
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QCOMPARE(m_scenes->window(u"history"_s), window);
         QCOMPARE(QGuiApplication::topLevelWindows().size(), 2);
     }
@@ -92,7 +94,7 @@ private slots:
         QVERIFY(window->close());
         QVERIFY(!window->isVisible());
         QVERIFY(m_scenes->openWindow(u"history"_s));
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
     }
 
     void minimizedWindowComesBackAsItWas()
@@ -108,7 +110,7 @@ private slots:
     {
         QVERIFY(m_scenes->openWindow(u"history"_s));
         QQuickWindow *window = m_scenes->window(u"history"_s);
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QCOMPARE(window->grabWindow().pixelColor(10, 10), Theme::shared().color()->surface());
         QCOMPARE(window->grabWindow().pixelColor(10, 300), Theme::shared().color()->background());
     }
@@ -121,7 +123,7 @@ private slots:
         const auto cafe = u"Café "_s + QUuid::createUuid().toString();
         visit(cafe);
         QVERIFY(m_scenes->openWindow(u"history"_s));
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QTRY_VERIFY(QuickTest::find(window->contentItem(), "text", cafe));
     }
 
@@ -131,7 +133,7 @@ private slots:
         visit(cafe);
         QVERIFY(m_scenes->openWindow(u"probe8"_s));
         QQuickWindow *window = m_scenes->window(u"probe8"_s);
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Read check-ins"_s));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Copy log"_s));
         QVERIFY(m_facilities.pasteboard.text.contains(u"check-in(s) stored\n(left out)\n"_s));
@@ -141,7 +143,7 @@ private slots:
     {
         QVERIFY(m_scenes->openWindow(u"history"_s));
         QQuickWindow *window = m_scenes->window(u"history"_s);
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"New check-in"_s));
         QTRY_VERIFY(!window->isVisible());
     }
@@ -150,7 +152,7 @@ private slots:
     {
         m_scenes->openMenuBarPanel({});
         emit m_scenes->menuBarPanel().windowRequested(u"history"_s);
-        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"history"_s)));
+        QVERIFY(QTest::qWaitForWindowActive(m_scenes->window(u"history"_s), patienceMilliseconds));
         QTRY_VERIFY(!m_scenes->menuBarPanel().window().isVisible());
     }
 

@@ -1,16 +1,12 @@
 #include "Tests/Support/Services/DBusMock.h"
 
-#include <QTest>
+#include "Tests/Support/Patience.h"
+
+#include <sys/wait.h>
 
 #include <csignal>
 
 namespace quorvel::tests {
-
-namespace {
-
-constexpr int startLimitMilliseconds = 20'000;
-
-} // namespace
 
 DBusMock::~DBusMock()
 {
@@ -28,7 +24,7 @@ void DBusMock::start(const QString &serviceTemplate, const std::function<bool()>
     m_process.start(QStringLiteral(QUORVEL_PYTHON),
                     {QStringLiteral("-B"), QStringLiteral("-m"), QStringLiteral("dbusmock"),
                      QStringLiteral("--template"), serviceTemplate});
-    if (!QTest::qWaitFor(isServing, startLimitMilliseconds))
+    if (!comes(isServing))
         qFatal("%s does not come up", qUtf8Printable(serviceTemplate));
 }
 
@@ -40,7 +36,11 @@ void DBusMock::stop()
 
 void DBusMock::freeze()
 {
-    ::kill(pid_t(m_process.processId()), SIGSTOP);
+    const auto id = id_t(m_process.processId());
+    ::kill(pid_t(id), SIGSTOP);
+    // The signal takes its time, in which an answer can still come.
+    siginfo_t change;
+    ::waitid(P_PID, id, &change, WSTOPPED | WEXITED | WNOWAIT);
 }
 
 void DBusMock::thaw()

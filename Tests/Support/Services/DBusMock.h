@@ -14,7 +14,7 @@ public:
     ~DBusMock();
 
     /// `serviceTemplate` is one of dbusmock's by its name, or a file of ours. Ends the test where
-    /// the service does not come up within 20 s.
+    /// the service does not come up.
     void start(const QString &serviceTemplate, const std::function<bool()> &isServing);
     /// As if it had crashed.
     void stop();

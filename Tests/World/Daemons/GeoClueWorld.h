@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tests/Support/Patience.h"
+
 #include <QProcess>
 #include <QTest>
 
@@ -25,7 +27,7 @@ public:
     ~GeoClueWorld()
     {
         m_process.closeWriteChannel();
-        m_process.waitForFinished(limit);
+        m_process.waitForFinished(patienceMilliseconds);
     }
 
     /// One of the commands of geoclue_world.py; false, with a warning, when it failed.
@@ -39,12 +41,10 @@ public:
     }
 
 private:
-    static constexpr int limit = 20'000;
-
     /// The event loop turns meanwhile: what was asked of the daemon goes on.
     QByteArray answer()
     {
-        static_cast<void>(QTest::qWaitFor([this] { return m_process.canReadLine(); }, limit));
+        static_cast<void>(comes([this] { return m_process.canReadLine(); }));
         return m_process.readLine().trimmed();
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Tests/Support/Patience.h"
+
 #include <QProcess>
 #include <QTest>
 
@@ -26,7 +28,7 @@ public:
     ~KeyringWorld()
     {
         m_process.closeWriteChannel();
-        m_process.waitForFinished(limit);
+        m_process.waitForFinished(patienceMilliseconds);
     }
 
     /// One of the commands of keyring_world.py; a test cannot go on without what it asks for.
@@ -39,11 +41,9 @@ public:
     }
 
 private:
-    static constexpr int limit = 20'000;
-
     QByteArray answer()
     {
-        static_cast<void>(QTest::qWaitFor([this] { return m_process.canReadLine(); }, limit));
+        static_cast<void>(comes([this] { return m_process.canReadLine(); }));
         return m_process.readLine().trimmed();
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QAccessible>
@@ -19,7 +20,7 @@ inline std::unique_ptr<QQuickView> openSheet()
     auto view = std::make_unique<QQuickView>();
     view->setSource(QUrl(QStringLiteral("qrc:/Sheet.qml")));
     view->show();
-    if (!view->rootObject() || !QTest::qWaitForWindowActive(view.get()))
+    if (!view->rootObject() || !QTest::qWaitForWindowActive(view.get(), patienceMilliseconds))
         return nullptr;
     return view;
 }

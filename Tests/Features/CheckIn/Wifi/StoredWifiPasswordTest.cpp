@@ -1,4 +1,5 @@
 #include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -40,7 +41,7 @@ private slots:
         QVERIFY(m_section->copiedScanned());
         int changes = 0;
         connect(&*m_section, &WifiScanSection::changed, this, [&changes] { ++changes; });
-        QVERIFY(QTest::qWaitFor([this] { return !m_section->copiedScanned(); }));
+        QVERIFY(comes([this] { return !m_section->copiedScanned(); }));
         QCOMPARE(changes, 1);
     }
 

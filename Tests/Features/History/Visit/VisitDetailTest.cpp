@@ -3,6 +3,7 @@
 #include "Services/Wifi/WifiQRGenerator.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
+#include "Tests/Support/Patience.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>

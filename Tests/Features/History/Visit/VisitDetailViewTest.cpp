@@ -1,4 +1,5 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QRReader.h"
 
 #include <QAccessible>
@@ -243,7 +244,7 @@ private slots:
         history().window().close();
         QTRY_VERIFY(!history().screen.isVisitOpen());
         history().window().show();
-        QVERIFY(QTest::qWaitForWindowActive(&history().window()));
+        QVERIFY(QTest::qWaitForWindowActive(&history().window(), patienceMilliseconds));
         history().settle();
         QVERIFY(list());
     }

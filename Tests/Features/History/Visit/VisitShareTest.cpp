@@ -3,6 +3,7 @@
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 

@@ -28,17 +28,6 @@ void letElapse(QTimer *timer)
     QCoreApplication::sendEvent(timer, &elapsed);
 }
 
-/// Long enough for ten turns of the event loop, also on a busy machine.
-constexpr std::chrono::milliseconds missedInterval(120);
-
-/// Nobody turns the event loop meanwhile.
-void letPass(std::chrono::milliseconds time)
-{
-    const QDeadlineTimer end(time);
-    while (!end.hasExpired())
-        continue;
-}
-
 QList<qint64> keysOf(const QList<QIcon> &icons)
 {
     QList<qint64> keys;
@@ -132,22 +121,6 @@ private slots:
         lock.setLocked(true);
         item.setShown(true);
         QVERIFY(!tickerOf(label)->isActive());
-    }
-
-    /// As after a sleep of the machine, or under a process that was stopped.
-    void beatsThatWereMissedAreNotMadeUpFor()
-    {
-        FakeStatusItem item;
-        const FakeSessionLock lock;
-        item.setShown(true);
-        const MenuBarLabel label(item, lock);
-        tickerOf(label)->setInterval(missedInterval);
-        letPass(missedInterval * 4 + missedInterval / 5);
-        const auto before = item.icons.size();
-        for (int turn = 0; turn < 10; ++turn)
-            QCoreApplication::processEvents();
-        QCOMPARE(item.icons.size() - before, 1);
-        QVERIFY(label.enlarged());
     }
 
     void restKeepsThePicture()

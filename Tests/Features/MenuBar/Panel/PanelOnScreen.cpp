@@ -1,5 +1,7 @@
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QScreen>
 
 namespace quorvel::tests {
@@ -14,7 +16,7 @@ PanelOnScreen::~PanelOnScreen() = default;
 void PanelOnScreen::open()
 {
     panel.open({400, 0, 22, 22});
-    if (!QTest::qWaitForWindowActive(&window()))
+    if (!QTest::qWaitForWindowActive(&window(), patienceMilliseconds))
         qFatal("the panel did not open");
     settle();
 }

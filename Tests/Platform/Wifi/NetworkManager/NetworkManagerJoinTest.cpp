@@ -1,6 +1,7 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -39,7 +40,8 @@ private slots:
     {
         m_mock.call(u"Clear"_s);
         m_radio = m_mock.addRadio();
-        makeWith({.reply = 2s, .retry = 50ms, .permission = 5s, .join = 5s, .lastWord = 100ms});
+        makeWith(
+            {.reply = 1min, .retry = 50ms, .permission = 1min, .join = 1min, .lastWord = 100ms});
     }
     void cleanup() { m_client.reset(); }
 
@@ -228,7 +230,7 @@ private slots:
 
     void anAttemptThatHangsTimesOutAndLeavesNothingBehind()
     {
-        makeWith({.reply = 2s, .join = 200ms});
+        makeWith({.reply = 1min, .join = 200ms});
         m_mock.addNetwork(m_radio, "Cafe");
         m_mock.script(u"join"_s, u"hang"_s);
         QCOMPARE(sentenceOf("Cafe"), u"WiFi took too long to answer"_s);
@@ -237,15 +239,15 @@ private slots:
 
     void aPermissionIsWaitedFor()
     {
-        makeWith({.reply = 100ms, .permission = 5s, .join = 5s});
+        makeWith({.reply = 1s, .permission = 1min, .join = 1min});
         m_mock.addNetwork(m_radio, "Cafe");
-        m_mock.script(u"join-answer-ms"_s, 400);
+        m_mock.script(u"join-answer-ms"_s, 2'000);
         QVERIFY(!joinOf(*m_client, "Cafe", password).error());
     }
 
     void aPermissionThatNeverComesTimesOut()
     {
-        makeWith({.reply = 2s, .permission = 200ms});
+        makeWith({.reply = 1min, .permission = 200ms});
         m_mock.addNetwork(m_radio, "Cafe");
         m_mock.script(u"join-answer-ms"_s, -1);
         QCOMPARE(sentenceOf("Cafe"), u"WiFi took too long to answer"_s);
@@ -253,7 +255,7 @@ private slots:
 
     void aPermissionThatComesTooLateJoinsNothing()
     {
-        makeWith({.reply = 2s, .permission = 100ms});
+        makeWith({.reply = 1min, .permission = 100ms});
         m_mock.addNetwork(m_radio, "Cafe");
         m_mock.script(u"join-answer-ms"_s, 400);
         m_mock.script(u"join"_s, u"hang"_s);

@@ -3,6 +3,7 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 

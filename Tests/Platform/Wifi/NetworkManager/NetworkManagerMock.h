@@ -81,6 +81,8 @@ public:
     {
         return qdbus_cast<QList<NetworkManagerGroups>>(call(QStringLiteral("Profiles")));
     }
+    /// How many answers are on their way.
+    uint waitingCount() const { return call(QStringLiteral("CountWaiting")).toUInt(); }
     uint profileCount() const { return call(QStringLiteral("CountProfiles")).toUInt(); }
 
     /// How often the service as a whole was called so since the last `Clear`.

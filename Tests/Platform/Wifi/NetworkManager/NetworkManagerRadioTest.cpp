@@ -1,6 +1,7 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -18,7 +19,7 @@ constexpr uint activated = 100;
 
 WifiLimits limits()
 {
-    return {.reply = 20s, .retry = 50ms};
+    return {.reply = 1min, .retry = 50ms};
 }
 
 QVariant pathTo(const QString &path)
@@ -68,12 +69,14 @@ private slots:
     void changesWhileTheAnswerIsOnItsWayAreNotLost()
     {
         const QString first = m_mock.addRadio(u"wlan0"_s);
-        m_mock.script(u"objects-ms"_s, 200);
+        m_mock.script(u"objects-ms"_s, 60'000);
         const auto client = make();
+        QTRY_COMPARE(m_mock.waitingCount(), 1U);
         const QString second = m_mock.addRadio(u"wlan1"_s);
         join(second, m_mock.addNetwork(second, "Cafe", 64));
         m_mock.call(u"RemoveRadio"_s, {first});
         QVERIFY(!client->hasInterface());
+        m_mock.call(u"Hurry"_s);
         QTRY_COMPARE(client->ssid(), u"Cafe"_s);
         m_mock.call(u"RemoveRadio"_s, {second});
         QTRY_VERIFY(!client->hasInterface());

@@ -1,6 +1,7 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -44,7 +45,7 @@ private slots:
     {
         m_mock.call(u"Clear"_s);
         m_client = std::make_unique<NetworkManagerWifiClient>(
-            QDBusConnection::sessionBus(), WifiLimits{.reply = 2s, .retry = 50ms, .scan = 5s});
+            QDBusConnection::sessionBus(), WifiLimits{.reply = 1min, .retry = 50ms, .scan = 1min});
         // Without a radio it ends with the service's first answer.
         QVERIFY(scanOf(*m_client).error() == WifiError(Code::NoInterface));
     }
@@ -119,11 +120,10 @@ private slots:
     void whatIsHeardDuringTheScanIsListed()
     {
         const QString radio = m_mock.addRadio();
-        m_mock.script(u"scan-ms"_s, 400);
-        ScanCall call = scanOf(*m_client);
-        QTRY_VERIFY(m_client->hasInterface());
+        ScanCall call = heldScan();
         m_mock.addNetwork(radio, "New", 50);
         QVERIFY(!call.hasEnded());
+        m_mock.call(u"Hurry"_s);
         QCOMPARE(call.take(), (Scanned{heard("New", -70)}));
     }
 
@@ -131,10 +131,9 @@ private slots:
     {
         const QString radio = m_mock.addRadio();
         const QString lost = m_mock.addNetwork(radio, "Lost");
-        m_mock.script(u"scan-ms"_s, 400);
-        ScanCall call = scanOf(*m_client);
-        QTRY_VERIFY(m_client->hasInterface());
+        ScanCall call = heldScan();
         m_mock.call(u"RemoveNetwork"_s, {radio, lost});
+        m_mock.call(u"Hurry"_s);
         QCOMPARE(call.take(), Scanned());
     }
 
@@ -142,13 +141,12 @@ private slots:
     {
         const QString radio = m_mock.addRadio();
         const QString cafe = m_mock.addNetwork(radio, "Cafe", 50);
-        m_mock.script(u"scan-ms"_s, 500);
-        ScanCall call = scanOf(*m_client);
-        QTRY_VERIFY(m_client->hasInterface());
+        ScanCall call = heldScan();
         for (int percent = 60; percent <= 100; percent += 10)
             m_mock.change(cafe, Names::accessPoint,
                           {{u"Strength"_s, QVariant::fromValue(uchar(percent))}});
         QVERIFY(!call.hasEnded());
+        m_mock.call(u"Hurry"_s);
         QCOMPARE(call.take(), (Scanned{heard("Cafe", -40)}));
     }
 
@@ -261,7 +259,7 @@ private slots:
     void aServiceThatHangsEndsInATimeOut()
     {
         m_mock.addRadio();
-        limitScansTo(300ms);
+        limitScansTo(2s);
         QTRY_VERIFY(m_client->hasInterface());
         m_mock.freeze();
         ScanCall call = scanOf(*m_client);
@@ -292,10 +290,20 @@ private slots:
     }
 
 private:
+    /// A scan that goes on until the mock is told to hurry.
+    ScanCall heldScan()
+    {
+        m_mock.script(u"scan-ms"_s, 600'000);
+        ScanCall call = scanOf(*m_client);
+        if (!comes([this] { return m_mock.waitingCount() == 1; }))
+            qFatal("the scan does not begin");
+        return call;
+    }
+
     void limitScansTo(std::chrono::milliseconds limit)
     {
         m_client = std::make_unique<NetworkManagerWifiClient>(
-            QDBusConnection::sessionBus(), WifiLimits{.reply = 2s, .scan = limit});
+            QDBusConnection::sessionBus(), WifiLimits{.reply = 1min, .scan = limit});
         QTRY_VERIFY(m_client->hasInterface());
     }
 

@@ -39,8 +39,7 @@ private slots:
     void init()
     {
         m_mock.call(u"Clear"_s);
-        m_client = std::make_unique<NetworkManagerWifiClient>(QDBusConnection::sessionBus(),
-                                                              WifiLimits{.reply = 300ms});
+        limitRepliesTo(1min);
     }
     void cleanup() { m_client.reset(); }
 
@@ -178,7 +177,8 @@ private slots:
     void theUserMayTakeLongerThanAnyOtherCall()
     {
         m_mock.addProfile(profileOf("Cafe", u"12345678"_s));
-        m_mock.script(u"secrets-ms"_s, 900);
+        limitRepliesTo(1s);
+        m_mock.script(u"secrets-ms"_s, 2'000);
         QCOMPARE(passwordOf(*m_client, u"Cafe"_s).take(), Password(u"12345678"_s));
     }
 
@@ -195,6 +195,7 @@ private slots:
 
     void aServiceThatHangsEndsInATimeOut()
     {
+        limitRepliesTo(1s);
         QCOMPARE(passwordOf(*m_client, u"Cafe"_s).take(), std::nullopt);
         m_mock.freeze();
         const auto error = passwordOf(*m_client, u"Cafe"_s).error();
@@ -220,6 +221,12 @@ private slots:
     }
 
 private:
+    void limitRepliesTo(std::chrono::milliseconds limit)
+    {
+        m_client = std::make_unique<NetworkManagerWifiClient>(QDBusConnection::sessionBus(),
+                                                              WifiLimits{.reply = limit});
+    }
+
     NetworkManagerMock m_mock;
     std::unique_ptr<NetworkManagerWifiClient> m_client;
 };

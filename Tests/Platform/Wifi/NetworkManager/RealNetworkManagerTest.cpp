@@ -2,6 +2,7 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
+#include "Tests/Support/Patience.h"
 
 #include <QDBusArgument>
 #include <QDir>
@@ -190,7 +191,7 @@ private:
         QObject context;
         std::optional<QDBusMessage> answer;
         m_bus.call(&context, call, 20s, [&answer](const QDBusMessage &reply) { answer = reply; });
-        if (!QTest::qWaitFor([&answer] { return answer.has_value(); }, 20'000))
+        if (!comes([&answer] { return answer.has_value(); }))
             qFatal("no answer to %s", qUtf8Printable(call.member));
         if (BusCall::isError(*answer))
             qFatal("%s: %s", qUtf8Printable(call.member), qUtf8Printable(answer->errorMessage()));
@@ -254,7 +255,7 @@ private:
         new NetworkManagerKeeping(
             m_bus, {}, u"root"_s, {.temporaryProfile = path, .settings = settings},
             [&isDone] { isDone = true; }, this);
-        QVERIFY(QTest::qWaitFor([&isDone] { return isDone; }, 20'000));
+        QVERIFY(comes([&isDone] { return isDone; }));
     }
 
     NetworkManagerBus m_bus{QDBusConnection::systemBus()};

@@ -2,6 +2,7 @@
 
 #include "Platform/Wifi/WifiClient.h"
 #include "Platform/Wifi/WifiError.h"
+#include "Tests/Support/Patience.h"
 
 #include <QTest>
 
@@ -30,7 +31,7 @@ public:
     /// Waits for the end; the value, or the error thrown.
     Value take()
     {
-        if (!QTest::qWaitFor([this] { return hasEnded(); }, 20'000))
+        if (!comes([this] { return hasEnded(); }))
             throw std::runtime_error("the call did not end");
         return (*m_place)->take();
     }

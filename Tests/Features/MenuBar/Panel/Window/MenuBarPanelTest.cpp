@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Features/MenuBar/Loop/MenuBarServices.h"
 #include "Platform/Errors/LocalizedError.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
@@ -14,6 +15,7 @@
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
+using tests::patienceMilliseconds;
 using namespace std::chrono_literals;
 
 namespace {
@@ -168,7 +170,7 @@ private slots:
     void clickOpensBelowTheIcon()
     {
         m_panel->toggle(anchor);
-        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window(), patienceMilliseconds));
         QCOMPARE(m_panel->window().position(), QPoint(241, 26));
     }
 
@@ -290,7 +292,7 @@ private slots:
     {
         const QRect atBottom(400, 770, 22, 22);
         m_panel->open(atBottom);
-        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window(), patienceMilliseconds));
         const auto bottom = [this] { return m_panel->window().geometry().bottom(); };
         QCOMPARE(bottom(), atBottom.top() - 5);
         view()->setImplicitHeight(view()->height() + 60);
@@ -335,14 +337,14 @@ private:
     void open()
     {
         m_panel->open(anchor);
-        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window()));
+        QVERIFY(QTest::qWaitForWindowActive(&m_panel->window(), patienceMilliseconds));
     }
 
     void loseFocus()
     {
         m_other.show();
         m_other.requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&m_other));
+        QVERIFY(QTest::qWaitForWindowActive(&m_other, patienceMilliseconds));
         m_other.hide();
     }
 

@@ -1,5 +1,7 @@
 #include "Features/MenuBar/Panel/Window/PanelFocusWatch.h"
 
+#include "Tests/Support/Patience.h"
+
 #include <QEnterEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -142,7 +144,7 @@ private:
     {
         window.show();
         window.requestActivate();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(QTest::qWaitForWindowActive(&window, patienceMilliseconds));
     }
 
     void loseFocus() { focus(m_other); }
