@@ -18,10 +18,7 @@ class FakeHttpClientContractTest final : public HttpClientContract
     QUrl url() const override { return QUrl(QStringLiteral("https://cafe.example/")); }
 
     void willAnswer(const HttpResponse &response) override { m_calls->willSucceed(response); }
-    void willBreak() override
-    {
-        m_calls->willFail(HttpError::transport(QStringLiteral("Connection closed")));
-    }
+    void willBreak(Break when) override { m_calls->willFail(errorOf(when)); }
     void willHold() override { m_calls->willHold(); }
     bool isHeld() const override { return !m_calls->requests.empty(); }
     void release(const HttpResponse &response) override

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/Http/HttpClient.h"
+#include "Platform/Http/HttpError.h"
 
 #include <QObject>
 
@@ -13,13 +14,20 @@ class HttpClientContract : public QObject
 {
     Q_OBJECT
 
+public:
+    /// When a connection breaks.
+    enum class Break { BeforeItStands, BeforeTheAnswer, InTheAnswer };
+    Q_ENUM(Break)
+
 protected:
+    [[nodiscard]] static HttpError errorOf(Break when);
+
     [[nodiscard]] virtual std::unique_ptr<HttpClient> make() = 0;
     [[nodiscard]] virtual QUrl url() const = 0;
 
     /// What becomes of the next request.
     virtual void willAnswer(const HttpResponse &response) = 0;
-    virtual void willBreak() = 0;
+    virtual void willBreak(Break when) = 0;
     virtual void willHold() = 0;
     /// Once it is held.
     [[nodiscard]] virtual bool isHeld() const = 0;
@@ -33,7 +41,8 @@ private slots:
 
     void everyStatusIsAnAnswer_data();
     void everyStatusIsAnAnswer();
-    void aConnectionThatBreaksFails();
+    void aConnectionThatBreaksFailsInTheWordsOfTheTransport_data();
+    void aConnectionThatBreaksFailsInTheWordsOfTheTransport();
     void aServerThatNeverAnswersTimesOut();
     void callsRunSideBySide();
     void openCallsEndAsCancelledWithTheClient();

@@ -13,12 +13,23 @@ class QtHttpClientContractTest final : public HttpClientContract
     Q_OBJECT
 
     std::unique_ptr<HttpClient> make() override { return std::make_unique<QtHttpClient>(); }
-    QUrl url() const override { return m_server.url(); }
+    QUrl url() const override { return m_isServing ? m_server.url() : urlWhereNobodyListens(); }
 
-    void willAnswer(const HttpResponse &response) override { m_next = whole(response); }
-    void willBreak() override { m_next = ScriptedHttpServer::raw({}); }
+    void willAnswer(const HttpResponse &response) override
+    {
+        m_isServing = true;
+        m_next = whole(response);
+    }
+    void willBreak(Break when) override
+    {
+        m_isServing = when != Break::BeforeItStands;
+        m_next = ScriptedHttpServer::raw(when == Break::InTheAnswer
+                                             ? ScriptedHttpServer::text(200, "whole").chopped(1)
+                                             : QByteArray());
+    }
     void willHold() override
     {
+        m_isServing = true;
         m_held.clear();
         m_next = [this](const auto &, QTcpSocket &socket) { m_held = &socket; };
     }
@@ -30,6 +41,13 @@ class QtHttpClientContractTest final : public HttpClientContract
         return ScriptedHttpServer::whole(response.statusCode.value(), response.body);
     }
 
+    static QUrl urlWhereNobodyListens()
+    {
+        const ScriptedHttpServer gone{ScriptedHttpServer::raw({})};
+        return gone.url();
+    }
+
+    bool m_isServing = true;
     ScriptedHttpServer::Answer m_next;
     QPointer<QTcpSocket> m_held;
     ScriptedHttpServer m_server{
