@@ -1,5 +1,6 @@
-"""The shape of C++ and QML files."""
+"""The shape of C++, QML and Python files."""
 
+import ast
 import re
 
 from source import Finding
@@ -23,6 +24,16 @@ AWAIT = re.compile(
     r"(?:\w+|\w+(?:(?:->|\.|::)\w+)*\(\s*[\w\s,]*\))"
 )
 AWAITING = r"(?<!\boperator )\bco_await\b"
+SLEEPS = r"\bQTest::(qSleep|qWait)\(|\bQThread::\w*sleep\(|\bsleep_(for|until)\("
+CLOCKS = r"\bQ(ElapsedTimer|DeadlineTimer)\b(?!>)|\bsteady_clock\b"
+IMPATIENT = (
+    r"\bqWaitFor\(|\bqWaitForWindow\w+\([^,;]*\)\)"
+    r"|\b(QVERIFY2?|QSignalSpy)\([^;]*\.wait\((\d[\d']*)?\)"
+)
+PATIENCE = ("Tests/Support/Patience.h", "Tests/Support/Session/patience.py")
+PYTHON_SLEEPS = {"sleep"}
+PYTHON_CLOCKS = {"monotonic", "monotonic_ns", "perf_counter", "perf_counter_ns"}
+
 AWAIT_BANNED = r"\b(waitFor|sleepUntil)\b"
 
 
@@ -117,10 +128,51 @@ def product_knows_no_test(tree):
 
 def tests_do_not_sleep(tree):
     """A test waits for what it expects, never for time."""
-    pattern = r"\bQTest::(qSleep|qWait)\(|\bQThread::\w*sleep\(|\bsleep_(for|until)\("
-    for source in tree.sources:
-        if source.is_under("Tests") and source.is_cpp():
-            yield from source.findings(pattern, "a sleep")
+    for source in test_sources(tree):
+        if source.is_cpp():
+            yield from source.findings(SLEEPS, "a sleep")
+        else:
+            yield from uses_of_time(source, PYTHON_SLEEPS, "a sleep")
+
+
+def tests_measure_no_time(tree):
+    """How long something takes, only Benchmarks/ ask, and the search for mutants, which gives each
+    as long as the tests take without it."""
+    for source in test_sources(tree):
+        if source.is_cpp():
+            yield from source.findings(CLOCKS, "measures time")
+        elif not source.is_under("Tests/Mutants"):
+            yield from uses_of_time(source, PYTHON_CLOCKS, "measures time")
+
+
+def tests_are_patient(tree):
+    """What the toolkit gives up on after five seconds, tests wait for as Patience.h says."""
+    for source in test_sources(tree):
+        if not source.is_cpp():
+            continue
+        yield from source.findings(IMPATIENT, "waits with less than Patience.h")
+        includes = {target for _, target in source.includes}
+        if "QTRY_" in source.code and f'"{PATIENCE[0]}"' not in includes:
+            yield Finding(source.path, 1, f"waits without {PATIENCE[0]}")
+
+
+def test_sources(tree):
+    """What waits in tests, but for the two files that say how."""
+    return [source for source in tree.sources if source.is_under("Tests")
+            and source.path not in PATIENCE and (source.is_cpp() or source.name.endswith(".py"))]
+
+
+def uses_of_time(source, names, message):
+    """Where a Python file uses one of those names of the module `time`, or imports it."""
+    for node in ast.walk(ast.parse(source.text)):
+        if isinstance(node, ast.Attribute) and ast.unparse(node.value) == "time":
+            used = {node.attr}
+        elif isinstance(node, ast.ImportFrom) and node.module == "time":
+            used = {alias.name for alias in node.names}
+        else:
+            continue
+        for name in sorted(used & names):
+            yield Finding(source.path, node.lineno, f"{message}: time.{name}")
 
 
 def qml_binds_its_components(tree):
@@ -160,6 +212,8 @@ RULES = [
     product_has_no_locks,
     product_knows_no_test,
     tests_do_not_sleep,
+    tests_measure_no_time,
+    tests_are_patient,
     qml_binds_its_components,
     qml_data_is_plain_text,
     files_stay_readable,

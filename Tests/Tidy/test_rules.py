@@ -154,8 +154,34 @@ SAMPLES = {
     ),
     "tests_do_not_sleep": (
         [{"Tests/CupTest.cpp": call} for call in ("QTest::qWait(10);\n", "QThread::msleep(1);\n",
-                                                   "std::this_thread::sleep_for(1s);\n")],
-        [{"Tests/CupTest.cpp": "QTRY_VERIFY(cup.isFull());\n"}],
+                                                   "std::this_thread::sleep_for(1s);\n")]
+        + [{"Tests/cup_test.py": text} for text in ("import time\ntime.sleep(1)\n",
+                                                    "from time import sleep\nsleep(1)\n")],
+        [{"Tests/CupTest.cpp": "QTRY_VERIFY(cup.isFull());\n"},
+         {"Tests/cup_test.py": "# Not time.sleep(1)\nwait_for(cup.is_full)\n"},
+         {"Tests/Support/Session/patience.py": "time.sleep(POLL_SECONDS)\n"},
+         {"Benchmarks/cup_benchmark.py": "time.sleep(1)\n"}],
+    ),
+    "tests_measure_no_time": (
+        [{"Tests/CupTest.cpp": text} for text in ("QElapsedTimer timer;\n",
+                                                  "auto now = std::chrono::steady_clock::now();\n")]
+        + [{"Tests/cup_test.py": "begun = time.monotonic()\n"},
+           {"Tests/cup_test.py": "from time import perf_counter\n"}],
+        [{"Tests/CupTest.cpp": "const Instant now = m_clock.now();\n"},
+         {"Tests/cup_test.py": "today = time.strftime('%Y')\nspent = time.process_time()\n"},
+         {"Tests/Mutants/cups.py": "begun = time.monotonic()\n"},
+         {"Benchmarks/Cup.cpp": "QElapsedTimer timer;\n"}],
+    ),
+    "tests_are_patient": (
+        [{"Tests/CupTest.cpp": text} for text in (
+            "QTRY_VERIFY(cup.isFull());\n", "QTRY_COMPARE(cups, 1);\n",
+            "QVERIFY(QTest::qWaitFor(isFull));\n", "QVERIFY(filled.wait());\n",
+            "QVERIFY(filled.wait(20'000));\n",
+            "QVERIFY(QTest::qWaitForWindowActive(window()));\n")],
+        [{"Tests/CupTest.cpp": '#include "Tests/Support/Patience.h"\nQTRY_VERIFY(cup.isFull());\n'},
+         {"Tests/CupTest.cpp": "QVERIFY(filled.wait(patienceMilliseconds));\n"},
+         {"Tests/CupTest.cpp":
+          "QVERIFY(QTest::qWaitForWindowActive(&window(), patienceMilliseconds));\n"}],
     ),
     "qml_binds_its_components": (
         [
