@@ -16,7 +16,7 @@ constexpr double aimedRatio = 1.5;
 
 const QString service = u"com.zantho.quorvel.wifi"_s;
 
-/// The attributes that our items have, in the notation of libsecret's simple calls.
+/// Our items' attributes, in the notation of libsecret's simple calls.
 const SecretSchema schema = {"com.zantho.quorvel.wifi",
                              SECRET_SCHEMA_NONE,
                              {{"service", SECRET_SCHEMA_ATTRIBUTE_STRING},
@@ -42,7 +42,7 @@ void require(bool holds)
         qFatal("the keychain does not answer as it should");
 }
 
-/// The one call that `secret-tool lookup` stands for, in this process: it would try to unlock.
+/// The call that `secret-tool lookup` makes, in this process. It would try to unlock.
 Milliseconds lookup(int number, bool isThere)
 {
     const QByteArray account = network(number).account.toUtf8();
@@ -71,8 +71,8 @@ Comparison reading(Keychain &keychain, int number, bool isThere)
 
 } // namespace
 
-/// Reading a password, against libsecret's own call. Beside a running daemon only, which
-/// keychain_benchmark.py starts. Both have opened their session before.
+/// Compares reading a password with libsecret's own call. It needs a running daemon, which
+/// keychain_benchmark.py starts. Both sessions are open before.
 int main()
 {
     SecretServiceKeychain keychain;

@@ -1,4 +1,4 @@
-// What the daily loop adds once the last of its services has answered.
+// The time that the daily loop adds after the last answer of its services.
 
 #include "Benchmarks/Comparison.h"
 #include "Core/Keychain/FakeKeychainStore.h"

@@ -56,7 +56,7 @@ std::vector<double> plainlySorted(std::vector<double> distances)
     return distances;
 }
 
-/// Nodes and ways in turns, each with the tags that cafés have.
+/// Nodes and ways in turns, with the usual tags of cafés.
 QByteArray someReply()
 {
     QByteArray elements;

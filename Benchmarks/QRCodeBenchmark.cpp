@@ -16,14 +16,14 @@ constexpr int rounds = 501;
 constexpr double aimedRatio = 1.3;
 constexpr double usedScale = 8;
 
-/// Keeps the optimiser from leaving out what nobody looks at.
+/// Keeps the optimiser from removing unused results.
 void require(bool holds)
 {
     if (!holds)
         std::abort();
 }
 
-/// The encoder and nothing around it, as it is asked for the very same code.
+/// The bare encoder, for the same code.
 qrcodegen::QrCode encodedDirectly(const QByteArray &message)
 {
     const auto segment = qrcodegen::QrSegment::makeBytes({message.begin(), message.end()});
@@ -38,7 +38,8 @@ Milliseconds direct(const QByteArray &message)
 
 } // namespace
 
-/// The code of a network with the longest password, against calling the encoder directly.
+/// Compares making the code for a network with the longest password with a direct call of the
+/// encoder.
 int main()
 {
     const QString payload =

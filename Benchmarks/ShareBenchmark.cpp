@@ -24,7 +24,7 @@ constexpr double aimedDrawing = 1.0;
 constexpr double aimedPasting = 1.0;
 const QString ssid = u"Quán Cà Phê Đợi"_s;
 
-/// With everything that a card may have but a photo.
+/// A visit with everything that a card may have, except a photo.
 std::shared_ptr<CheckIn> fullVisit()
 {
     const auto cafe = std::make_shared<Cafe>(QUuid::createUuid(), u"Mây Trắng — Phố Cổ"_s, 21.03,
@@ -44,7 +44,7 @@ std::unique_ptr<Keychain> keychainWithPassword()
     return keychain;
 }
 
-/// Its code is on the card when this returns.
+/// When this returns, the code is on the card.
 void finishLoading(VisitDetail &detail)
 {
     detail.load();
@@ -64,7 +64,7 @@ QByteArray bareEncoding(const QImage &image)
 
 } // namespace
 
-/// What a press on Share costs, against Qt's own way to put the finished picture into a file.
+/// Compares a press on Share with Qt's own way of writing the finished picture to a file.
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -80,7 +80,7 @@ int main(int argc, char **argv)
                                      .fileManager = FileManager::standard(),
                                      .renderCard = {}});
     finishLoading(detail);
-    // The first one compiles the view, which the window that shows it has done before a share.
+    // The first run compiles the view, which in the program has happened before a share.
     const QImage image = VisitPicture::image(engine, detail);
     const auto draw = [&] {
         return timeOf(

@@ -1,5 +1,5 @@
-// The least that shows a pulsing icon in a tray with Qt: what the program's start, memory and idle
-// time are held against.
+// The smallest Qt program with a pulsing tray icon: the reference for the program's start, memory
+// and idle time.
 
 #include "Core/DesignSystem/Theme/Palette.h"
 

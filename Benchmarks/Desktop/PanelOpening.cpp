@@ -1,5 +1,5 @@
-// What a click on the icon costs: from the click to the panel's frame, the first time in the
-// process (with loading the module) and again, and the memory that the program then holds.
+// The cost of a click on the icon: the time from the click to the panel's frame, first with loading
+// the module and then again, and the memory afterwards.
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
@@ -48,7 +48,7 @@ double millisecondsToFrame(const QElapsedTimer &sinceClick)
     return double(sinceClick.nsecsElapsed()) / 1e6;
 }
 
-/// In MiB, of the lines that the kernel keeps for the whole process.
+/// In MiB, from the kernel's numbers for the whole process.
 double memory(const QByteArray &line)
 {
     QFile file(u"/proc/self/smaps_rollup"_s);

@@ -7,14 +7,14 @@
 
 namespace quorvel::benchmarks {
 
-/// A data folder on a disk, gone with its owner.
+/// A data folder on a disk. It is removed with this object.
 struct DataFolder
 {
     static constexpr int cafeCount = 500;
-    /// Of the visits that fill a store: an identifier stands there once.
+    /// The seed of the visits that fill a store: each identifier appears once.
     static constexpr quint32 fillSeed = 1;
 
-    // The system keeps this one across restarts, so it is not in memory.
+    // This folder survives restarts, so it is not in memory.
     QTemporaryDir folder{QStringLiteral("/var/tmp/quorvel-benchmark-XXXXXX")};
     XdgFileManager files{{.dataHome = folder.path()}};
 
@@ -22,8 +22,8 @@ struct DataFolder
     [[nodiscard]] std::unique_ptr<ModelContainer> open() const;
     [[nodiscard]] SwiftDataCheckInRepository repository() const;
 
-    /// Once, in a process of its own, so that the heap of this one has no holes that loaded objects
-    /// would fill unseen.
+    /// Runs once in a separate process. Otherwise this process's heap would have holes that loaded
+    /// objects fill unnoticed.
     void fill(int visitCount) const;
     void copyStore(const DataFolder &from) const;
 };

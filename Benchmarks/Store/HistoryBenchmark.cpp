@@ -1,4 +1,4 @@
-// What a long history costs its window over a short one.
+// The cost of a long history for its window, compared with a short one.
 
 #include "Benchmarks/Comparison.h"
 #include "Benchmarks/Store/DataFolder.h"
@@ -29,7 +29,7 @@ constexpr int openRounds = 9;
 constexpr int scrollRounds = 101;
 constexpr double scrolledPoints = 37;
 
-/// Among the item and those in it; null without one.
+/// Searches the item and its children; null if there is none.
 QQuickItem *listIn(QQuickItem *item)
 {
     if (item->inherits("QQuickListView"))
@@ -40,13 +40,13 @@ QQuickItem *listIn(QQuickItem *item)
     return nullptr;
 }
 
-/// Somebody's visits on a disk, and the window that lists them.
+/// A user's visits on a disk, and the window that lists them.
 class History final
 {
 public:
     explicit History(int visitCount) { m_folder.fill(visitCount); }
 
-    /// From the wish for the window to its first frame.
+    /// From the request for the window to its first frame.
     Milliseconds open(QQmlEngine &engine)
     {
         m_window.reset();
@@ -63,7 +63,7 @@ public:
         });
     }
 
-    /// The next frame of somebody who scrolls.
+    /// The next frame while scrolling.
     Milliseconds scroll()
     {
         QQuickItem &list = view();
@@ -99,7 +99,7 @@ private:
     DataFolder m_folder;
     NotificationCenter m_center;
     FakePasteboard m_pasteboard;
-    // Order: what the window is bound to outlives it.
+    // Order: the window is destroyed before the objects that it is bound to.
     std::optional<SwiftDataCheckInRepository> m_repository;
     std::optional<HistoryScreen> m_screen;
     std::unique_ptr<QObject> m_window;
@@ -109,7 +109,7 @@ private:
 void measure(History &many, History &few)
 {
     QQmlEngine engine;
-    // The first one compiles the views.
+    // The first run compiles the views.
     (void)few.open(engine);
     const auto opening = interleaved(
         openRounds, [&] { return many.open(engine); }, [&] { return few.open(engine); });
@@ -130,7 +130,7 @@ void measure(History &many, History &few)
 int main(int argc, char **argv)
 {
     using namespace quorvel::benchmarks;
-    // Order: they are filled by processes that copy this one while it has no threads yet.
+    // Order: fill them first, in processes that are forked while this one has no threads.
     History many(manyVisits);
     History few(fewVisits);
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -9,7 +9,7 @@
 
 namespace quorvel::benchmarks {
 
-/// One visit as its row holds it, without anything of an object about it.
+/// One visit as plain values of its row.
 struct PlainVisit
 {
     struct Weather
@@ -31,8 +31,8 @@ struct PlainVisit
     std::optional<std::int64_t> cafe;
 };
 
-/// The yardstick: the same file and the same durability through SQLite's C interface and nothing
-/// else. Any failure ends the program.
+/// The reference: the same file and durability through SQLite's C interface alone. Any failure ends
+/// the program.
 class PlainStore
 {
 public:

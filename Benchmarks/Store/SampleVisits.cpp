@@ -63,7 +63,7 @@ QUuid SampleVisits::uuid()
         QByteArrayView(reinterpret_cast<const char *>(words.data()), sizeof words));
 }
 
-/// None, or up to three remarks of some 25 characters that nobody makes twice.
+/// No note, or up to three remarks of about 25 characters, all different.
 QString SampleVisits::note()
 {
     QStringList parts;

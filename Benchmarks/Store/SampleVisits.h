@@ -9,8 +9,8 @@
 
 namespace quorvel::benchmarks {
 
-/// The visits of somebody who has been to some hundred cafés for years: notes of every length,
-/// weather for nine of ten. The same seed makes the same ones.
+/// The visits of a user who has been to a hundred cafés for years: notes of every length, and
+/// weather for nine of ten. The same seed gives the same visits.
 class SampleVisits
 {
 public:
@@ -18,9 +18,9 @@ public:
 
     [[nodiscard]] static QString mapItemIdentifier(int cafe);
 
-    /// The next visit, some hours after the one before; the cafés take turns.
+    /// The next visit, some hours after the last one. The cafés take turns.
     [[nodiscard]] std::shared_ptr<CheckIn> next();
-    /// One at the stored café that is given.
+    /// A visit at this stored café.
     [[nodiscard]] std::shared_ptr<CheckIn> nextAt(std::shared_ptr<Cafe> cafe);
 
 private:

@@ -1,4 +1,4 @@
-// What the object store costs over plain SQLite, on a history of years.
+// The cost of the object store over plain SQLite, for a history of years.
 
 #include "Benchmarks/Comparison.h"
 #include "Benchmarks/Store/DataFolder.h"
@@ -121,7 +121,7 @@ void compareLoads(const DataFolder &folder)
 
 using Visits = std::vector<std::shared_ptr<CheckIn>>;
 
-/// As of the last of them, where the clocks changed twice in each of the years.
+/// As seen from the last visit, in a zone whose clocks change twice a year.
 std::vector<HistorySection> grouped(Visits visits)
 {
     const Instant now = visits.front()->date();

@@ -8,7 +8,7 @@
 
 namespace quorvel::tests {
 
-/// What the gallery's window asks for: the names of the states, and one of them put up.
+/// The gallery's window uses it: it lists the states and shows one of them.
 class Gallery final : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ class Gallery final : public QObject
 public:
     explicit Gallery(QQmlEngine &engine);
 
-    /// Replaces the state that is up.
+    /// Replaces the shown state.
     Q_INVOKABLE void show(int index, QQuickItem *place);
     Q_INVOKABLE void setDark(bool dark);
 

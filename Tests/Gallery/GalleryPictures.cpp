@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Null when it cannot be taken.
+/// Null if the picture cannot be taken.
 using Camera = std::function<QImage(GalleryStage &, QQuickWindow &)>;
 
 struct Illustration
@@ -48,7 +48,7 @@ QImage take(QQmlEngine &engine, const GalleryState &state, const Camera &camera)
 {
     QQuickWindow window;
     window.setColor(Theme::shared().color()->background());
-    // Order: views load what they show once they are on screen.
+    // Order: views load their content once they are on screen.
     window.show();
     if (!QTest::qWaitForWindowExposed(&window, patienceMilliseconds))
         return {};

@@ -5,15 +5,15 @@ class QQmlEngine;
 
 namespace quorvel::tests {
 
-/// Pictures of the gallery's states, in both looks and the same each time. Serves whoever wants to
-/// see them all at once, and the documents that show the program.
+/// Pictures of the gallery's states, in light and dark, the same each time. For a look at all
+/// states, and for the documents.
 namespace GalleryPictures {
 
-/// One of each state. False when one cannot be written.
+/// Writes one picture per state. Returns false if one cannot be written.
 [[nodiscard]] bool writeAll(QQmlEngine &engine, const QDir &folder);
 
-/// What the documents show: the panel, the history, and the card that is shared of a visit. False
-/// when one cannot be written.
+/// Writes the pictures of the documents: the panel, the history and a shared card. Returns false if
+/// one cannot be written.
 [[nodiscard]] bool writeIllustrations(QQmlEngine &engine, const QDir &folder);
 
 } // namespace GalleryPictures

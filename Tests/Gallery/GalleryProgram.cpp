@@ -21,7 +21,7 @@ constexpr auto pictureScale = "2";
 
 using Writer = bool (*)(QQmlEngine &, const QDir &);
 
-/// Null without one of that name.
+/// Null if there is none of that name.
 Writer writerOf(std::string_view option)
 {
     if (option == "--write")
@@ -52,7 +52,7 @@ int main(int argc, char **argv)
         std::fputs("usage: quorvel_gallery [--write FOLDER | --illustrate FOLDER]\n", stderr);
         return 2;
     }
-    // Order: the scale is read when the application is made.
+    // Order: Qt reads the scale when the application is created.
     if (write)
         qputenv("QT_SCALE_FACTOR", pictureScale);
     const QGuiApplication application(argc, argv);

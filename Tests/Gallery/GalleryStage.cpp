@@ -138,7 +138,7 @@ void GalleryStage::keepAnswering()
 
 void GalleryStage::layOut()
 {
-    // Each frame lays out what has changed before; the second one, what the first one made larger.
+    // Each frame lays out the changes before it. The second frame lays out what grew in the first.
     for (int frame = 0; frame < 2; ++frame) {
         LoopWorld::settle();
         m_place.window()->grabWindow();
@@ -171,7 +171,7 @@ void GalleryStage::put(std::unique_ptr<QObject> view, const QSizeF &size, qreal 
     m_margin = margin;
     m_view->setParentItem(&m_place);
     m_view->setPosition({margin, margin});
-    // Where nothing else is said, the view is as large as it wishes to be.
+    // By default a view gets the size that it asks for.
     if (!size.isEmpty())
         m_view->setSize(size);
     else if (size.width() > 0)

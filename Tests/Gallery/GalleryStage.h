@@ -19,37 +19,37 @@ class QQmlEngine;
 
 namespace quorvel::tests {
 
-/// Where one view is put up in one state, with a world of its own behind it. Serves the states of
-/// the gallery: they script the world, show a view and use it.
+/// The place where one view is shown in one state, over its own world of fakes. The gallery's
+/// states script the world, show a view and use it.
 class GalleryStage final
 {
 public:
-    /// The view is put into `place`. Both outlive the stage.
+    /// The view is put into `place`. The place and the engine must outlive the stage.
     GalleryStage(QQmlEngine &engine, QQuickItem &place);
     ~GalleryStage();
 
-    /// The panel's scene, opened; whatever has been scripted happens.
+    /// Opens the panel's scene and runs what the script says.
     void openPanel();
     void showPanel();
-    /// What the panel has between its header and its footer, as large as there.
+    /// The panel's content between header and footer, in its real size.
     void showContent();
     void showWifi();
     /// The content of the history's window.
     void showHistory();
-    /// The same with its newest visit open, and all of that loaded.
+    /// The same with its newest visit open and loaded.
     void showVisit();
-    /// What is shared of the visit that is open. Null when it cannot be drawn.
+    /// The shared picture of the open visit. Null if it cannot be drawn.
     [[nodiscard]] QImage cardPicture();
-    /// The content of the diagnostics' window.
+    /// The content of the diagnostics window.
     void showProbe();
     void show(const QString &module, const QString &view, const QVariantMap &properties);
     void showSheet();
-    /// The button of this label, in the view.
+    /// The view's button with this label.
     void press(const QString &label);
     void scrollToEnd();
-    /// Has everything take its place and its size.
+    /// Waits until everything has its place and size.
     void layOut();
-    /// From now on every question is answered, so that a person may press what they like.
+    /// From now on every request is answered, so that a person can press anything.
     void keepAnswering();
 
     [[nodiscard]] PanelWorld &world() { return m_world; }
@@ -60,9 +60,9 @@ public:
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
     [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
     [[nodiscard]] QQuickItem &view() { return *m_view; }
-    /// What somebody else has named, and what a view may therefore cut.
+    /// Names that come from outside. A view may cut them off.
     [[nodiscard]] QStringList names();
-    /// With what is left free around the view.
+    /// With the margin around the view.
     [[nodiscard]] QSizeF size() const;
 
 private:
@@ -70,7 +70,7 @@ private:
 
     QQmlEngine &m_engine;
     QQuickItem &m_place;
-    // Order: what the view is bound to outlives it.
+    // Order: the view is destroyed before the objects that it is bound to.
     PanelWorld m_world;
     HistoryWorld m_historyWorld;
     ProbeWorld m_probeWorld;

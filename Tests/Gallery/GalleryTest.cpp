@@ -19,7 +19,7 @@ constexpr AppearanceStyle looks[] = {AppearanceStyle::Light, AppearanceStyle::Da
 
 } // namespace
 
-/// Every view in every state, in both looks.
+/// Every view in every state, in light and dark.
 class GalleryTest final : public QObject
 {
     Q_OBJECT

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The states at the left, the one that is chosen at the right. Up and down choose, D is for dark.
+// The states on the left, the chosen one on the right. Up and Down choose, D switches to dark.
 FocusScope {
     id: root
 
@@ -24,7 +24,7 @@ FocusScope {
     implicitHeight: 720
     implicitWidth: 680
 
-    // Later: when this is made, there is no window yet.
+    // Later, since there is no window yet when this is created.
     Component.onCompleted: Qt.callLater(root.showCurrent)
     Keys.onDownPressed: root.choose(root.current + 1)
     Keys.onPressed: event => {

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// Settings programs in a folder that is all of the path; each writes down how it was started.
+/// Settings programs in a folder that is the whole path. Each records how it was started.
 class DesktopSystemSettingsTest final : public QObject
 {
     Q_OBJECT

@@ -43,7 +43,7 @@ private slots:
 
     void aHundredMetresAreToldFromACentimetreMore()
     {
-        // The radius of curvature of the equator is that of its circle.
+        // The equator is a circle with this radius of curvature.
         const double degreesPerMeter = 180.0 / (std::acos(-1.0) * 6378137.0);
         const auto atMeters = [=](double meters) {
             return distanceMeters({}, {.latitude = 0, .longitude = meters * degreesPerMeter});

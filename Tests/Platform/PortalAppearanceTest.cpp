@@ -29,7 +29,7 @@ QVariant wrapped(const QVariant &value)
     return QVariant::fromValue(QDBusVariant(value));
 }
 
-/// The portal's settings on a private bus, from a connection of its own as another process has.
+/// The portal's settings on a private bus, over a separate connection, as from another process.
 class FakePortal final : public QObject
 {
     Q_OBJECT
@@ -118,7 +118,7 @@ private slots:
         QFETCH(uint, scheme);
         QFETCH(FakePortal::Answer, answer);
         QFETCH(AppearanceStyle, style);
-        // The palette says the opposite, so that only the portal can have been believed.
+        // The palette says the opposite, so the result can only come from the portal.
         setPaletteWindow(style == AppearanceStyle::Dark ? Qt::white : Qt::black);
         FakePortal portal(scheme, answer);
         const PortalAppearance appearance(QDBusConnection::sessionBus());

@@ -39,8 +39,8 @@ private slots:
         QCOMPARE(code->size(), 25);
     }
 
-    /// A short message would fit a stronger level: the two bits that name the level still say M,
-    /// which is 00 under the mask 10 that always covers them.
+    /// A short message would fit a stronger level. The two bits that name the level must still say
+    /// M, which is 00 under the mask 10.
     void theLevelIsNeverRaised_data()
     {
         QTest::addColumn<int>("bytes");

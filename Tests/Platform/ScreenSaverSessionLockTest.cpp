@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A screen saver on the real bus, over a connection of its own, that only announces itself.
+/// A screen saver on the real bus, over a separate connection, that only announces itself.
 class Saver final
 {
 public:
@@ -27,7 +27,7 @@ public:
     {
         m_bus.send(QDBusMessage::createSignal(u"/ScreenSaver"_s, interface, u"ActiveChanged"_s)
                    << isActive);
-        // Order: what the bus is asked next, it answers when it has handed that out.
+        // Order: the bus answers this call after it has delivered the announcement.
         m_bus.interface()->isServiceRegistered(u"org.example"_s);
     }
 
@@ -48,7 +48,7 @@ private slots:
         m_saver.emplace(u"saver"_s);
         m_lock.emplace(QDBusConnection::sessionBus());
         m_changes.emplace(&*m_lock, &SessionLock::isLockedChanged);
-        // The bus has to know of the interest before somebody else speaks.
+        // The bus has to know of the subscription before somebody else announces.
         QDBusConnection::sessionBus().interface()->isServiceRegistered(u"org.example"_s);
     }
     void cleanup()

@@ -14,7 +14,7 @@ namespace quorvel::tests {
 
 namespace {
 
-/// What became of a child process that ran the action with streams of its own.
+/// The result of a child process that ran the action with its own streams.
 struct Ended
 {
     int status = -1;
@@ -53,7 +53,7 @@ Ended inChild(int stream, Action action)
     return ended;
 }
 
-/// The `errno` behind the error, found by its sentence.
+/// The `errno` behind the error, found by its description.
 int failureOf(StandardTerminal &terminal)
 {
     try {

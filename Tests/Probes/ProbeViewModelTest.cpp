@@ -14,7 +14,7 @@ namespace {
 constexpr Location seat{
     .latitude = 10.7769, .longitude = 106.70091, .accuracyMeters = 19.6, .timestamp = {}};
 
-/// Kind and text, a line each.
+/// The kind and the text of each line.
 QStringList told(const ProbeViewModel &probe, qsizetype from = 0)
 {
     const QHash<LogLine::Kind, QString> marks{{LogLine::Kind::Normal, u"  "_s},
@@ -27,7 +27,7 @@ QStringList told(const ProbeViewModel &probe, qsizetype from = 0)
     return lines;
 }
 
-/// After the two lines of the launch.
+/// The lines after the two start-up lines.
 QStringList toldSinceLaunch(const ProbeViewModel &probe)
 {
     return told(probe, 2);

@@ -275,7 +275,7 @@ private:
     }
 
     std::optional<ProbeWorld> m_world;
-    // Order: what the window is bound to outlives it.
+    // Order: the window is destroyed before the objects that it is bound to.
     std::optional<ProbeScreen> m_screen;
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;

@@ -7,7 +7,7 @@
 
 namespace quorvel::tests {
 
-/// Everything that the diagnostics ask, as fakes. Outlives them.
+/// Fakes of everything that the diagnostics use. It outlives them.
 struct ProbeWorld
 {
     enum class Store { Absent, Present };

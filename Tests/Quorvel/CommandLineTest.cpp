@@ -13,7 +13,7 @@ namespace {
 
 const CommandLine run{};
 
-/// How many of the arguments are left after an application object took its own.
+/// The number of arguments that an application object leaves.
 int leftOver(const QStringList &arguments)
 {
     std::list<QByteArray> storage{"quorvel"};

@@ -49,7 +49,7 @@ struct World
     NotificationCenter center;
 };
 
-/// A store that holds what it could not save for its next save.
+/// A store that keeps a failed save for its next save.
 class PendingRepository final : public CheckInRepository
 {
 public:
@@ -144,7 +144,8 @@ private slots:
         m_form->submit(snapshot());
         QCOMPARE(m_log, QStringList({u"loading"_s, u"posted"_s, u"today"_s, u"loaded"_s, u"note"_s,
                                      u"ratings"_s, u"draft"_s}));
-        // Asked anew in its own turn: another process may have stored today's visit meanwhile.
+        // Asks again in its own turn, since another process may have stored today's visit
+        // meanwhile.
         QCOMPARE(m_world->repository.calls, QStringList({u"inTurn"_s, u"hasCheckedInToday"_s,
                                                          u"findOrCreateCafe"_s, u"save"_s}));
     }
@@ -298,7 +299,7 @@ private slots:
         QCOMPARE(m_form->saveState().errorValue()->errorDescription(),
                  u"Network error: Disk full."_s);
         QCOMPARE(m_world->repository.calls.last(), operation);
-        // What was done before is not taken back.
+        // Earlier steps are not undone.
         QCOMPARE(m_world->keychain.saved, QStringList({u"Cafe 5G"_s}));
         formIsKept();
 
@@ -321,7 +322,7 @@ private slots:
         form.submit(snapshot());
         QCOMPARE(store.stored.size(), 1U);
         QCOMPARE((*store.stored.begin())->note(), u"second"_s);
-        // The next visit is another one.
+        // The next visit is a new one.
         form.refreshCheckedInTodayStatus(std::nullopt);
         form.submit(snapshot());
         QCOMPARE(store.stored.size(), 2U);

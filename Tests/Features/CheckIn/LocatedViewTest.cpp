@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// The visit, as somebody uses it in the panel.
+/// The visit form in the panel, as a user works with it.
 class LocatedViewTest final : public QObject
 {
     Q_OBJECT
@@ -258,7 +258,7 @@ private:
         world().willHear({{u"A"_s, -65}, {u"B"_s, -75}, {u"C"_s, -85}});
         m_panel->open();
     }
-    /// The form takes the speed from the time between the notches.
+    /// The form computes the scroll speed from the time between the notches.
     void wheel(QPoint delta, int notch)
     {
         constexpr int millisecondsApart = 50;

@@ -9,8 +9,8 @@
 
 namespace quorvel::tests {
 
-/// The window of the history over a world of fakes, with somebody before it. For tests of what is
-/// pressed in its views.
+/// The history's window over fakes, with a simulated user. For tests of clicks and keys in its
+/// views.
 class HistoryOnScreen final
 {
 public:
@@ -19,14 +19,14 @@ public:
     Q_DISABLE_COPY_MOVE(HistoryOnScreen)
 
     void open();
-    /// In two frames: what the first one makes larger moves what is below it in the second.
+    /// Waits two frames: what grows in the first frame moves other items in the second.
     void settle();
 
-    /// The first that is on screen; null without one.
+    /// The first visible one; null if there is none.
     [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value);
     [[nodiscard]] QQuickItem *text(const QString &text) { return shown("text", text); }
     [[nodiscard]] QQuickItem *control(const QString &label) { return shown("label", label); }
-    /// Whose keyboard it is; empty where nothing with a label has the focus.
+    /// The label of the focused control; empty if nothing with a label has the focus.
     [[nodiscard]] QString focused();
 
     void click(QQuickItem *item);
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] QQuickWindow &window() { return *m_window; }
 
     HistoryWorld world;
-    // Order: what the window is bound to outlives it.
+    // Order: the window is destroyed before the objects that it is bound to.
     HistoryScreen screen{world.roles(), world.center};
 
 private:

@@ -40,7 +40,7 @@ struct World
     [[nodiscard]] qsizetype loads() const { return repository.calls.count(u"allCheckIns"_s); }
 };
 
-/// Runs what waits for a turn of its own.
+/// Runs everything that is queued for a later turn.
 void settle()
 {
     QCoreApplication::processEvents();

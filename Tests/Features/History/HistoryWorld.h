@@ -13,8 +13,8 @@
 
 namespace quorvel::tests {
 
-/// Everything that the history asks, as fakes, for tests of its screens. Photos are files in a
-/// folder of its own. Outlives the history.
+/// Fakes of everything that the history uses, for tests of its screens. Photos are files in its own
+/// folder. It outlives the history.
 struct HistoryWorld
 {
     HistoryWorld();
@@ -25,7 +25,7 @@ struct HistoryWorld
 
     void savePassword(const QString &password, const QString &ssid);
     void putPhoto(const QImage &photo, const QString &name);
-    /// Has what is read in the background arrive.
+    /// Waits until background reads have arrived.
     static void finishLoading();
 
     FakeCheckInRepository repository;
@@ -33,7 +33,7 @@ struct HistoryWorld
     NotificationCenter center;
     FakePasteboard pasteboard;
     CardRenderer renderCard = [](VisitDetail &) { return QImage(1, 1, QImage::Format_RGB32); };
-    /// Each thread is given a copy.
+    /// Every thread gets a copy.
     FakeKeychain keychain;
     QTemporaryDir folder;
     FakeFileManager fileManager{{folder.path()}};

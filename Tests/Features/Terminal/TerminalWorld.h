@@ -10,7 +10,7 @@
 
 namespace quorvel::tests {
 
-// What scripts rely on, as the documents number it.
+// The exit statuses that the documents promise to scripts.
 inline constexpr int done = 0;
 inline constexpr int failure = 1;
 inline constexpr int usage = 2;
@@ -18,14 +18,14 @@ inline constexpr int locationDenied = 3;
 inline constexpr int noCafe = 4;
 inline constexpr int alreadyCheckedIn = 5;
 
-/// A terminal in the loop's world, and what its commands left on it.
+/// A terminal in the loop's world, with the output of its commands.
 struct TerminalWorld
 {
     TerminalWorld();
     ~TerminalWorld();
     Q_DISABLE_COPY_MOVE(TerminalWorld)
 
-    /// Types the command; gives the exit status.
+    /// Runs the command and returns its exit status.
     int run(const QStringList &arguments);
 
     [[nodiscard]] QString printed() const;
@@ -36,7 +36,7 @@ struct TerminalWorld
     FakeCheckInRepository store;
     FakeTerminal terminal;
     FakeFileManager files{{}};
-    /// What keeps a part from being had.
+    /// The error that makes a part unavailable.
     std::optional<FakeCheckInRepository::Failure> storeFailure;
     std::optional<FakeCheckInRepository::Failure> loopFailure;
 

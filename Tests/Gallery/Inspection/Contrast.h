@@ -6,13 +6,13 @@
 
 namespace quorvel::tests {
 
-/// How well one colour is told from another, from 1 (not at all) to 21, as WCAG 2 reckons.
+/// The contrast of two colours by WCAG 2, from 1 (none) to 21.
 namespace Contrast {
 
 [[nodiscard]] double between(const QColor &colour, const QColor &other);
 
-/// The least that `ink`, which may be translucent, has wherever in `area` it changes the picture
-/// from what it is without it; 1 where it changes nothing.
+/// The lowest contrast of `ink`, which may be translucent, at the points of `area` where it changes
+/// the picture. 1 if it changes nothing.
 [[nodiscard]] double least(const QColor &ink, const QImage &with, const QImage &without,
                            const QRectF &area);
 

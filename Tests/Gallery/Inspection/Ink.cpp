@@ -21,7 +21,7 @@ QColor colour(const QQuickItem *item)
     return colour;
 }
 
-/// Where in a text's own rectangle its letters stand.
+/// The area of the letters within the text's own rectangle.
 QRectF letters(const QQuickItem *text)
 {
     const QSizeF size(text->property("contentWidth").toReal(),

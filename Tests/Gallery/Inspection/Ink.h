@@ -6,7 +6,7 @@
 
 namespace quorvel::tests {
 
-/// A text or a symbol on screen: what is read, as against what it stands on.
+/// A text or a symbol on screen, as opposed to its background.
 struct Ink
 {
     QQuickItem *item;
@@ -17,10 +17,10 @@ struct Ink
     bool isWhole; ///< nothing clips it
 };
 
-/// All that is visible in `view`.
+/// Everything visible in `view`.
 [[nodiscard]] QList<Ink> inksIn(QQuickItem &view);
 
-/// Of `item`'s rectangle what its clipping ancestors let through, in the scene.
+/// The part of `item`'s rectangle that its clipping ancestors show, in scene coordinates.
 [[nodiscard]] QRectF unclipped(const QQuickItem &item, const QRectF &rectangle);
 
 } // namespace quorvel::tests

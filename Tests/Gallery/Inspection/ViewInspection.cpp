@@ -15,12 +15,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Lengths are sums of fractions.
+/// The tolerance for sums of fractions, in points.
 constexpr double tolerance = 0.51;
 
 constexpr double forReading = 4.5;
 constexpr double forLargeTextAndSymbols = 3;
-// Where the palette, which is given, decides.
+// Elements whose colours the given palette decides.
 constexpr double forDisabled = 2;
 constexpr double forLabels = 2.6;
 constexpr double forShapes = 1.9;
@@ -50,7 +50,7 @@ bool isCut(const QQuickItem &text)
            reaches("contentHeight", text.height());
 }
 
-/// The screen without what is to be read on it.
+/// A picture of the view without its texts and symbols.
 QImage ground(QQuickItem &view, const QList<Ink> &inks)
 {
     QList<std::pair<QQuickItem *, qreal>> hidden;
@@ -60,7 +60,7 @@ QImage ground(QQuickItem &view, const QList<Ink> &inks)
     };
     for (const Ink &ink : inks)
         hide(ink.item);
-    // The steam belongs to its cup, and is no ground for it.
+    // The steam is part of its cup and not a background for it.
     for (QQuickItem *item : QuickTest::itemsUnder(&view))
         if (item->inherits("quorvel::SteamWisps"))
             hide(item);
@@ -70,7 +70,7 @@ QImage ground(QQuickItem &view, const QList<Ink> &inks)
     return picture;
 }
 
-/// Colours on screen have eight bits a channel.
+/// Colours on screen have eight bits per channel.
 bool isOneOf(const QColor &colour, const QList<QColor> &tokens)
 {
     return std::ranges::any_of(
@@ -80,13 +80,13 @@ bool isOneOf(const QColor &colour, const QList<QColor> &tokens)
 double neededBy(const Ink &ink)
 {
     const auto &tokens = *Theme::shared().color();
-    // What cannot be pressed may stand back, as long as it can be made out.
+    // Disabled controls may have less contrast, as long as they can be made out.
     if (!ink.item->isEnabled())
         return forDisabled;
     if (!ink.isText && isOneOf(ink.colour, {tokens.accent(), tokens.starOn()}))
         return forShapes;
     // Deliberate: the palette is given. Its tertiary, accent and success tokens are for labels and
-    // marks that repeat what a text beside them says, or that are shapes; none carries a sentence.
+    // marks that repeat a text beside them, or for shapes. None of them carries a sentence.
     if (isOneOf(ink.colour,
                 {tokens.textTertiary(), tokens.accent(), tokens.accentDeep(), tokens.success()}))
         return forLabels;
@@ -178,7 +178,7 @@ QStringList ViewInspection::pale(QQuickItem &view)
     const QImage with = view.window()->grabWindow();
     const QImage without = ground(view, inks);
     for (const Ink &ink : inks) {
-        // Of what is scrolled half out of sight, there may be nothing to see.
+        // An item that is half scrolled away may have nothing visible.
         if (!ink.isWhole)
             continue;
         const double contrast = Contrast::least(ink.colour, with, without, ink.area);

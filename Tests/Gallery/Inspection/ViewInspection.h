@@ -9,23 +9,22 @@ class QQuickItem;
 
 namespace quorvel::tests {
 
-/// What is wrong with a view as it stands on screen, as sentences; none when nothing is. Serves the
-/// gallery's test.
+/// Checks a view on screen and returns its faults as sentences. Serves the gallery's test.
 namespace ViewInspection {
 
-/// What leaves the window at its left or right.
+/// Items that leave the window at its left or right.
 [[nodiscard]] QStringList leavingSideways(QQuickItem &view);
 
-/// What does not show all of its text, but for the names in `elided`.
+/// Texts that are cut off, except the names in `elided`.
 [[nodiscard]] QStringList cutTexts(QQuickItem &view, const QStringList &elided);
 
-/// Texts and symbols that stand on one another.
+/// Texts and symbols that overlap.
 [[nodiscard]] QStringList overlapping(QQuickItem &view);
 
-/// Texts and symbols too pale for where they stand.
+/// Texts and symbols with too little contrast to their background.
 [[nodiscard]] QStringList pale(QQuickItem &view);
 
-/// What takes the focus without a name, or without showing it. Leaves the focus somewhere.
+/// Items that take the focus without a name or without a visible ring. Moves the focus.
 [[nodiscard]] QStringList badlyFocused(QQuickItem &view);
 
 } // namespace ViewInspection

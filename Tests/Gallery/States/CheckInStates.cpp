@@ -8,7 +8,7 @@ namespace {
 
 const auto nearest = u"Cà phê Gió Sông"_s;
 const auto network = u"Gió Sông 5G"_s;
-/// Sixty characters.
+/// A name of sixty characters.
 const auto longName = u"Tiệm Cà Phê Sách Những Ngày Mưa Phùn Trên Phố Nguyễn Hữu Cầu"_s;
 
 std::vector<PlaceCandidate> fewCafes()

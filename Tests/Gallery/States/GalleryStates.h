@@ -6,14 +6,14 @@
 
 namespace quorvel::tests {
 
-/// One view in one state, as "LocatedView/checked-in".
+/// One view in one state, such as "LocatedView/checked-in".
 struct GalleryState
 {
     QString name;
     std::function<void(GalleryStage &)> make;
 };
 
-/// The views of the program in each state that looks different.
+/// The program's views in every state that looks different.
 namespace GalleryStates {
 
 [[nodiscard]] QList<GalleryState> all();

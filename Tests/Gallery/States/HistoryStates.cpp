@@ -37,7 +37,7 @@ void listVisits(GalleryStage &stage)
     stage.showHistory();
 }
 
-/// Of a phone, held upright.
+/// The format of a phone that is held upright.
 QImage photo()
 {
     QImage image(900, 1200, QImage::Format_RGB32);

@@ -8,7 +8,7 @@ namespace {
 
 const auto mine = u"Gió Sông 5G"_s;
 const auto other = u"Workshop Guest"_s;
-/// As wide as 32 bytes can be.
+/// The widest text of 32 bytes.
 const auto widest = u"WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW"_s;
 const auto password = u"ca phe sua da 35k"_s;
 

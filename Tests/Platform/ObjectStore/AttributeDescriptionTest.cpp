@@ -12,7 +12,7 @@ constexpr Instant monday{std::chrono::milliseconds(1'792'368'000'123)};
 
 } // namespace
 
-/// What a column gives back of what was put into it.
+/// Values survive a column unchanged.
 class AttributeDescriptionTest final : public QObject
 {
     Q_OBJECT

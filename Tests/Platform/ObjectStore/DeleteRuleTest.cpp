@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// What goes along with an object that is deleted.
+/// Deleting an object deletes the objects that its relationships say.
 class DeleteRuleTest final : public QObject
 {
     Q_OBJECT

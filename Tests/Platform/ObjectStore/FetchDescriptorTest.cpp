@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// What a fetch finds, and in which order.
+/// The results of a fetch and their order.
 class FetchDescriptorTest final : public QObject
 {
     Q_OBJECT

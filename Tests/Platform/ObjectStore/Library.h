@@ -9,7 +9,7 @@
 
 namespace quorvel::tests {
 
-/// A store in a file of its own, and a second look at that file.
+/// A store in its own file, and a second connection to that file.
 struct Library
 {
     QTemporaryDir folder;
@@ -51,7 +51,7 @@ inline QStringList titles(const std::vector<std::shared_ptr<Book>> &books)
     return result;
 }
 
-/// The code of the StoreError that the action throws; nothing when it throws none.
+/// The code of the StoreError that the action throws; nothing if it throws none.
 template <class Action>
 std::optional<StoreError::Code> failure(Action action)
 {

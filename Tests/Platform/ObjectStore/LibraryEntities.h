@@ -50,7 +50,7 @@ private:
     QString m_name;
 };
 
-/// Outlives its author, and is sold with or without a format.
+/// Survives the deletion of its author. Its format is optional.
 class Book final : public PersistentObject
 {
 public:
@@ -111,7 +111,7 @@ struct Book::Keys
     static constexpr AttributeKey shelf{"shelf", &Book::shelf};
 };
 
-/// Is lost with its book.
+/// Is deleted with its book.
 class Bookmark final : public PersistentObject
 {
 public:

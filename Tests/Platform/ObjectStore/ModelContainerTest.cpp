@@ -41,7 +41,7 @@ void write(const QString &path, const QByteArray &bytes)
         qFatal("cannot prepare %s", qPrintable(path));
 }
 
-/// A store's place, empty at first.
+/// The location of a store, empty at first.
 struct Place
 {
     QTemporaryDir folder;
@@ -64,7 +64,7 @@ struct Place
         container->mainContext().save();
     }
 
-    /// The error that opening ends in; the file must be the same afterwards.
+    /// The error of opening the store. The file must not change.
     [[nodiscard]] std::optional<StoreError> refusal() const
     {
         const QByteArray before = contents(path);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// What an object says of its own changes.
+/// What an object reports about its own changes.
 class PersistentObjectTest final : public QObject
 {
     Q_OBJECT

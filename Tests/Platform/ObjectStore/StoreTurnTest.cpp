@@ -113,7 +113,7 @@ private slots:
     }
 
 private:
-    /// Only where there is none.
+    /// Only if there is none.
     int addFirstBook()
     {
         try {

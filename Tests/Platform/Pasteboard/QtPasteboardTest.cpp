@@ -46,7 +46,7 @@ private slots:
         QVERIFY(!left || !left->hasFormat(u"x-kde-passwordManagerHint"_s));
     }
 
-    /// This test's clipboard is the program's own.
+    /// On this platform the clipboard belongs to the program alone.
     void whatNoOtherProgramCanPasteIsRefused()
     {
         std::optional<Acceptance> acceptance;

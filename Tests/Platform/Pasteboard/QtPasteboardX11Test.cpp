@@ -24,7 +24,7 @@ QImage picture(QSize size = {1440, 2000})
     return image;
 }
 
-/// What another program gets when it pastes that format.
+/// What another program gets when it pastes this format.
 QByteArray pasted(const QString &format)
 {
     QProcess program;
@@ -34,7 +34,7 @@ QByteArray pasted(const QString &format)
     return program.readAllStandardOutput();
 }
 
-/// Another client of the server, which has copied something; ours does not hear of it meanwhile.
+/// Another client of the server that has copied something. Our program does not notice it yet.
 class OtherProgram final
 {
 public:
@@ -115,7 +115,7 @@ private slots:
     }
 
 private:
-    /// The server dates a program's claim by the last event that it was sent, as it is a click.
+    /// The server dates a claim by the latest event that it sent to the program, such as a click.
     static void letTheUserActNow()
     {
         QWindow window;

@@ -17,7 +17,7 @@ QByteArray reply(const QByteArray &elements, const QByteArray &more = {})
     return "{\"version\": 0.6, \"elements\": [" + elements + "]" + more + "}";
 }
 
-/// A node in the usual place with these tags.
+/// A node with these tags at the usual position.
 QByteArray node(const QByteArray &tags)
 {
     return "{\"type\": \"node\", \"id\": 7, \"lat\": 10.5, \"lon\": 106.25, \"tags\": {" + tags +

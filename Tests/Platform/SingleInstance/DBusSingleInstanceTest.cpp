@@ -44,7 +44,7 @@ std::unique_ptr<QProcess> startPeer(const QProcessEnvironment &variables = envir
     return peer;
 }
 
-/// Returns once all its threads stand still, which is later than the signal.
+/// Returns when all its threads have stopped, which is later than the signal.
 void freeze(const QProcess &peer)
 {
     const auto id = id_t(peer.processId());
@@ -60,7 +60,7 @@ QByteArray nextLine(QProcess &peer)
     return peer.readLine().trimmed();
 }
 
-/// What another start of the program says and becomes, while this one serves the bus.
+/// The output and the end of another start of the program, while this one serves the bus.
 QByteArray outcomeOf(QProcess &peer)
 {
     QSignalSpy finished(&peer, &QProcess::finished);
@@ -93,7 +93,7 @@ bool hasOwner()
 
 } // namespace
 
-/// On a bus of its own, with other starts of the program as processes of their own.
+/// On a private bus, with other starts of the program as separate processes.
 class DBusSingleInstanceTest final : public QObject
 {
     Q_OBJECT
@@ -202,7 +202,7 @@ private slots:
         QCOMPARE(instance.claim(), Claim::Primary);
         const auto peer = startPeer();
         bool isAnswered = false;
-        // As a window that takes its time, in which nothing else is done.
+        // Like a window that opens slowly and blocks everything else.
         connect(&instance, &SingleInstance::activated, &instance,
                 [&] { isAnswered = peer->bytesAvailable() > 0 || peer->waitForReadyRead(); });
         QCOMPARE(outcomeOf(*peer), QByteArray("HandedOver"));
@@ -266,7 +266,7 @@ private slots:
         QCOMPARE(activated.count(), 0);
     }
 
-    /// As one does that the bus starts, which has nothing to hand over.
+    /// Like a start by the bus, which has no request to hand over.
     void aFirstStartThatWantsNothingIsReachable()
     {
         const auto peer = startPeer(environment(), {u"nothing"_s});
@@ -335,7 +335,7 @@ private slots:
         QCOMPARE(nextLine(*peer), QByteArray("Primary"));
         freeze(*peer);
 
-        // Who asks it without a limit of their own waits for longer.
+        // A caller without its own limit waits longer.
         const QDBusPendingCall asked =
             QDBusConnection::sessionBus().asyncCall(QDBusMessage::createMethodCall(
                 busName, u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"GetMachineId"_s));

@@ -47,9 +47,9 @@ const char *nameOf(Request request)
 
 } // namespace
 
-/// Another start of the program, for the tests: says what became of its claim and, as the one
-/// instance, what it is asked for, until its input ends. Any argument: it
-/// wants to see nothing.
+/// Another start of the program, for the tests. It prints the result of its claim and, as the one
+/// instance, the requests that it gets, until its input ends. With any argument it requests
+/// nothing.
 int main(int argc, char *argv[])
 {
     QCoreApplication application(argc, argv);

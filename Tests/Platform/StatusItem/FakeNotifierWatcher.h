@@ -8,8 +8,8 @@
 
 namespace quorvel {
 
-/// A status notifier watcher on the real session bus, over a connection of its own, that answers as
-/// a test says.
+/// A status notifier watcher on the real session bus, over a separate connection. A test scripts
+/// its answers.
 class FakeNotifierWatcher final : public QDBusVirtualObject
 {
 public:
@@ -24,7 +24,7 @@ public:
     }
     ~FakeNotifierWatcher() override { QDBusConnection::disconnectFromBus(m_name); }
 
-    /// Takes the watcher's name, from its present owner if there is one.
+    /// Takes the watcher's name, also from a present owner.
     void appear()
     {
         m_bus.interface()->registerService(service,
@@ -36,7 +36,7 @@ public:
     {
         m_bus.send(QDBusMessage::createSignal(path, service, signal));
     }
-    /// Answers the first question that was met with silence.
+    /// Answers the first question that is still open.
     void answerLate(bool hasHost) { m_bus.send(reply(unanswered.takeFirst(), hasHost)); }
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &) override

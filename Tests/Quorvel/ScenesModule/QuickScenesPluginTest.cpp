@@ -33,7 +33,7 @@ private slots:
         scenes->openMenuBarPanel({});
         QVERIFY(scenes->openWindow(u"history"_s));
         QVERIFY(scenes->openWindow(u"probe8"_s));
-        // The diagnostics wait for the radio, which is not to be had here.
+        // The diagnostics wait for the radio, which does not exist here.
         QTRY_COMPARE(titles(), (QStringList{u"Check-ins — Quorvel"_s, u"Probe8"_s, u"Quorvel"_s}));
         QVERIFY(!scenes->openWindow(u"probe"_s));
     }

@@ -185,7 +185,7 @@ private slots:
     }
 
 private:
-    /// A visit of this moment, in the store.
+    /// A visit at the current time, in the store.
     void visit(const QString &cafe)
     {
         auto *repository = m_environment.checkInRepository();

@@ -7,12 +7,12 @@
 
 namespace quorvel::tests {
 
-/// The real GeoClue daemon on a system bus of its own, for the tests of one program. Make it before
-/// anything asks for the system bus.
+/// The real GeoClue daemon on a private system bus, for the tests of one program. Create it before
+/// anything uses the system bus.
 class GeoClueWorld final
 {
 public:
-    /// Why it could not start; empty when it did.
+    /// Why it could not start; empty if it did.
     [[nodiscard]] QString start()
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -30,7 +30,7 @@ public:
         m_process.waitForFinished(patienceMilliseconds);
     }
 
-    /// One of the commands of geoclue_world.py; false, with a warning, when it failed.
+    /// Runs a command of geoclue_world.py. Returns false and warns if it failed.
     [[nodiscard]] bool tell(const QByteArray &command)
     {
         m_process.write(command + '\n');
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    /// The event loop turns meanwhile: what was asked of the daemon goes on.
+    /// The event loop runs meanwhile, so that open requests to the daemon go on.
     QByteArray answer()
     {
         static_cast<void>(comes([this] { return m_process.canReadLine(); }));

@@ -7,8 +7,8 @@
 
 namespace quorvel::tests {
 
-/// The real keyring daemon on a session bus of its own, for the tests of one program. Make it
-/// before anything asks for the session bus.
+/// The real keyring daemon on a private session bus, for the tests of one program. Create it before
+/// anything uses the session bus.
 class KeyringWorld final
 {
 public:
@@ -31,7 +31,7 @@ public:
         m_process.waitForFinished(patienceMilliseconds);
     }
 
-    /// One of the commands of keyring_world.py; a test cannot go on without what it asks for.
+    /// Runs a command of keyring_world.py. The test ends if the command fails.
     void tell(const QByteArray &command)
     {
         m_process.write(command + '\n');

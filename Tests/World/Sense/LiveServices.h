@@ -15,8 +15,8 @@
 
 namespace quorvel::tests {
 
-/// All that the program senses by, over the machine that it runs on or over the district that plays
-/// it, for the programs of this folder. Needs an application object.
+/// All services of the program over their live backends, on this machine or in the simulated
+/// district, for the programs of this folder. Needs an application object.
 struct LiveServices
 {
     explicit LiveServices(const Endpoints &endpoints)
@@ -37,8 +37,8 @@ struct LiveServices
     SecItemKeychainStore keychain{SecItemKeychainStore::wifiService};
 };
 
-/// Ends once the network service has described the radio, or does not. Nothing announces that, but
-/// a question about a network that nobody knows is answered then.
+/// Returns when the network service has described the radio or failed to. Nothing announces that,
+/// but a question about an unknown network is answered only then.
 inline Task<> untilRadioIsKnown(LiveServices *services)
 {
     const QString nobodysNetwork = QStringLiteral("unknown");

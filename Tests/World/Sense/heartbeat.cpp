@@ -1,5 +1,5 @@
-// Calls the services that the program senses by, as orders come in, and answers a beat at every
-// turn that it is asked for one. heartbeat.py talks to it.
+// Calls the program's services on request, and answers a beat in every turn of the event loop in
+// which it is asked for one. heartbeat.py controls it.
 
 #include "Tests/World/Sense/LiveServices.h"
 
@@ -66,7 +66,7 @@ void obey(LiveServices *services, const QString &order)
         qFatal("no such order: %s", qUtf8Printable(order));
 }
 
-/// Ends the program where no more orders come.
+/// Ends the program when there are no more orders.
 void readOrders(LiveServices *services, QByteArray *rest)
 {
     char buffer[256];

@@ -1,6 +1,6 @@
-// Prints what the program would sense here: one fix, the cafés around it, the weather, the current
-// network and those nearby. On a machine with the services it asks those, in the district's box the
-// district. It never prints a password.
+// Prints what the program senses: one position, the cafés around it, the weather, the current
+// network and the networks nearby. It asks the services of this machine or, inside the district,
+// the simulated ones. It never prints a password.
 
 #include "Services/Places/PlacesRanking.h"
 #include "Tests/World/Sense/LiveServices.h"

@@ -8,7 +8,7 @@ using namespace std::chrono_literals;
 
 namespace quorvel::tests {
 
-/// A password that is kept: seen and copied.
+/// Showing and copying a stored password.
 class StoredWifiPasswordTest final : public WifiSectionCase
 {
     Q_OBJECT

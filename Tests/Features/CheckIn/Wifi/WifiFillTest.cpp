@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// A password from the system, which is for one network alone.
+/// Filling in a password from the system, for one network only.
 class WifiFillTest final : public WifiSectionCase
 {
     Q_OBJECT

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// Joining a network, and keeping the password that it was joined with.
+/// Joining a network and storing its password.
 class WifiJoinTest final : public WifiSectionCase
 {
     Q_OBJECT
@@ -94,7 +94,7 @@ private slots:
         QVERIFY(!m_section->connecting());
         QVERIFY(m_services->keychain.saved.isEmpty());
         QCOMPARE(m_connected, 0);
-        // The next try begins without it.
+        // The next try starts without it.
         m_services->wifi.joins.willHold();
         m_section->connectTo(u"A"_s);
         QCOMPARE(m_section->connectErrorMessage(), std::nullopt);

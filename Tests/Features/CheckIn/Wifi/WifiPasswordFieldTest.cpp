@@ -4,7 +4,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// The Wi-Fi block, as somebody uses it in the panel.
+/// The Wi-Fi block in the panel, as a user works with it.
 class WifiPasswordFieldTest final : public QObject
 {
     Q_OBJECT

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// Which row is open, and what a row that closes takes with it.
+/// Which row is open, and what a closing row forgets.
 class WifiRowTest final : public WifiSectionCase
 {
     Q_OBJECT

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {
 
-/// What the block lists, when it listens and asks the keychain, and how it may be destroyed.
+/// What the block lists, when it scans and asks the keychain, and how it can be destroyed.
 class WifiScanSectionTest final : public WifiSectionCase
 {
     Q_OBJECT

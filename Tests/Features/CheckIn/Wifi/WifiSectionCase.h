@@ -10,7 +10,7 @@
 
 namespace quorvel::tests {
 
-/// What the tests of the Wi-Fi block share: the block, new for each case, over fakes.
+/// The base of the Wi-Fi block's tests: a new block over fakes for each case.
 class WifiSectionCase : public QObject
 {
     Q_OBJECT
@@ -35,21 +35,21 @@ protected:
     ~WifiSectionCase() override;
 
     static void settle();
-    /// Posted events alone, so that no timer fires.
+    /// Only posted events, so that no timer fires.
     static void settleBriefly();
 
-    /// The block is shown, and hears these.
+    /// The block is shown and hears these networks.
     void show(const Networks &networks);
     void showAgain(const Networks &networks);
-    /// "A" is open, and its password kept.
+    /// "A" is open, and its password is stored.
     void openSaved();
 
-    /// A join that goes on until `endJoin` or `failJoin`.
+    /// A join that stays open until `endJoin` or `failJoin`.
     void hold(const QString &ssid, const QString &password);
     void endJoin();
     void failJoin();
 
-    /// The system answers what it was asked first.
+    /// The system answers its first open request.
     void answerFill(const std::optional<QString> &password);
 
     const Networks three;
@@ -57,7 +57,7 @@ protected:
     const QString cannotConnect;
     std::optional<Services> m_services;
     std::optional<WifiScanSection> m_section;
-    /// How often the block told that it joined or kept something.
+    /// How often the block reported a join or a stored password.
     int m_connected = 0;
 };
 

@@ -10,7 +10,7 @@ namespace quorvel::tests {
 
 namespace {
 
-/// When and where the history is looked at.
+/// The time and place at which the history is viewed.
 struct View
 {
     QString now = {};

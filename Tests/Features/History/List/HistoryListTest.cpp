@@ -13,7 +13,7 @@ namespace {
 
 constexpr int manyVisits = 60;
 
-/// Enough for several windows, of three days.
+/// Enough rows for several windows, on three days.
 Visits visits()
 {
     Visits result;

@@ -277,7 +277,7 @@ private:
     }
     [[nodiscard]] QQuickItem *card() { return history().shown("objectName", u"VisitCardView"_s); }
     [[nodiscard]] double cardHeight() { return card()->height(); }
-    /// In the middle, where neither chip is.
+    /// A point in the middle, where there is no chip.
     [[nodiscard]] QColor bannerColor()
     {
         QQuickItem *banner = nullptr;

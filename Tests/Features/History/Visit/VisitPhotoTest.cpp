@@ -44,7 +44,7 @@ QByteArray bigEndian(Number number)
     return bytes;
 }
 
-/// A note behind the first two bytes of a JPEG: how the camera was held.
+/// A note after the first two bytes of a JPEG that gives the orientation of the camera.
 QByteArray held(QByteArray jpeg, quint16 orientation)
 {
     const QByteArray entry = bigEndian<quint16>(0x0112) + bigEndian<quint16>(3) +
@@ -54,7 +54,7 @@ QByteArray held(QByteArray jpeg, quint16 orientation)
     return jpeg.insert(2, "\xFF\xE1" + bigEndian(quint16(note.size() + 2)) + note);
 }
 
-/// The same JPEG, which now says to be of another size; what is missing is read as grey.
+/// The same JPEG with another size in its header. Missing parts read as grey.
 QByteArray claiming(QByteArray jpeg, QSize size)
 {
     const qsizetype frame = jpeg.indexOf(QByteArrayLiteral("\xFF\xC0"));
@@ -62,7 +62,7 @@ QByteArray claiming(QByteArray jpeg, QSize size)
                         bigEndian(quint16(size.height())) + bigEndian(quint16(size.width())));
 }
 
-/// Red, but for a green quarter below right.
+/// Red, with a green quarter at the lower right.
 QImage quartered()
 {
     QImage image = colored({400, 200}, Qt::red);
@@ -78,7 +78,7 @@ bool isGreen(const QImage &image, double x, double y)
     return color.green() > 200 && color.red() < 50;
 }
 
-/// In kilobytes; of the whole program.
+/// The memory of the whole program, in kilobytes.
 qint64 statusValue(const QByteArray &key)
 {
     QFile file(u"/proc/self/status"_s);

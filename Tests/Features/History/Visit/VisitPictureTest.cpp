@@ -35,7 +35,7 @@ QImage photo()
     return image;
 }
 
-/// As in a window of that colour, one pixel a point.
+/// As in a window of that colour, with one pixel per point.
 QImage on(const QColor &background, const QImage &image, QSize size)
 {
     QImage ground(size, QImage::Format_RGB32);
@@ -57,7 +57,7 @@ struct Difference
     double mean = 0;
 };
 
-/// Between pictures of one size, without the corners: another shadow lies under them.
+/// Compares pictures of one size without their corners, which have different shadows under them.
 Difference differenceOf(const QImage &image, const QImage &other)
 {
     const QRect inside = image.rect().adjusted(0, cornerRadius, 0, -cornerRadius);
@@ -113,9 +113,9 @@ private slots:
         const QImage single = ImageRenderer::image(
             m_engine, u"History"_s, u"VisitCardView"_s,
             {{u"detail"_s, QVariant::fromValue(history().screen.openVisit())}}, 1);
-        // What is drawn on nothing and laid on the window after is rounded once more.
+        // Drawing on a transparent picture and laying that on the window rounds once more.
         QVERIFY(differenceOf(on(around, single, screen.size()), screen).largest <= 2);
-        // Twice as fine, the edges of letters and stars lie a little elsewhere; nothing else does.
+        // At scale 2 only the edges of letters and stars differ slightly.
         QVERIFY(differenceOf(on(around, picture, screen.size()), screen).mean <= 1.5);
     }
 

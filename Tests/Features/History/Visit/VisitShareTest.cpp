@@ -32,7 +32,7 @@ QImage picture(QSize size = {4, 3})
     return image;
 }
 
-/// Larger than a small disk, however it is packed.
+/// Larger than a small disk, however well it is compressed.
 QImage noise()
 {
     QRandomGenerator random(1);
@@ -43,7 +43,7 @@ QImage noise()
     return image;
 }
 
-/// A visit whose card is a red rectangle, and what its sharing went through.
+/// A visit whose card is a red rectangle, and the states of its sharing.
 class World
 {
 public:
@@ -68,7 +68,7 @@ public:
     [[nodiscard]] const QHash<QString, QByteArray> &files() const { return m_fakeFiles.files; }
     [[nodiscard]] int drawings() const { return int(pasteboard.calls.count(u"picture"_s)); }
 
-    /// To the end, and back.
+    /// Runs the sharing to its end.
     void shareOnce()
     {
         m_share.share();
@@ -308,7 +308,7 @@ private slots:
     }
 
 private:
-    /// The clipboard refuses; the folder is the user's home.
+    /// The clipboard refuses, and the folder is the user's home.
     static void saveInto(const QTemporaryDir &home, const States &states)
     {
         const XdgFileManager files({.home = home.path(), .configHome = home.path()});

@@ -21,7 +21,7 @@ QImage image(qreal dotRadius, qreal scale)
     return MenuBarIcon::picture(dotRadius, scale).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// The colour at a point of the picture, whatever its scale.
+/// The colour at a point of the picture, at any scale.
 QRgb at(const QImage &image, qreal scale, qreal x, qreal y)
 {
     return image.pixel(int(x * scale), int(y * scale));
@@ -36,7 +36,7 @@ int count(const QImage &image, const QRect &area, QRgb colour)
     return found;
 }
 
-/// WCAG's measure of how well a colour stands out from another; 3 is asked of graphics.
+/// The contrast of two colours by WCAG, which asks for 3 in graphics.
 qreal contrast(const QColor &one, const QColor &other)
 {
     const auto luminance = [](const QColor &colour) {
@@ -103,7 +103,7 @@ private slots:
 
     void noPixelIsFaint_data() { everyPicture_data(); }
 
-    /// Some status areas show such a pixel as if it were not.
+    /// Some status areas draw such a pixel as if it were opaque.
     void noPixelIsFaint()
     {
         QFETCH(const qreal, radius);
@@ -121,7 +121,8 @@ private slots:
         QTest::newRow("large") << MenuBarIcon::largeDotRadius;
     }
 
-    /// Along the dot's row to the left, where it covers the cup, at a scale that shows it exactly.
+    /// Goes left along the dot's row, where the dot covers the cup, at a scale that shows it
+    /// exactly.
     void dotEndsAtItsRadiusAndHalfItsOutline()
     {
         QFETCH(const qreal, radius);
@@ -140,7 +141,7 @@ private slots:
         QCOMPARE(qAlpha(at(pixels, scale, dotX, dotY - radius - halfOutline - within)), 0);
     }
 
-    // Deliberate: the large dot is wider than the picture leaves it room for.
+    // Deliberate: the large dot is wider than the space that the picture has for it.
     void largeDotIsCutOffAtThePicturesEdge()
     {
         const QImage large = image(MenuBarIcon::largeDotRadius, 2);

@@ -21,7 +21,7 @@ QTimer *tickerOf(const MenuBarLabel &label)
     return label.findChild<QTimer *>(u"ticker"_s);
 }
 
-/// What the event loop does when the interval is over.
+/// Fires the timer, as the event loop does after the interval.
 void letElapse(QTimer *timer)
 {
     QTimerEvent elapsed(timer->timerId());

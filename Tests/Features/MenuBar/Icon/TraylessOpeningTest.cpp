@@ -65,7 +65,7 @@ private:
         QCOMPARE(asked.size(), 0);
     }
 
-    /// One that begins only now asks: what another would have asked for before has come by then.
+    /// A new object starts now and asks. An earlier one would have asked by then.
     static void waitForALaterOpening()
     {
         const FakeStatusItem nowhere;

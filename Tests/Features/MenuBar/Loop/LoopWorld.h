@@ -13,8 +13,8 @@
 
 namespace quorvel::tests {
 
-/// The daily loop with fakes around it, for tests of the loop and of what follows it: a user at
-/// `home`, who lets the program know, with two cafés near and the sun out.
+/// The daily loop over fakes, for tests of the loop and of what depends on it: a user at `home` who
+/// allows the location, two cafés nearby, and sunshine.
 class LoopWorld final
 {
 public:
@@ -24,7 +24,7 @@ public:
     ~LoopWorld();
     Q_DISABLE_COPY_MOVE(LoopWorld)
 
-    /// A degree of latitude is 110.6 km at this place: the offsets below are exact to a centimetre.
+    /// A degree of latitude is 110.6 km here. The offsets below are exact to a centimetre.
     static constexpr double metersPerDegree = 110574.4;
 
     [[nodiscard]] static Location home(double metersNorth = 0);
@@ -34,18 +34,18 @@ public:
     [[nodiscard]] LocatedSnapshot full() const;
     [[nodiscard]] LocatedSnapshot degraded() const;
 
-    /// What the loop asks.
+    /// The services of the loop.
     [[nodiscard]] MenuBarViewModel::Services services();
 
     void willAuthorize();
     void willLocate(double metersNorth = 0);
     void willFindAll(double metersNorth = 0);
 
-    /// Lets everything happen that follows from what has been scripted.
+    /// Runs everything that follows from the script.
     static void settle();
     void send(const MenuBarInput &input);
     void makeViewModel();
-    /// What was asked since this was last called: positions, searches, weathers.
+    /// The number of positions, searches and weather reports requested since the last call.
     [[nodiscard]] QList<qsizetype> newCalls();
     [[nodiscard]] std::vector<State> newStates();
 
@@ -56,7 +56,7 @@ public:
     FakeWifiService wifi;
     FakeKeychainStore keychain;
     std::vector<State> states;
-    /// Last, so that it ends before what it asks.
+    /// Last, so that it is destroyed before its services.
     std::unique_ptr<MenuBarViewModel> viewModel;
 
 private:

@@ -12,7 +12,7 @@ namespace {
 using State = LoopWorld::State;
 using States = std::vector<State>;
 
-/// Where a load waits.
+/// The places where a load waits.
 enum class Point { Authorization, Position, Search, Weather };
 
 const QList<std::pair<Point, QString>> points{{Point::Authorization, u"authorization"_s},
@@ -37,8 +37,8 @@ bool loads(const MenuBarInput &input)
 
 } // namespace
 
-/// Every input overtakes every load at every place where it waits: nothing of the older one is
-/// written, neither to the state nor to what later starts reuse.
+/// Every input overtakes every load at every place where it waits. The older load writes nothing:
+/// not to the state, and not to the cache.
 class MenuBarCancellationTest final : public QObject
 {
     Q_OBJECT
@@ -60,7 +60,7 @@ private slots:
             for (int newer = 0; newer < inputs().size(); ++newer)
                 for (const auto &[point, name] : points)
                     for (const bool hasCache : {false, true})
-                        // The others end in the turn that they begin in.
+                        // The others end in the turn in which they begin.
                         if (loads(inputs()[older].first))
                             QTest::addRow("%s overtakes %s at its %s, %s",
                                           qPrintable(inputs()[newer].second),
@@ -151,7 +151,7 @@ private:
         m_world->clock.instant += 601s;
     }
 
-    /// Sends an input whose load then waits at the point.
+    /// Sends an input whose load then waits at this point.
     void suspend(const MenuBarInput &input, Point point)
     {
         if (point == Point::Authorization)
@@ -179,8 +179,8 @@ private:
         m_world->weather.calls.willHold();
     }
 
-    /// Answers what has waited at the point for longest. The services of the location keep one
-    /// waiter, so that there it is the newer one.
+    /// Answers the oldest request at this point. The location's services keep only one waiter, so
+    /// there it is the newer one.
     void release(Point point, const QString &cafe)
     {
         switch (point) {
@@ -201,7 +201,7 @@ private:
         LoopWorld::settle();
     }
 
-    /// Answers everything that the newer load asks, from where the release at the point left it.
+    /// Answers all further requests of the newer load after the release at this point.
     void finishHeld(Point released)
     {
         for (const auto &[point, name] : points)
@@ -209,7 +209,7 @@ private:
                 release(point, u"New"_s);
     }
 
-    /// What the newer input itself shows while it waits.
+    /// The state that the newer input shows while it waits.
     [[nodiscard]] State paintOf(const MenuBarInput &newer) const
     {
         const State &shown = m_world->viewModel->state();
@@ -224,7 +224,7 @@ private:
         return State::loaded(snapshot);
     }
 
-    /// What a later start paints after an input that loads nothing.
+    /// The state that a later start shows after an input that loads nothing.
     [[nodiscard]] State cacheAfter(const MenuBarInput &newer) const
     {
         const State &shown = m_world->viewModel->state();

@@ -280,22 +280,22 @@ private slots:
         script(mishap);
         m_world->send(start);
         QVERIFY(m_world->newStates() == States({State::loading(), fallback}));
-        // Nothing of that was cached.
+        // None of that was cached.
         loadOnce();
-        // With a fresh cache it stays.
+        // A fresh cache stays.
         script(mishap);
         m_world->send(start);
         QVERIFY(m_world->newStates().empty());
         QVERIFY(shown() == m_world->full());
-        // A retry does not keep it.
+        // A retry ignores the cache.
         script(mishap);
         m_world->send(retry);
         QVERIFY(m_world->newStates() == States({State::loading(), fallback}));
-        // It is still there at the next start, which keeps it.
+        // The next start finds the cache again.
         script(mishap);
         m_world->send(start);
         QVERIFY(m_world->newStates() == States({State::loaded(m_world->full())}));
-        // Once stale it is shown, and not kept.
+        // A stale cache is shown but not kept.
         m_world->clock.instant += 601s;
         script(mishap);
         m_world->send(start);
@@ -355,11 +355,11 @@ private slots:
         QVERIFY(shown() == expected);
         QVERIFY(shown().nearbyCandidates.empty());
         static_cast<void>(m_world->newStates());
-        // Fresh, so it is kept where the next position fails.
+        // It is fresh, so it is kept if the next position fails.
         script(u"no fix"_s);
         m_world->send(start);
         QVERIFY(m_world->newStates().empty());
-        // It has no place of its own, so the next position that is found loads all.
+        // It has no position of its own, so the next found position loads everything.
         static_cast<void>(m_world->newCalls());
         m_world->willFindAll();
         m_world->send(start);
@@ -493,7 +493,7 @@ private:
             m_world->willAuthorize();
             return m_world->location.refuseLocation(AppError::locationFailed(u"no fix"_s));
         }
-        // From afar, so that a fresh cache is not reused.
+        // Far away, so that a fresh cache is not reused.
         m_world->willLocate(150);
         if (mishap == u"no search"_s)
             m_world->places.calls.willFail(AppError::network(u"down"_s));

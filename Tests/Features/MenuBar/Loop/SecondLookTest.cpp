@@ -20,7 +20,7 @@ struct World
         look.emplace(*loop.viewModel, events, [this] { return mayInterrupt; });
     }
 
-    /// The panel opens, and finds no café.
+    /// The panel opens and finds no café.
     void openWithoutCafe()
     {
         willNotFind();
@@ -46,7 +46,7 @@ struct World
         loop.places.calls.willFail(AppError::network(u"no route"_s));
     }
     [[nodiscard]] QTimer *settling() const { return look->findChild<QTimer *>(u"settling"_s); }
-    /// What the event loop does when the time is over; nothing where none runs.
+    /// Fires the timer, as the event loop does after its time. Does nothing without a timer.
     void letSettle() const
     {
         if (settling()->isActive()) {
@@ -55,7 +55,7 @@ struct World
         }
         LoopWorld::settle();
     }
-    /// How many positions were asked for since this was last called.
+    /// The number of positions requested since the last call.
     [[nodiscard]] qsizetype newLooks() { return loop.newCalls().first(); }
 
     LoopWorld loop;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr QRect lowScreen(0, 0, 800, 480);
 
-/// Read by the platform when the application is made.
+/// The platform reads it when the application is created.
 QByteArray screens()
 {
     return R"({"screens": [{"name": "low", "x": 0, "y": 0, "width": 800, "height": 480}]})";
@@ -19,7 +19,7 @@ QByteArray screens()
 
 } // namespace
 
-/// The panel where a screen is lower than itself.
+/// The panel on a screen that is lower than the panel.
 class LowScreenTest final : public QObject
 {
     Q_OBJECT

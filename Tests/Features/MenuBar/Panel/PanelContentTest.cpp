@@ -9,7 +9,7 @@ namespace quorvel::tests {
 
 using Store = PanelWorld::Store;
 
-/// Which screen the panel shows for what the loop has come to.
+/// Which screen the panel shows for each state of the loop.
 class PanelContentTest final : public QObject
 {
     Q_OBJECT

@@ -9,8 +9,7 @@
 
 namespace quorvel::tests {
 
-/// The real panel over a world of fakes, with somebody before it. For tests of what is pressed and
-/// typed in its screens.
+/// The real panel over fakes, with a simulated user. For tests of clicks and keys in its screens.
 class PanelOnScreen final
 {
 public:
@@ -18,25 +17,25 @@ public:
     ~PanelOnScreen();
     Q_DISABLE_COPY_MOVE(PanelOnScreen)
 
-    /// What has been scripted happens.
+    /// Runs what the script says.
     void open();
-    /// In two frames: what the first one makes larger moves what is below it in the second.
+    /// Waits two frames: what grows in the first frame moves other items in the second.
     void settle();
 
-    /// The first that is on screen; null without one.
+    /// The first visible one; null if there is none.
     [[nodiscard]] QQuickItem *shown(const char *property, const QVariant &value);
     [[nodiscard]] QQuickItem *text(const QString &text) { return shown("text", text); }
     [[nodiscard]] QQuickItem *control(const QString &label) { return shown("label", label); }
     [[nodiscard]] QQuickItem *view(const QString &name) { return shown("objectName", name); }
 
-    /// Ends the program where there is no such control.
+    /// Ends the program if there is no such control.
     void focus(const QString &label);
     void press(const QString &label);
     void key(Qt::Key key);
-    /// Letters that a keyboard has by itself.
+    /// Letters that a keyboard has without a compose key.
     void type(const QByteArray &letters);
 
-    /// Whether all of it is within the window and on the screen, and nothing scrolls it away.
+    /// Whether the whole item is inside the window and on the screen, and not scrolled away.
     [[nodiscard]] bool isInSight(const QQuickItem *item);
 
     [[nodiscard]] QQuickView &window() { return panel.window(); }

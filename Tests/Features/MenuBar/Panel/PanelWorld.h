@@ -10,7 +10,7 @@
 
 namespace quorvel::tests {
 
-/// Everything that the panel asks, as fakes, for tests of its screens. Outlives the panel.
+/// Fakes of everything that the panel uses, for tests of its screens. It outlives the panel.
 struct PanelWorld
 {
     enum class Store { Absent, Present };
@@ -21,7 +21,7 @@ struct PanelWorld
 
     [[nodiscard]] MenuBarRoles roles(Store store = Store::Present);
 
-    /// The loop finds these, and the Wi-Fi block hears nothing until it is let.
+    /// The loop finds these cafés. The Wi-Fi block hears nothing until a test allows it.
     void willFind(const std::vector<PlaceCandidate> &cafes,
                   const WeatherSnapshot &weather = LoopWorld::sun());
     void willHear(const QList<WifiNetwork> &networks);

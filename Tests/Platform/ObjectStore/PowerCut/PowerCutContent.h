@@ -10,7 +10,7 @@
 
 namespace quorvel::tests {
 
-/// What a disk has kept of the writes that it was not told to sync.
+/// How much the disk has kept of writes without a sync.
 enum class Unsynced {
     Lost,
     Kept,
@@ -18,7 +18,7 @@ enum class Unsynced {
     Scattered, ///< any sectors of any of them: disks write in an order of their own
 };
 
-/// What a file on a disk with volatile memory certainly holds, and what it was told since.
+/// The certain content of a file on a disk with volatile memory, and the writes since.
 class PowerCutContent
 {
 public:
@@ -58,7 +58,7 @@ public:
 private:
     static constexpr qint64 sectorBytes = 512;
 
-    /// Bytes at an offset; absent bytes cut the file off there.
+    /// Bytes at an offset. Absent bytes truncate the file there.
     struct Change
     {
         qint64 offset = 0;

@@ -19,12 +19,12 @@ namespace {
 constexpr int roundCount = 60;
 constexpr int maximumSavesPerRound = 8;
 constexpr int booksPerSave = 3;
-/// Opening, a round of saves and closing take about so many operations.
+/// The approximate number of operations for opening, a round of saves and closing.
 constexpr int maximumOperationsPerRound = 300;
-/// Of the log; small, so that its pages go over into the database all the time.
+/// The size of the log. It is small, so that its pages move to the database often.
 constexpr int pagesBetweenCheckpoints = 12;
 
-/// The connection opened last: the store keeps its own to itself.
+/// The latest connection, since the store does not give its own away.
 sqlite3 *openedLast = nullptr;
 
 int noteConnection(sqlite3 *connection)
@@ -33,7 +33,8 @@ int noteConnection(sqlite3 *connection)
     return SQLITE_OK;
 }
 
-/// A library on a disk that loses power, and what of it may and what must not be lost.
+/// A library on a disk that loses power, with the data that must survive and the data that may be
+/// lost.
 class FragileLibrary
 {
 public:
@@ -47,7 +48,7 @@ public:
     }
     void close() { m_container.reset(); }
 
-    /// One save of several rows in two tables, known by the shelf that its books stand on.
+    /// One save of several rows in two tables. The shelf of its books identifies it.
     void save()
     {
         m_attempted = u"shelf %1"_s.arg(m_nextShelf++);
@@ -62,7 +63,7 @@ public:
         m_saved.insert(m_attempted);
     }
 
-    /// The process is gone with the power; the disk comes back.
+    /// The process ends with the power. The disk comes back.
     void restart(Unsynced unsynced)
     {
         disk.cutPower();
@@ -70,11 +71,11 @@ public:
         disk.restorePower(unsynced, random);
     }
 
-    /// The saves that returned and are not in the store, each with all of its books.
+    /// The saves that returned but are not in the store with all their books.
     [[nodiscard]] QSet<QString> lost() { return m_saved - completeShelves(); }
 
-    /// Whether the save that the power cut off is in the store. Asked once, it counts as one that
-    /// returned, or as one that must never show up. A part of it fails the test.
+    /// Whether the interrupted save is in the store. After this call it counts as a save that
+    /// returned, or as one that must never appear. A partial save fails the test.
     [[nodiscard]] bool keepsInterrupted()
     {
         const QString attempted = std::exchange(m_attempted, {});

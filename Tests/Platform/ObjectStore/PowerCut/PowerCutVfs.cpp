@@ -7,7 +7,7 @@
 
 namespace quorvel::tests {
 
-/// An open file, in memory that SQLite owns; the system's own file lies right behind it.
+/// An open file, in memory that SQLite owns. The system's own file follows it in that memory.
 struct PowerCutFile
 {
     sqlite3_file base;
@@ -38,7 +38,7 @@ struct PowerCutFile
     static const sqlite3_io_methods methods;
 };
 
-// Version 2 has the shared memory that a log needs, and no memory-mapped access past `read`.
+// Version 2 has the shared memory that a log needs, and no memory-mapped access beside `read`.
 const sqlite3_io_methods PowerCutFile::methods{
     .iVersion = 2,
     .xClose = close,
@@ -68,7 +68,7 @@ int PowerCutFile::open(sqlite3_vfs *vfs, const char *name, sqlite3_file *file, i
     file->pMethods = nullptr;
     if (!disk->isPowered())
         return SQLITE_CANTOPEN;
-    // Order: what was there before is looked at before the system makes the file.
+    // Order: look for an existing file before the system creates it.
     const auto content = name ? disk->contentOf(QFile::decodeName(name)) : nullptr;
     const int result = disk->m_system->xOpen(disk->m_system, name, system(file), flags, flagsOut);
     if (result != SQLITE_OK)
@@ -116,7 +116,7 @@ int PowerCutFile::truncate(sqlite3_file *file, sqlite3_int64 size)
     return system(file)->pMethods->xTruncate(system(file), size);
 }
 
-/// Leaves the system's disk alone: the one that counts is this one.
+/// Does not sync the system's disk, since only this simulated disk counts.
 int PowerCutFile::sync(sqlite3_file *file, int)
 {
     PowerCutFile &self = of(file);
@@ -185,8 +185,8 @@ bool PowerCutVfs::operate()
     return true;
 }
 
-/// A file that was there before holds what it holds, unless it is empty: then it was made just now,
-/// past SQLite, and nothing about it is certain.
+/// An existing file is certain as it is. An empty file was created just now, without SQLite, so
+/// nothing about it is certain.
 PowerCutVfs::Content PowerCutVfs::contentOf(const QString &path)
 {
     auto &content = m_folder[path];

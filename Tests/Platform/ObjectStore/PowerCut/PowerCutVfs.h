@@ -10,12 +10,11 @@
 
 namespace quorvel::tests {
 
-/// A disk whose power can be cut, beneath every SQLite database that is opened while it exists.
-///
-/// It passes everything through, and keeps for each file what a sync has made certain. So it does
-/// for the folder: that a file was made, or is gone, is certain once the folder was synced, which
-/// SQLite does with the first sync of a journal or log that it opened. The shared index beside a
-/// log is memory, and gone with the power.
+/// A disk whose power can be cut, below every SQLite database that is opened while it exists. It
+/// passes everything through, and keeps for each file what a sync has made certain. The same holds
+/// for the folder: the creation or deletion of a file is certain once the folder is synced, which
+/// SQLite does with the first sync of a new journal or log. The shared index beside a log is memory
+/// and is lost with the power.
 class PowerCutVfs
 {
 public:
@@ -24,16 +23,16 @@ public:
     PowerCutVfs &operator=(const PowerCutVfs &) = delete;
     ~PowerCutVfs();
 
-    /// From now on nothing reaches the disk and every operation fails.
+    /// From now on nothing reaches the disk, and every operation fails.
     void cutPower() { m_operationsLeft = 0; }
-    /// The same, after so many more writes, truncations, syncs and deletions.
+    /// The same, after this many writes, truncations, syncs and deletions.
     void cutPowerAfter(int operations) { m_operationsLeft = operations; }
     [[nodiscard]] bool isPowered() const { return m_operationsLeft != 0; }
 
-    /// Puts the files back as the disk has kept them. No database may be open.
+    /// Restores the files to the state that the disk has kept. No database may be open.
     void restorePower(Unsynced unsynced, QRandomGenerator &random);
 
-    /// Makes the disk one that answers to a sync without having written anything.
+    /// Makes the disk report a sync without writing anything.
     void pretendToSync() { m_pretendsToSync = true; }
 
     /// How often a database itself, not its log, was synced.
@@ -44,7 +43,7 @@ private:
 
     using Content = std::shared_ptr<PowerCutContent>;
 
-    /// False once the power is cut.
+    /// False after the power cut.
     bool operate();
     Content contentOf(const QString &path);
     void syncFolder() { m_certainFolder = m_folder; }

@@ -146,7 +146,7 @@ private:
         appear(scene);
         static_cast<void>(m_world->loop.newCalls());
     }
-    /// The network does, and has settled.
+    /// The network is back and has settled.
     void comeBack(MenuBarScene &scene)
     {
         m_world->willFind(LoopWorld::found());

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace quorvel::tests {
 
-/// A window that has the focus, another that can take it, and what is told of that.
+/// A window with the focus, another one that can take it, and the signals about that.
 class PanelFocusWatchTest final : public QObject
 {
     Q_OBJECT
@@ -133,7 +133,7 @@ private:
         focus(*m_panel);
     }
 
-    /// Every window that really shows gets the focus here.
+    /// On this platform every visible window gets the focus.
     void showUnfocused()
     {
         QShowEvent event;

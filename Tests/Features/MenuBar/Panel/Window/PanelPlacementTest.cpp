@@ -17,7 +17,8 @@ const ScreenArea leftScreen{.geometry = {-1024, 100, 1024, 768},
                             .available = {-1024, 124, 1024, 744}};
 const ScreenArea upperScreen{.geometry = {0, -1080, 1920, 1080},
                              .available = {0, -1080, 1920, 1050}};
-/// 3840 x 2160 pixels at scale 2, left of and above the first, with a hole between the two.
+/// 3840 x 2160 pixels at scale 2, to the left of and above the first screen, with a gap between
+/// them.
 const ScreenArea denseScreen{.geometry = {-3840, -2160, 1920, 1080},
                              .available = {-3840, -2134, 1920, 1054}};
 const ScreenArea tiny{.geometry = {0, 0, 320, 200}, .available = {0, 20, 320, 180}};

@@ -7,7 +7,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What happens to the panel, and when.
+/// An event of the panel and its time.
 enum class Event { Click, FocusLoss };
 
 struct Happening
@@ -53,7 +53,7 @@ private slots:
     {
         QFETCH(Happenings, happenings);
         QFETCH(QList<bool>, admitted);
-        // The clock of a machine that has run for a while.
+        // The clock of a machine that has run for some time.
         auto now = 100h + 0ms;
         const auto start = now;
         PanelToggleGuard guard([&now] { return now; });
