@@ -30,7 +30,7 @@ std::shared_ptr<CheckIn> visit(std::shared_ptr<Cafe> at)
                                      std::move(at));
 }
 
-/// Decodes a record from one row of literals.
+/// Decodes a record from a row of literals.
 template <class Record>
 Record decoded(const std::string &select)
 {
@@ -239,7 +239,8 @@ private slots:
     }
 
 private:
-    /// One row that decodes, then for each key one without it and one with a text in its place.
+    /// One row that decodes. Then, for each key, one row without it and one with a text in its
+    /// place.
     static void addRows(bool isWeather, const QStringList &values, const QStringList &keys)
     {
         const auto name = [&](const QString &what) {

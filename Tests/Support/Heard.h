@@ -11,7 +11,7 @@
 
 namespace quorvel::tests {
 
-/// What a call's completion was told, and how often.
+/// The results that a call's completion received, and how many.
 template <class Value>
 struct Heard
 {
@@ -19,7 +19,7 @@ struct Heard
     std::optional<Value> value;
     QString error;
 
-    /// To be handed to the call.
+    /// Pass it to the call.
     [[nodiscard]] static Completion<Value> by(const std::shared_ptr<Heard> &heard)
     {
         return [heard](Outcome<Value> outcome) {
@@ -33,8 +33,7 @@ struct Heard
     }
 };
 
-/// Begins a call with the completion that it is given, and waits for the call's end; what is
-/// returned goes on to count.
+/// Starts a call with a completion and waits for its end. The returned object goes on counting.
 template <class Value, class Begin>
 [[nodiscard]] std::shared_ptr<Heard<Value>> hear(Begin begin)
 {

@@ -6,7 +6,7 @@
 
 namespace quorvel::tests {
 
-/// The instant that an ISO 8601 text with its zone names, such as "2026-11-21T12:00:00Z".
+/// The instant of an ISO 8601 text with its zone, such as "2026-11-21T12:00:00Z".
 inline Instant instant(const QString &text)
 {
     const auto dateTime = QDateTime::fromString(text, Qt::ISODateWithMs);

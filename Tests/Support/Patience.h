@@ -4,11 +4,10 @@
 
 namespace quorvel::tests {
 
-/// For a fact that a test waits for. Only a hang lasts so long: a fact that comes early costs
-/// nothing of it.
+/// How long a test waits for a fact. Only a hang takes longer, and an early fact costs no time.
 constexpr int patienceMilliseconds = 60'000;
 
-/// Lets the event loop turn until the fact is there. False when it never comes.
+/// Runs the event loop until the fact is true. Returns false if it never is.
 template <class Fact>
 [[nodiscard]] bool comes(Fact fact)
 {
@@ -17,7 +16,7 @@ template <class Fact>
 
 } // namespace quorvel::tests
 
-// Qt's own wait five seconds, which a busy machine can take.
+// Qt's own macros wait five seconds, which is too short on a busy machine.
 #undef QTRY_VERIFY
 #undef QTRY_COMPARE
 #define QTRY_VERIFY(fact) QTRY_VERIFY_WITH_TIMEOUT(fact, quorvel::tests::patienceMilliseconds)

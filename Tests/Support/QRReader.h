@@ -8,10 +8,10 @@
 
 namespace quorvel::tests {
 
-/// Reads codes as a camera does. Serves every test of a picture that may show one.
+/// Reads codes as a camera does, for every test of a picture with a code.
 namespace QRReader {
 
-/// What the code in the picture says; nothing when none is seen there.
+/// The text of the code in the picture; nothing if there is none.
 inline QByteArray read(const QImage &image)
 {
     const QTemporaryDir folder;

@@ -6,17 +6,18 @@
 
 namespace quorvel {
 
-/// What tests of views share. Serves every test that shows a window without a display.
+/// Helpers for all tests that show a window without a display.
 namespace QuickTest {
 
-/// Call first in each case: a warning of the engine, as of a binding that broke, fails the case.
+/// Call it first in each case: a warning of the engine, for example about a broken binding, fails
+/// the case.
 inline void failOnWarnings()
 {
-    // The windows of a test have no neighbours to be raised above.
+    // A test's windows need not be raised above others.
     QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support)")));
 }
 
-/// Takes the whole of `item`'s tree, itself first.
+/// Visits the whole tree of `item`, starting with itself.
 inline QList<QQuickItem *> itemsUnder(QQuickItem *item)
 {
     QList<QQuickItem *> items{item};
@@ -34,7 +35,7 @@ inline QQuickItem *find(QQuickItem *root, const char *property, const QVariant &
     return nullptr;
 }
 
-/// The first item in `window` that shows and whose `property` is `value`, or null.
+/// The first visible item in `window` whose `property` is `value`, or null.
 inline QQuickItem *shown(const QQuickWindow &window, const char *property, const QVariant &value)
 {
     for (QQuickItem *item : itemsUnder(window.contentItem()))

@@ -14,7 +14,7 @@ namespace detail {
 template <class Value>
 using Kept = std::conditional_t<std::is_void_v<Value>, std::monostate, Value>;
 
-/// The place is shared: a task that never ends outlives the test that ran it.
+/// Shared, since a task that never ends outlives the test that ran it.
 template <class Value>
 Task<> keepOutcome(Task<Value> task, std::shared_ptr<std::optional<Outcome<Kept<Value>>>> place)
 {
@@ -34,8 +34,8 @@ Task<> keepOutcome(Task<Value> task, std::shared_ptr<std::optional<Outcome<Kept<
 
 } // namespace detail
 
-/// Lets the event loop turn until the task has ended, and gives what it ended in. A task that never
-/// ends fails the test.
+/// Runs the event loop until the task has ended, and returns its outcome. A task that never ends
+/// fails the test.
 template <class Value>
 Outcome<detail::Kept<Value>> outcomeOfTask(Task<Value> task)
 {
@@ -46,14 +46,14 @@ Outcome<detail::Kept<Value>> outcomeOfTask(Task<Value> task)
     return std::move(**place);
 }
 
-/// The task's value; throws what the task threw.
+/// The task's value. Throws the task's exception.
 template <class Value>
 detail::Kept<Value> runTask(Task<Value> task)
 {
     return outcomeOfTask(std::move(task)).take();
 }
 
-/// What the task threw; nothing when it gave a value. Throws an error of another type on.
+/// The task's error; nothing if it returned a value. Rethrows an error of another type.
 template <class Error, class Value>
 std::optional<Error> errorOfTask(Task<Value> task)
 {
@@ -65,7 +65,7 @@ std::optional<Error> errorOfTask(Task<Value> task)
     return std::nullopt;
 }
 
-/// Has everything happen that is due already.
+/// Runs everything that is due already.
 inline void turnEventLoop()
 {
     QCoreApplication::sendPostedEvents();

@@ -5,7 +5,7 @@
 
 namespace quorvel::tests {
 
-/// Chance that can be had again: the seed is printed, and QUORVEL_TEST_SEED sets it.
+/// Repeatable random numbers: the seed is printed, and QUORVEL_TEST_SEED sets it.
 inline QRandomGenerator seededRandom()
 {
     bool isGiven = false;

@@ -10,18 +10,18 @@
 
 namespace quorvel::tests {
 
-/// What every file manager promises.
+/// The promises of every file manager.
 class FileManagerContract : public QObject
 {
     Q_OBJECT
 
 protected:
-    /// Where the application's own files are to lie.
+    /// The expected location of the application's own files.
     [[nodiscard]] QString root() const;
     [[nodiscard]] virtual std::unique_ptr<FileManager> make() = 0;
-    /// Has a plain file stand at the path.
+    /// Creates a plain file at the path.
     virtual void putFile(const QString &path) = 0;
-    /// Has nothing stand at the folder's path, nor let anything be made in it.
+    /// Leaves nothing at the folder's path and forbids creating anything in it.
     virtual void loseFolderOf(const QString &path) = 0;
     [[nodiscard]] virtual QByteArray content(const QString &path) = 0;
 

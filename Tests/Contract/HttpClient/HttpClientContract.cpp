@@ -25,7 +25,7 @@ Answer ask(HttpClient &client, const HttpRequest &request)
         [&](Completion<HttpResponse> completion) { client.send(request, std::move(completion)); });
 }
 
-/// What the request failed with; nothing where it was answered.
+/// The error of the request; nothing if it was answered.
 std::optional<HttpError> failureOf(HttpClient &client, const HttpRequest &request)
 {
     std::optional<HttpError> failure;
@@ -96,7 +96,7 @@ void HttpClientContract::aServerThatNeverAnswersTimesOut()
 {
     willHold();
     const auto heard = begin(*m_client, {.url = url(), .timeout = 500ms});
-    // A request whose time is over sooner than it arrived is not held.
+    // A request that times out before it arrives is never held.
     QTRY_VERIFY(isHeld() || heard->count > 0);
     expire();
     QTRY_COMPARE(heard->count, 1);

@@ -9,13 +9,13 @@
 
 namespace quorvel::tests {
 
-/// What every way to the web promises.
+/// The promises of every HTTP client.
 class HttpClientContract : public QObject
 {
     Q_OBJECT
 
 public:
-    /// When a connection breaks.
+    /// The moment in which a connection breaks.
     enum class Break { BeforeItStands, BeforeTheAnswer, InTheAnswer };
     Q_ENUM(Break)
 
@@ -25,14 +25,14 @@ protected:
     [[nodiscard]] virtual std::unique_ptr<HttpClient> make() = 0;
     [[nodiscard]] virtual QUrl url() const = 0;
 
-    /// What becomes of the next request.
+    /// Scripts the outcome of the next request.
     virtual void willAnswer(const HttpResponse &response) = 0;
     virtual void willBreak(Break when) = 0;
     virtual void willHold() = 0;
-    /// Once it is held.
+    /// Returns when the request is held.
     [[nodiscard]] virtual bool isHeld() const = 0;
     virtual void release(const HttpResponse &response) = 0;
-    /// The time of the held request is over.
+    /// Ends the time of the held request.
     virtual void expire() {}
 
 private slots:

@@ -7,7 +7,7 @@
 
 namespace quorvel::tests {
 
-/// Over real connections to a server on this machine.
+/// Uses real connections to a server on this machine.
 class QtHttpClientContractTest final : public HttpClientContract
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace quorvel::tests {
 
-/// What every keychain promises.
+/// The promises of every keychain.
 class KeychainContract : public QObject
 {
     Q_OBJECT

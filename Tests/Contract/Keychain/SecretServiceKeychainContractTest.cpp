@@ -4,7 +4,7 @@
 
 namespace quorvel::tests {
 
-/// Beside the real keyring daemon.
+/// Uses the real keyring daemon.
 class SecretServiceKeychainContractTest final : public KeychainContract
 {
     Q_OBJECT

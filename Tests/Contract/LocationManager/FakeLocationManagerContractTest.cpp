@@ -9,7 +9,7 @@ namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;
 
-/// Plays the fake as the tests of services do.
+/// Scripts the fake as the services' tests do.
 class FakeLocationManagerContractTest final : public LocationManagerContract
 {
     Q_OBJECT

@@ -9,13 +9,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Long enough for a busy machine, and short where the daemon itself never says that it failed.
+/// Long enough for a busy machine, and short where the daemon never reports a failure.
 const GeoClueLocationManager::Limits limits{
     .request = {.client = 1min, .property = 1min, .start = 1min, .fix = 8s}, .sameFailure = 0ms};
 
 } // namespace
 
-/// Beside the real location daemon.
+/// Uses the real location daemon.
 class GeoClueLocationManagerContractTest final : public LocationManagerContract
 {
     Q_OBJECT

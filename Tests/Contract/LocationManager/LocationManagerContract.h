@@ -8,22 +8,22 @@
 
 namespace quorvel::tests {
 
-/// What every location manager promises.
+/// The promises of every location manager.
 class LocationManagerContract : public QObject
 {
     Q_OBJECT
 
 protected:
-    /// One that was asked nothing yet.
+    /// A new manager without any request.
     [[nodiscard]] virtual std::unique_ptr<LocationManager> make() = 0;
 
-    /// What the user says to every request from now on; at first they agree.
+    /// The user's answer to every later request. At first they agree.
     virtual void refuse() = 0;
-    /// Where the machine is from now on.
+    /// The machine's position from now on.
     virtual void standAt(double latitude, double longitude, double accuracyMeters) = 0;
-    /// From now on nobody knows where it is.
+    /// From now on the position is unknown.
     virtual void getLost() = 0;
-    /// Has what was asked for be answered, where that does not happen by itself.
+    /// Makes the manager answer, if it does not do so by itself.
     virtual void answer() {}
 
 private slots:
@@ -40,7 +40,7 @@ private slots:
     void aNewRequestTakesThePlaceOfAnOpenOne();
 
 private:
-    /// What was told, in order, each with the status at that time.
+    /// The signals in their order, each with the status at that time.
     [[nodiscard]] QStringList toldAfter(void (LocationManager::*request)(), const QString &last);
 
     std::unique_ptr<LocationManager> m_manager;

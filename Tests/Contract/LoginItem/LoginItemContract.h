@@ -8,17 +8,17 @@
 
 namespace quorvel::tests {
 
-/// What every login item promises.
+/// The promises of every login item.
 class LoginItemContract : public QObject
 {
     Q_OBJECT
 
 protected:
-    /// One that was never registered.
+    /// An item that was never registered.
     [[nodiscard]] virtual std::unique_ptr<LoginItem> make() = 0;
-    /// Has the next change fail.
+    /// Makes the next change fail.
     virtual void breakIt() = 0;
-    /// Has the user switch the item off in the desktop's own tool.
+    /// Switches the item off, as the user does in the desktop's own tool.
     virtual void switchOff() = 0;
 
 private slots:

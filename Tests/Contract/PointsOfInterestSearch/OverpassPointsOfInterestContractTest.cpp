@@ -50,7 +50,7 @@ Server::Answer failure(Case kind)
 
 } // namespace
 
-/// Over real connections to a server on this machine.
+/// Uses real connections to a server on this machine.
 class OverpassPointsOfInterestContractTest final : public PointsOfInterestSearchContract
 {
     Q_OBJECT

@@ -43,7 +43,7 @@ void PointsOfInterestSearchContract::everyPlaceIsFoundWithAllThatIsKnownOfIt()
     willFind(places);
     const auto heard = find(*m_map);
     QVERIFY2(heard->value.has_value(), qPrintable(heard->error));
-    // In any order: the map promises none.
+    // In any order, since the map promises none.
     QVERIFY(heard->value->size() == places.size() &&
             std::is_permutation(places.begin(), places.end(), heard->value->begin()));
     QCoreApplication::processEvents();

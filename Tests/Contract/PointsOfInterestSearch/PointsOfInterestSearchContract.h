@@ -9,7 +9,7 @@
 
 namespace quorvel::tests {
 
-/// What every map promises.
+/// The promises of every map.
 class PointsOfInterestSearchContract : public QObject
 {
     Q_OBJECT
@@ -19,11 +19,11 @@ protected:
 
     [[nodiscard]] virtual std::unique_ptr<PointsOfInterestSearch> make() = 0;
 
-    /// What becomes of the next search.
+    /// Scripts the outcome of the next search.
     virtual void willFind(const Places &places) = 0;
     virtual void willFail(PointsOfInterestError::Case kind) = 0;
     virtual void willHold() = 0;
-    /// Once it is held.
+    /// Returns when the search is held.
     [[nodiscard]] virtual bool isHeld() const = 0;
 
 private slots:

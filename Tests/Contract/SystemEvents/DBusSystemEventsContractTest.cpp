@@ -9,7 +9,7 @@ namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;
 
-/// Beside the district's network service and a login manager.
+/// Uses the district's network service and a login manager.
 class DBusSystemEventsContractTest final : public SystemEventsContract
 {
     Q_OBJECT

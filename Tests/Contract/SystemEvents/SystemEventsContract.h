@@ -8,7 +8,7 @@
 
 namespace quorvel::tests {
 
-/// What everybody promises who tells of a machine's returns.
+/// The promises of everything that reports the returns of a machine.
 class SystemEventsContract : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ protected:
     /// On a machine that has everything.
     [[nodiscard]] virtual std::unique_ptr<SystemEvents> make() = 0;
 
-    /// Has the machine lose it, and get it back; whatever follows from that has happened then.
+    /// Makes the machine lose it and get it back. All consequences have happened when this returns.
     virtual void takeAway(Returning what) = 0;
     virtual void bringBack(Returning what) = 0;
 

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// As the service counts what a scan heard.
+/// The percentage that NetworkManager makes of a scanned strength.
 uchar percentOf(qint64 rssiDBm)
 {
     return uchar(std::lround(double(rssiDBm + 100) / 0.6));
@@ -30,7 +30,7 @@ NetworkManagerGroups profileOf(const QByteArray &ssid, const QString &password)
 
 } // namespace
 
-/// Beside the district's network service.
+/// Uses the district's network service.
 class NetworkManagerWifiClientContractTest final : public WifiClientContract
 {
     Q_OBJECT

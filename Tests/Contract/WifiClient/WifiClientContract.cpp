@@ -12,7 +12,7 @@ namespace {
 
 using Code = WifiError::Code;
 
-/// So strong a network has the same percentage whether it was scanned or is joined.
+/// A network this strong has the same percentage when it is scanned and when it is joined.
 constexpr qint64 usualDBm = -70;
 
 ScannedNetwork heard(const QByteArray &name, qint64 rssiDBm = usualDBm)
@@ -53,7 +53,7 @@ void WifiClientContract::everyAccessPointIsListed()
     const QList<ScannedNetwork> networks{heard("Cafe", -40), heard("Cafe", -100), heard("Caf\xe9"),
                                          heard(QByteArray())};
     const auto found = scanOf(*makeOn({.heard = networks})).take();
-    // In any order: the client promises none.
+    // In any order, since the client promises none.
     QCOMPARE(found.size(), networks.size());
     QVERIFY(std::is_permutation(found.begin(), found.end(), networks.begin()));
 }
@@ -96,7 +96,7 @@ void WifiClientContract::callsEndLaterAndOnce()
     auto join = joinOf(*client, "Cafe", u"12345678"_s);
     auto password = passwordOf(*client, u"Cafe"_s);
     QVERIFY(!scan.hasEnded() && !join.hasEnded() && !password.hasEnded());
-    // A second end would abort the test.
+    // A second answer would abort the test.
     QVERIFY(!scan.error() && !join.error() && !password.error());
 }
 
@@ -104,7 +104,7 @@ void WifiClientContract::openCallsAreDroppedWithTheClient()
 {
     auto client = makeOn({.heard = {heard("Cafe")}, .behaviour = Behaviour::NeverListens});
     const auto scan = scanOf(*client);
-    // Calls end in their order where nothing holds them up.
+    // Calls end in their order unless something holds them.
     QVERIFY(!passwordOf(*client, u"Cafe"_s).error());
     QVERIFY(!scan.hasEnded());
     client.reset();

@@ -9,7 +9,7 @@
 
 namespace quorvel::tests {
 
-/// What every wireless client promises.
+/// The promises of every wireless client.
 class WifiClientContract : public QObject
 {
     Q_OBJECT
@@ -17,19 +17,19 @@ class WifiClientContract : public QObject
 protected:
     enum class Behaviour { Usual, RefusesScans, RefusesPasswords, NeverListens };
 
-    /// The machine that the client is on.
+    /// The machine of the client.
     struct Machine
     {
         bool hasRadio = true;
         QList<ScannedNetwork> heard = {};
-        /// Which of those it is joined to.
+        /// The index of the network that it is on.
         std::optional<int> joined = {};
-        /// The password that it has stored for the first of those.
+        /// The stored password of the first network.
         std::optional<QString> stored = {};
         Behaviour behaviour = Behaviour::Usual;
     };
 
-    /// A client that knows all of the machine.
+    /// A client that already knows the whole machine.
     [[nodiscard]] virtual std::unique_ptr<WifiClient> makeOn(const Machine &machine) = 0;
 
 private slots:

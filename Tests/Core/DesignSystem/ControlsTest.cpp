@@ -354,7 +354,7 @@ private:
         return m_view->rootObject()->findChild<QQuickItem *>(QString::fromLatin1(objectName));
     }
 
-    /// What the keys reach inside a field.
+    /// The item inside a field that receives the keys.
     [[nodiscard]] static QQuickItem *input(QQuickItem *field)
     {
         return QuickTest::find(field, "selectByMouse", true);

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace quorvel::tests {
 namespace {
 
-/// The colour of the pixels that `glyph` covers most.
+/// The colour of the most opaque pixels of `glyph`.
 QColor tint(WeatherGlyph &glyph)
 {
     QImage image(64, 64, QImage::Format_ARGB32);
@@ -141,7 +141,7 @@ private slots:
         QCOMPARE(tint(0).rgba(), color.starOn().rgba());
         QCOMPARE(tint(86).rgba(), QColor(0x5E9CC9).rgba());
         QCOMPARE(tint(61).rgba(), QColor(0x5E9CC9).rgba());
-        // Only the light one is opaque, and so comes back from a picture as it was.
+        // Only the light colour is opaque, so only that one is unchanged in a picture.
         QCOMPARE(tint(77).alpha(), color.textSecondary().alpha());
         if (style == AppearanceStyle::Light)
             QCOMPARE(tint(77).rgba(), color.textSecondary().rgba());
@@ -183,7 +183,7 @@ private slots:
         QVERIFY(lightness(1.5) < lightness(5));
         QVERIFY(lightness(5) < ground);
         QCOMPARE(lightness(reach - 0.5), ground);
-        // It falls downwards.
+        // The shadow falls downwards.
         const double below = shadow->height() - reach + 5;
         QVERIFY(QuickTest::pixel(shadow, {shadow->width() / 2, below}).lightness() < lightness(5));
     }
@@ -247,7 +247,7 @@ private slots:
 private:
     [[nodiscard]] QQuickItem *item(const QString &objectName) const
     {
-        // What a repeater makes is an item of the tree, and no child of its objects.
+        // Items made by a repeater are in the item tree, but they are not its object's children.
         return QuickTest::find(m_view->rootObject(), "objectName", objectName);
     }
 

@@ -23,7 +23,7 @@ QImage onWhite(const QImage &image)
     return paper;
 }
 
-/// Of any colour in any pixel, where both are.
+/// The largest difference of any colour in any pixel of both pictures.
 int largestDifference(const QImage &image, const QImage &other)
 {
     int largest = 0;
@@ -39,7 +39,7 @@ int largestDifference(const QImage &image, const QImage &other)
     return largest;
 }
 
-/// Whether a square of as many pixels as a point has holds more than one colour.
+/// Whether a square of one point's pixels holds more than one colour.
 bool hasDetail(const QImage &image, int side)
 {
     for (int y = 0; y < image.height(); ++y)
@@ -89,7 +89,7 @@ private slots:
         const QImage screen = window.grabWindow();
         const QImage image = onWhite(draw(view, properties, 1));
         QCOMPARE(image.size(), item->size().toSize());
-        // What is drawn on nothing and laid on white after is rounded once more.
+        // Drawing on transparency and laying the result on white rounds once more.
         QVERIFY(largestDifference(image, screen) <= 2);
     }
 
@@ -114,11 +114,11 @@ private slots:
         const QVariantMap twiceAsLarge{{u"size"_s, 48}};
         const QImage fine = onWhite(draw(u"CupGlyph"_s, cup, 2));
         const QImage large = onWhite(draw(u"CupGlyph"_s, twiceAsLarge, 1));
-        // The edges lie a little elsewhere; those of a picture that is blown up, by half a point.
+        // The edges differ slightly. In an enlarged picture they would differ by half a point.
         QVERIFY(largestDifference(fine, large) <= 16);
     }
 
-    /// Beside a taller letter there is room for them in any case.
+    /// Next to a taller letter there is always room for them.
     void noLetterIsCutOff()
     {
         const auto text = [this](const QString &words) {

@@ -31,7 +31,7 @@ private slots:
 
     void everyComponentIsOnTheSheet()
     {
-        // What another component is made of is on the sheet with it.
+        // The parts of another component are on the sheet with it.
         QStringList seen;
         for (const QQuickItem *item : QuickTest::itemsUnder(m_view->rootObject()))
             for (const auto *meta = item->metaObject(); meta; meta = meta->superClass())

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace quorvel::tests {
 namespace {
 
-/// Lets animations go on by as much as the test says.
+/// Advances animations by the time that the test gives.
 class SteppedTime final : public QAnimationDriver
 {
 public:
@@ -119,7 +119,7 @@ private slots:
             return 1 + 0.18 * curve.valueForProgress(milliseconds / 130);
         };
         QTest::mouseMove(m_view.get(), QuickTest::centre(star(4)));
-        // The clock of animations starts late by a little of the time that really passes.
+        // The animation clock starts slightly late in real time.
         time.step(65);
         QVERIFY(symbol(4)->scale() > scaleAfter(50));
         QVERIFY(symbol(4)->scale() < scaleAfter(80));

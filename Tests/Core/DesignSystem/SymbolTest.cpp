@@ -25,7 +25,7 @@ QImage painted(const QString &name, const QColor &color, int size)
     return image;
 }
 
-/// The smallest rectangle that holds every pixel that is not wholly transparent.
+/// The smallest rectangle that contains all pixels that are not fully transparent.
 QRect inked(const QImage &image)
 {
     QRect bounds;
@@ -37,7 +37,7 @@ QRect inked(const QImage &image)
     return bounds;
 }
 
-/// How many pixels' worth is covered.
+/// The covered area in pixels.
 double ink(const QImage &image)
 {
     double covered = 0;

@@ -76,7 +76,7 @@ QFont style(const char *name)
 void compareColor(const QColor &color, Value expected)
 {
     QCOMPARE(color.rgb() & 0xFFFFFF, expected.rgb & 0xFFFFFF);
-    // A colour keeps sixteen bits a channel.
+    // A colour has sixteen bits per channel.
     QVERIFY2(qAbs(double(color.alphaF()) - expected.alpha) < 1e-4,
              qPrintable(QString::number(double(color.alphaF()))));
 }
@@ -164,7 +164,7 @@ private slots:
         QCOMPARE(style("title").weight(), QFont::DemiBold);
         QCOMPARE(style("trackedEyebrow").pixelSize(), 10);
         QCOMPARE(style("trackedEyebrow").letterSpacingType(), QFont::AbsoluteSpacing);
-        // A font keeps its spacing in 64ths of a pixel.
+        // A font stores its spacing in 64ths of a pixel.
         QVERIFY(qAbs(style("trackedEyebrow").letterSpacing() - 0.7) < 1 / 64.0);
         QCOMPARE(style("eyebrow").letterSpacing(), 0.0);
         QCOMPARE(style("ratingLabel").letterSpacingType(), QFont::AbsoluteSpacing);

@@ -19,7 +19,7 @@ struct Range
     WeatherTint tint;
 };
 
-/// Without gaps: every code that has a meaning, and those between them that have none.
+/// Every code with a meaning, and the codes between them without one.
 const Range ranges[] = {
     {-3, -1, "sun.max", "moon", "Clear", Sun},
     {0, 0, "sun.max", "moon.stars.fill", "Clear", Sun},

@@ -14,7 +14,7 @@ namespace {
 
 const QString ssid = u"Quán Cà Phê"_s;
 
-/// Carries out one order; never prints a password.
+/// Executes one order. Never prints a password.
 QByteArray answerTo(const std::string &order, QString &saved)
 {
     SecItemKeychainStore store{QString(SecItemKeychainStore::wifiService)};
@@ -36,9 +36,9 @@ QByteArray answerTo(const std::string &order, QString &saved)
 
 } // namespace
 
-/// A program that does with passwords what the real one does, at the word of a test: reads orders
-/// ("save PASSWORD", "read", "delete") from its input, and writes how each ended to the file of the
-/// given number. Its output is left to what the libraries have to say.
+/// Handles passwords as the real program does, on a test's orders. It reads orders ("save
+/// PASSWORD", "read", "delete") from its input, and writes their outcomes to the file descriptor of
+/// the given number. Its standard output stays free for messages of the libraries.
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
@@ -47,7 +47,7 @@ int main(int argc, char **argv)
         return 2;
     QString saved;
     for (std::string order; std::getline(std::cin, order);) {
-        // What the event loop does between two clicks.
+        // As the event loop does between two clicks.
         QCoreApplication::processEvents();
         try {
             answers.write(answerTo(order, saved));

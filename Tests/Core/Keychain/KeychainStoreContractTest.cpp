@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the same cases need of either store.
+/// What the shared cases need from either store.
 struct Subject
 {
     FakeKeychain keychain;
@@ -30,7 +30,7 @@ struct Subject
 
 } // namespace
 
-/// One promise, kept by the scripted store as by the real one.
+/// The same promises for the scripted store and the real one.
 class KeychainStoreContractTest final : public QObject
 {
     Q_OBJECT

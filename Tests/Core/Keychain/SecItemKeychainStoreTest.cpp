@@ -17,7 +17,7 @@ namespace {
 
 const QString service = u"com.zantho.quorvel.wifi"_s;
 
-/// The failure of an action; a test that expects one fails without it.
+/// Returns the failure of an action. A test that expects one fails without it.
 KeychainError failureOf(const std::function<void()> &action)
 {
     try {

@@ -39,7 +39,7 @@ void write(const QString &path, const QByteArray &bytes)
         qFatal("cannot prepare %s", qPrintable(path));
 }
 
-/// A user's data folder, of whom nothing is known yet.
+/// The empty data folder of a new user.
 struct User
 {
     QTemporaryDir home;
@@ -57,7 +57,7 @@ struct User
     }
 };
 
-/// A file system of its own at the user's data folder, for as long as it lives.
+/// Mounts a separate file system at the user's data folder while this exists.
 class Mount
 {
 public:

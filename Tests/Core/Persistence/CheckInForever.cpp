@@ -1,5 +1,5 @@
-// Checks in at a handful of cafés until somebody kills it, and writes the id of each visit to its
-// standard output once that visit is saved. For CrashTest, which does the killing.
+// Checks in at a few cafés until it is killed, and prints the id of each visit after it is saved.
+// CrashTest kills it.
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
@@ -29,7 +29,7 @@ PlaceCandidate place(int number)
             .mapItemIdentifier = u"node/%1"_s.arg(number)};
 }
 
-/// Past every buffer of ours: what is written is in the pipe, whatever becomes of this process.
+/// Writes without any buffer, so that the text is in the pipe even if this process is killed.
 bool report(const QUuid &id)
 {
     const QByteArray line = id.toByteArray(QUuid::WithoutBraces) + '\n';

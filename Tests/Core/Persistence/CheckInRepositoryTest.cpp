@@ -28,7 +28,7 @@ PlaceCandidate candidate(const QString &name, std::optional<QString> mapItemIden
             .mapItemIdentifier = std::move(mapItemIdentifier)};
 }
 
-/// A repository whose clock stands still, over a store in a file that a test may look into.
+/// A repository with a stopped clock, over a store in a file that a test can inspect.
 struct Visits
 {
     QTemporaryDir folder;

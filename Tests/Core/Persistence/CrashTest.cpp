@@ -19,7 +19,7 @@ namespace {
 constexpr int killCount = 100;
 constexpr int killsBetweenChecks = 10;
 constexpr int cafeCount = 5;
-/// A start takes some 20 ms, so these kills fall on the opening of the store too.
+/// A start takes about 20 ms, so some kills hit the opening of the store.
 constexpr int longestLifeMilliseconds = 60;
 
 QSet<QUuid> idsIn(const QByteArray &report)
@@ -31,7 +31,8 @@ QSet<QUuid> idsIn(const QByteArray &report)
     return ids;
 }
 
-/// Lets a process check in until it is killed, and returns what it reported as saved.
+/// Runs a process that checks in until it is killed, and returns the visits that it reported as
+/// saved.
 QSet<QUuid> checkInUntilKilled(const QString &dataFolder, QRandomGenerator &random)
 {
     QProcess process;

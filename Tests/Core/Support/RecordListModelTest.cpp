@@ -95,7 +95,7 @@ private slots:
     }
 
 private:
-    /// "a1 b2" is a row of the name a with the count 1, and so on.
+    /// "a1 b2" means a row a with the count 1 and a row b with the count 2.
     [[nodiscard]] static Rows rows(const QString &text)
     {
         Rows rows;

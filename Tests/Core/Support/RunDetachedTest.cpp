@@ -12,7 +12,7 @@ namespace quorvel::tests {
 
 namespace {
 
-/// Knows on which thread, and before what, it was destroyed.
+/// Records the thread and the moment of its destruction.
 class Burden final
 {
 public:

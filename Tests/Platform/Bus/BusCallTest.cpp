@@ -26,8 +26,8 @@ QDBusMessage question(const QString &member)
     return QDBusMessage::createMethodCall(service, u"/"_s, service, member);
 }
 
-/// A service on a connection of its own, as another process has. It answers `Seven`, refuses
-/// `Refusal` and keeps all other calls open.
+/// A service on a separate connection, as in another process. It answers `Seven`, refuses `Refusal`
+/// and leaves all other calls open.
 class TestService final : public QDBusVirtualObject
 {
 public:
@@ -226,7 +226,7 @@ private:
         BusCall::start(bus(), question(member), limit, m_context.get(), handler());
     }
 
-    /// Whatever was on its way before this call is heard when it returns.
+    /// When this returns, everything sent before it has been received.
     void hearAllBefore()
     {
         bool isOver = false;

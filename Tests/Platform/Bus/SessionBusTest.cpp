@@ -82,10 +82,10 @@ private slots:
         const QTemporaryDir runtimeDirectory;
         qunsetenv("DBUS_SESSION_BUS_ADDRESS");
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDirectory.path()));
-        // With a display, the bus library would launch one now.
+        // With a display, the bus library would launch a bus now.
         qputenv("DISPLAY", ":0");
         QVERIFY(!SessionBus::connection().isConnected());
-        // Whoever asks without us is kept from it, too.
+        // Code that asks without SessionBus cannot launch one either.
         QVERIFY(!QDBusConnection::sessionBus().isConnected());
         QVERIFY(
             !QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"other"_s).isConnected());

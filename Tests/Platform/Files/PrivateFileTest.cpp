@@ -22,7 +22,7 @@ bool hasPrivateMounts = false;
 
 } // namespace
 
-/// Stands in for the system's call of that name in this whole program, and notes what was synced.
+/// Replaces the system call of this name in the whole program, and records what was synced.
 extern "C" int fsync(int descriptor)
 {
     synced.append(

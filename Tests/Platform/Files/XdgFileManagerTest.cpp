@@ -45,7 +45,7 @@ std::optional<FileError> failureOf(const std::function<void()> &act)
 
 } // namespace
 
-/// Stands in for the system's call of that name in this whole program, and notes the folder.
+/// Replaces the system call of this name in the whole program, and records the folder.
 extern "C" int fsync(int descriptor)
 {
     const QString link = u"/proc/self/fd/%1"_s.arg(descriptor);
@@ -325,7 +325,7 @@ int main(int argc, char *argv[])
 {
     hasPrivateMounts = tests::enterPrivateMounts();
     QCoreApplication application(argc, argv);
-    // The system's reasons come in the user's language; the sentences here are the English ones.
+    // The system's reasons are in the user's language. These sentences are in English.
     std::setlocale(LC_MESSAGES, "C");
     XdgFileManagerTest test;
     return QTest::qExec(&test, argc, argv);

@@ -22,7 +22,7 @@ Answer ask(HttpClient &client, const HttpRequest &request)
         [&](Completion<HttpResponse> completion) { client.send(request, std::move(completion)); });
 }
 
-/// Writes as many bytes as the other side takes, up to a total, and counts them.
+/// Writes as many bytes as the other side accepts, up to a total, and counts them.
 class Flood final : public QObject
 {
 public:
@@ -55,7 +55,7 @@ private:
     qint64 m_left;
 };
 
-/// A byte now and then, for ever.
+/// Sends a byte now and then, for ever.
 Server::Answer drip(std::chrono::milliseconds pause)
 {
     return [=](const Server::Request &, QTcpSocket &socket) {
@@ -66,7 +66,7 @@ Server::Answer drip(std::chrono::milliseconds pause)
     };
 }
 
-/// Redirects so many times, then answers.
+/// Redirects this many times, then answers.
 Server::Answer redirects(int count)
 {
     return [=](const Server::Request &request, QTcpSocket &socket) {
@@ -78,7 +78,7 @@ Server::Answer redirects(int count)
 
 void silence(const Server::Request &, QTcpSocket &) {}
 
-/// Fifty megabytes of zeros in fifty kilobytes.
+/// Fifty megabytes of zeros, compressed to fifty kilobytes.
 QByteArray gzipBomb()
 {
     constexpr qsizetype lengthPrefix = 4;

@@ -22,7 +22,7 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A server's half of the encryption with a new certificate that it signed itself.
+/// A server's side of TLS, with a new self-signed certificate.
 QSslConfiguration selfSigned(const QString &subject)
 {
     const QTemporaryDir folder;

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Waits as a synchronous call does; false where nobody ends the wait.
+/// Waits like a synchronous call. Returns false if nobody ends the wait.
 bool isCancelled(GCancellable *cancellable)
 {
     GPollFD descriptor = {};

@@ -21,7 +21,7 @@ namespace {
 const KeychainIdentity cafe{.service = u"com.zantho.quorvel.wifi"_s, .account = u"Cafe"_s};
 const KeychainIdentity other{.service = u"com.zantho.quorvel.wifi"_s, .account = u"Other"_s};
 
-/// Asks the service, too, but for as long as a bus library waits that is given no limit.
+/// Also asks the service, but without a limit of our own, so it waits for the bus library's.
 class LongerQuestion final
 {
 public:
@@ -48,7 +48,7 @@ private:
 
 } // namespace
 
-/// The keychain beside a real daemon, in whatever state that is.
+/// The keychain with a real daemon in different states.
 class SecretServiceKeychainTest final : public QObject
 {
     Q_OBJECT
@@ -69,7 +69,7 @@ private slots:
                  KeychainStatus::interactionNotAllowed);
     }
 
-    /// The item is known by its attributes, which can be searched behind the lock.
+    /// The attributes identify the item, and they can be searched while it is locked.
     void inALockedKeyringADuplicateIsOneStill()
     {
         startWithItem();
@@ -89,7 +89,7 @@ private slots:
         QCOMPARE(value(cafe), QByteArray("secret"));
     }
 
-    /// As the visits of the history do, each on a thread, while the panel uses its own.
+    /// As in the history: each visit reads on its own thread, while the panel reads on another.
     void otherThreadsReadByKeychainsOfTheirOwn()
     {
         startWithItem();
@@ -171,7 +171,7 @@ private slots:
         QCOMPARE(m_keychain->remove(cafe), KeychainStatus::success);
     }
 
-    /// The service's texts end at the first NUL: two such names would be one item.
+    /// The service's texts end at the first NUL, so two such names would be one item.
     void aNameThatTheServiceCannotHoldIsAnInvalidParameter_data()
     {
         QTest::addColumn<QString>("account");
@@ -206,7 +206,7 @@ private:
 
     using Operation = std::function<KeychainStatus::Code()>;
 
-    /// On an item that may be there; on the usual one, also what would add another.
+    /// All operations on an item that may exist and, for the usual item, adding another one.
     std::vector<Operation> operationsOn(const KeychainIdentity &identity)
     {
         std::vector<Operation> operations{

@@ -13,13 +13,13 @@ namespace quorvel::tests {
 
 namespace {
 
-/// Short, and long enough for a busy machine.
+/// Short, but long enough for a busy machine.
 const GeoClueLocationManager::Limits shortLimits{
     .request = {.client = 4s, .property = 4s, .start = 4s, .fix = 4s}, .sameFailure = 60s};
 const GeoClueLocationManager::Limits patientLimits{
     .request = {.client = 1min, .property = 1min, .start = 1min, .fix = 1min}, .sameFailure = 0ms};
 
-/// A manager whose signals are written down in their order, each with the status at that time.
+/// A manager whose signals are recorded in order, each with the status at that time.
 class Recorded final
 {
 public:

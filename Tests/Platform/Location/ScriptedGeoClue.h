@@ -35,7 +35,7 @@ inline const QDBusArgument &operator>>(const QDBusArgument &argument, TimePair &
     return argument;
 }
 
-/// A daemon that says what a test tells it to, however wrong, and writes down what it was asked.
+/// A daemon that gives a test's answers, even wrong ones, and records its calls.
 class ScriptedGeoClue final : public QDBusVirtualObject
 {
     Q_OBJECT
@@ -66,7 +66,7 @@ public:
         m_bus.send(signal);
     }
 
-    /// Answers the calls that were met with silence.
+    /// Answers the calls that were left open.
     void answerLate()
     {
         for (const QDBusMessage &message : std::exchange(m_unanswered, {}))
@@ -75,7 +75,7 @@ public:
 
     const QString client = QStringLiteral("/client");
     const QString location = QStringLiteral("/location");
-    /// What a method answers in the place of what is right.
+    /// The answer of a method instead of the right one.
     QMap<QString, QVariantList> answers;
     QMap<QString, std::pair<QString, QString>> errors;
     QStringList silent;

@@ -329,7 +329,7 @@ private:
     }
     [[nodiscard]] XdgAutostartLoginItem item() const { return {directories(), executable()}; }
 
-    /// An entry of ours, with further lines that change it.
+    /// Our entry with additional lines that change it.
     [[nodiscard]] QByteArray entry(const QByteArray &lines) const
     {
         return "[Desktop Entry]\nType=Application\nName=Quorvel\nExec=" +
@@ -355,7 +355,7 @@ private:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    /// The line by which systemd would start the program; empty when it would not.
+    /// The command line by which systemd would start the program; empty if it would not.
     QByteArray generatedStart()
     {
         const QTemporaryDir units;

@@ -21,7 +21,7 @@ QDBusConnection process(const QString &name)
 
 } // namespace
 
-/// On a private bus; each connection stands for a process.
+/// On a private bus, where each connection stands for a process.
 class SessionNotificationsTest final : public QObject
 {
     Q_OBJECT
@@ -61,7 +61,7 @@ private slots:
         QVERIFY(stranger.send(
             QDBusMessage::createSignal(u"/com/zantho/quorvel"_s, u"org.example"_s, u"Posted"_s)
             << news));
-        // What is announced after it is heard after it.
+        // A later announcement arrives later.
         SessionNotifications::announce(stranger, news);
         QTRY_COMPARE(posts, 1);
     }

@@ -156,8 +156,7 @@ private slots:
         QVERIFY(!m_manager->calls.contains(u"requestLocation"_s));
     }
 
-    // Deliberate: authorized while in use is returned as it is, but does not let a position
-    // through.
+    // Deliberate: "authorized while in use" is returned unchanged, but does not allow a position.
     void whenInUseIsReturnedButLetsNoLocationThrough()
     {
         m_manager->status = Status::AuthorizedWhenInUse;
@@ -299,7 +298,7 @@ private:
         return m_service->currentLocation();
     }
 
-    /// How the waits ended; a replaced one does only with the service, after its case.
+    /// The outcomes of the waits. A replaced wait ends only with the service, after its case.
     QStringList m_first;
     QStringList m_second;
     FakeLocationManager *m_manager = nullptr;

@@ -14,7 +14,7 @@ inline std::shared_ptr<Cafe> cafeAt(double latitude, double longitude)
                                   QStringLiteral("Cafe 5G"), QStringLiteral("node/1"));
 }
 
-/// A visit that has everything.
+/// A visit with every optional value.
 inline std::shared_ptr<CheckIn> fullVisit()
 {
     const WeatherSnapshot weather{.temperatureC = 22.5,
@@ -29,7 +29,7 @@ inline std::shared_ptr<CheckIn> fullVisit()
                                      cafeAt(10.5, -106.25));
 }
 
-/// A visit that has nothing that can be absent.
+/// A visit without any optional value.
 inline std::shared_ptr<CheckIn> bareVisit()
 {
     return std::make_shared<CheckIn>(visitId, instant(QStringLiteral("2026-03-03T07:05:00Z")),

@@ -10,7 +10,7 @@ namespace quorvel::tests {
 
 namespace {
 
-/// The field of a visit's row that its note is in.
+/// The note's field in a visit's row.
 QString noteField(const QString &note)
 {
     const auto visit = bareVisit();

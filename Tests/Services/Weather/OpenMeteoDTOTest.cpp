@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A whole forecast around these members of "current".
+/// A whole forecast with these members of "current".
 QByteArray forecast(const QByteArray &current)
 {
     return R"({"latitude": 48.25, "longitude": 16.5, "elevation": 171.0, "timezone": "GMT",
@@ -30,7 +30,7 @@ QString errorOf(const QByteArray &body)
 constexpr auto complete = R"("temperature_2m": 18.5, "apparent_temperature": -0.25,
                              "weather_code": 61, "is_day": 1, "wind_speed_10m": 12)";
 
-/// The complete members with one of them replaced.
+/// All members, with one of them replaced.
 QByteArray with(const QByteArray &member, const QByteArray &value)
 {
     QByteArray text(complete);

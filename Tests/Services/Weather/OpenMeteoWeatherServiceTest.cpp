@@ -172,7 +172,7 @@ private slots:
     {
         QFETCH(const int, status);
         QFETCH(const QString, message);
-        // The body is a forecast whatever the status says: that of a refusal is not read.
+        // The body is always a valid forecast, but the body of a refusal is not read.
         m_web->calls.willSucceed(answer(status));
         const auto error = errorOfTask<AppError>(service().currentWeather(blueDoor));
         QCOMPARE(error.has_value(), !message.isEmpty());

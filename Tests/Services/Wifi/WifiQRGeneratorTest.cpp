@@ -113,7 +113,7 @@ private slots:
     {
         QVERIFY(WifiQRGenerator::image(QString(2331, u'x'), 1));
         QVERIFY(!WifiQRGenerator::image(QString(2332, u'x'), 1));
-        // Two bytes each: it is bytes that count.
+        // Two bytes each: the limit counts bytes.
         QVERIFY(!WifiQRGenerator::image(QString(1166, u'é'), 1));
     }
 

@@ -38,7 +38,7 @@ void DBusMock::freeze()
 {
     const auto id = id_t(m_process.processId());
     ::kill(pid_t(id), SIGSTOP);
-    // The signal takes its time, in which an answer can still come.
+    // The signal is not immediate, and an answer can still come before it.
     siginfo_t change;
     ::waitid(P_PID, id, &change, WSTOPPED | WEXITED | WNOWAIT);
 }

@@ -6,20 +6,20 @@
 
 namespace quorvel::tests {
 
-/// A service of the system bus as dbusmock plays it, in a process of its own on this test's private
+/// A service of the system bus, simulated by dbusmock in a separate process on this test's private
 /// bus.
 class DBusMock final
 {
 public:
     ~DBusMock();
 
-    /// `serviceTemplate` is one of dbusmock's by its name, or a file of ours. Ends the test where
-    /// the service does not come up.
+    /// `serviceTemplate` is the name of a dbusmock template or a file of ours. Ends the test if the
+    /// service does not start.
     void start(const QString &serviceTemplate, const std::function<bool()> &isServing);
-    /// As if it had crashed.
+    /// Ends it as a crash would.
     void stop();
 
-    /// Keeps its name on the bus and answers nobody.
+    /// Keeps its bus name and answers nobody.
     void freeze();
     void thaw();
 

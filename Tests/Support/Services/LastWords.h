@@ -25,8 +25,8 @@ inline void passOn(QtMsgType, const QMessageLogContext &, const QString &message
 
 } // namespace detail
 
-/// Runs the act in a process of its own and returns what it logged as it aborted. Nothing when the
-/// act came to its end, or died of anything else.
+/// Runs the act in a separate process and returns what it logged when it aborted. Nothing if the
+/// act ended normally or died in another way.
 inline std::optional<QByteArray> lastWords(const std::function<void()> &act)
 {
     int ends[2] = {-1, -1};

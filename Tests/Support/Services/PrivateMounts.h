@@ -9,8 +9,8 @@
 
 namespace quorvel::tests {
 
-/// Gives this process a view of the file systems that is its own, so that a test may mount what
-/// it needs and nobody else sees it. Call it first in `main`, before any thread starts. False where
+/// Gives this process its own view of the file systems, so that a test can mount what it needs
+/// without others seeing it. Call it first in `main`, before any thread starts. Returns false if
 /// the kernel refuses.
 inline bool enterPrivateMounts()
 {
@@ -22,7 +22,7 @@ inline bool enterPrivateMounts()
         QFile target(QFile::decodeName(file));
         return target.open(QIODevice::WriteOnly) && target.write(text) == text.size();
     };
-    // The user stays who they are, so that files made before still count as theirs.
+    // The user stays the same, so that earlier files still belong to them.
     const bool mapped =
         user == 0 || (write("/proc/self/setgroups", "deny") &&
                       write("/proc/self/uid_map",

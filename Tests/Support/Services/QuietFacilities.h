@@ -13,8 +13,8 @@
 
 namespace quorvel::tests {
 
-/// A system on which nothing happens: the user never decides about the position, so that a panel on
-/// it waits for ever. For tests of windows, whatever is in them.
+/// A system on which nothing happens: the user never decides about the location, so a panel waits
+/// for ever. For tests of windows that do not depend on their content.
 struct QuietFacilities
 {
     [[nodiscard]] MenuBarFacilities menuBar()

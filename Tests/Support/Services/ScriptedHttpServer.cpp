@@ -68,7 +68,7 @@ void ScriptedHttpServer::listen(QTcpSocket *socket)
         }
     };
     connect(socket, &QTcpSocket::readyRead, this, read);
-    // What came before the connection was handed over is announced no more.
+    // Data that arrived before the connection was handed over is not announced again.
     QMetaObject::invokeMethod(socket, &QTcpSocket::readyRead, Qt::QueuedConnection);
 }
 

@@ -13,7 +13,7 @@
 
 namespace quorvel::tests {
 
-/// A web server on the loopback that answers as a test says, also with what no server should.
+/// A web server on the loopback that gives a test's answers, even invalid ones.
 class ScriptedHttpServer final : public QObject
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
     /// The text of a complete answer.
     [[nodiscard]] static QByteArray text(int status, const QByteArray &body,
                                          const QByteArray &headers = {});
-    /// Writes that text.
+    /// Writes this text.
     [[nodiscard]] static Answer whole(int status, const QByteArray &body,
                                       const QByteArray &headers = {});
     /// Writes these bytes and closes the connection.

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Every control of a form once, in the states that change its look.
+// Every form control once, in each state that looks different.
 Column {
     id: root
 

@@ -10,8 +10,8 @@
 
 namespace quorvel::tests {
 
-/// Shows the sheet that has one of every component, for tests of these; null when it cannot be
-/// shown. From here on a warning fails the case.
+/// Shows the sheet with one of every component, for their tests. Null if it cannot be shown. From
+/// then on a warning fails the case.
 inline std::unique_ptr<QQuickView> openSheet()
 {
     QuickTest::failOnWarnings();
@@ -25,7 +25,7 @@ inline std::unique_ptr<QQuickView> openSheet()
     return view;
 }
 
-/// What assistive tools are told of an item.
+/// The item's interface for assistive tools.
 inline QAccessibleInterface *accessible(QObject *object)
 {
     return QAccessible::queryAccessibleInterface(object);

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Every primitive and symbol once, to look at and to prove that each can be made.
+// Every primitive and symbol once, to look at, and to prove that each can be made.
 Rectangle {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The symbols of a list of names, each in the sizes that the screens use.
+// The symbols of a list, each in the sizes that the screens use.
 Grid {
     id: root
 

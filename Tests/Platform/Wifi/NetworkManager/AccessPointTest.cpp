@@ -20,7 +20,7 @@ AccessPoint pointOf(int percent)
     return pointWith({{u"Strength"_s, QVariant::fromValue(uchar(percent))}});
 }
 
-/// How the service makes a percentage of what a scan heard.
+/// How NetworkManager turns a scanned strength into a percentage.
 int scannedPercent(int dBm)
 {
     return 100 - 100 * (-40 - dBm) / 60;

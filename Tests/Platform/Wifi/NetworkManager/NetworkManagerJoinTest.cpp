@@ -198,7 +198,7 @@ private slots:
         m_mock.addNetwork(m_radio, "Cafe");
         m_mock.script(u"join"_s, u"agent-prompt"_s);
         QVERIFY(joinOf(*m_client, "Cafe", password).error() == WifiError(Code::WrongPassword));
-        // The service would wait for the desktop's dialog for as long as it is open.
+        // NetworkManager would wait as long as the desktop's dialog is open.
         QTRY_COMPARE(m_mock.property(m_radio, Names::device, u"State"_s).toUInt(), 30U);
     }
 
@@ -319,7 +319,7 @@ private slots:
         m_mock.addNetwork(m_radio, "Cafe");
         m_mock.script(u"join"_s, u"hang"_s);
         const JoinCall call = joinOf(*m_client, "Cafe", password);
-        // Answers come in order: this one is behind that to the join.
+        // Answers come in order, so this one follows the answer to the join.
         QVERIFY(!scanOf(*m_client).error());
         QCOMPARE(m_mock.profileCount(), 1U);
         m_client.reset();

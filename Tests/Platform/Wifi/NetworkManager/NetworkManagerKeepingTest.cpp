@@ -25,7 +25,7 @@ QString ownPermission()
     return u"user:"_s + QString::fromLocal8Bit(::getpwuid(::getuid())->pw_name) + u':';
 }
 
-/// A profile for the network that the user has had before.
+/// An existing profile of the user for this network.
 NetworkManagerGroups earlier(const QByteArray &ssid, qulonglong timestamp = 100)
 {
     return {{u"connection"_s,
@@ -46,7 +46,7 @@ QString idOf(const NetworkManagerGroups &profile)
 
 } // namespace
 
-/// What the system remembers of a network that was joined.
+/// What the system remembers of a joined network.
 class NetworkManagerKeepingTest final : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@
 
 namespace quorvel::tests {
 
-/// The network service of the district, in a process of its own on this test's private bus.
+/// The district's network service, as a separate process on this test's private bus.
 class NetworkManagerMock final
 {
 public:
@@ -19,10 +19,10 @@ public:
                      [this] { return isServing(); });
     }
 
-    /// As if it had crashed.
+    /// Ends it as a crash would.
     void stop() { m_mock.stop(); }
 
-    /// Keeps its name on the bus and answers nobody.
+    /// Keeps its bus name and answers nobody.
     void freeze() { m_mock.freeze(); }
     void thaw() { m_mock.thaw(); }
 
@@ -81,11 +81,11 @@ public:
     {
         return qdbus_cast<QList<NetworkManagerGroups>>(call(QStringLiteral("Profiles")));
     }
-    /// How many answers are on their way.
+    /// The number of answers that are still to come.
     uint waitingCount() const { return call(QStringLiteral("CountWaiting")).toUInt(); }
     uint profileCount() const { return call(QStringLiteral("CountProfiles")).toUInt(); }
 
-    /// How often the service as a whole was called so since the last `Clear`.
+    /// How often this method of the service was called since the last `Clear`.
     qsizetype callCount(const QString &member) const
     {
         auto message = QDBusMessage::createMethodCall(
@@ -119,8 +119,8 @@ private:
         return m_bus.call(message).type() == QDBusMessage::ReplyMessage;
     }
 
-    /// The one that the client under test is on, so that it hears of a change before the change is
-    /// confirmed here.
+    /// The connection of the client under test, so that the client receives a change before this
+    /// call returns.
     QDBusConnection m_bus = QDBusConnection::sessionBus();
     DBusMock m_mock;
 };

@@ -29,7 +29,7 @@ QVariant pathTo(const QString &path)
 
 } // namespace
 
-/// What is known at once: the interface, the network it is on, and its strength.
+/// The facts that the client answers at once: the interface, its network and the strength.
 class NetworkManagerRadioTest final : public QObject
 {
     Q_OBJECT
@@ -65,7 +65,7 @@ private slots:
         QCOMPARE(client->rssiValue(), qint64(-56));
     }
 
-    /// Their signals can be heard before the answer that describes what was before them.
+    /// Their signals can arrive before an earlier answer that describes the old state.
     void changesWhileTheAnswerIsOnItsWayAreNotLost()
     {
         const QString first = m_mock.addRadio(u"wlan0"_s);
@@ -254,7 +254,7 @@ private slots:
                                                   u"InterfacesRemoved"_s);
         removal << pathTo(radio) << QStringList{Names::wireless, Names::device};
         liar.send(removal);
-        // The bus keeps the order: once the answer to this is there, the lies have been heard.
+        // The bus keeps the order: after this answer, the false signals have been received.
         liar.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s,
                                                  u"org.freedesktop.DBus"_s, u"GetId"_s));
         waitForChanges(*client);
@@ -354,11 +354,10 @@ private:
                         m_mock.property(radio, Names::device, u"ActiveConnection"_s)}});
     }
 
-    /// Scans start with the first answer of the service, and end at once where nothing can be
-    /// heard.
+    /// A scan starts with the service's first answer, and ends at once if there is no radio.
     static void waitUntilRead(WifiClient &client) { scanOf(client).error(); }
 
-    /// The service tells in order: what was changed before is known once a scan has ended.
+    /// The service reports in order, so earlier changes are known when a scan has ended.
     static void waitForChanges(WifiClient &client) { scanOf(client).error(); }
 
     NetworkManagerMock m_mock;

@@ -20,7 +20,7 @@ namespace Names = NetworkManagerNames;
 using Code = WifiError::Code;
 using Scanned = QList<ScannedNetwork>;
 
-/// Sorted by strength, which the scan leaves open.
+/// Sorted by strength, since a scan has no order.
 Scanned sorted(Scanned networks)
 {
     std::sort(networks.begin(), networks.end(),
@@ -290,7 +290,7 @@ private slots:
     }
 
 private:
-    /// A scan that goes on until the mock is told to hurry.
+    /// A scan that lasts until the mock is told to hurry.
     ScanCall heldScan()
     {
         m_mock.script(u"scan-ms"_s, 600'000);

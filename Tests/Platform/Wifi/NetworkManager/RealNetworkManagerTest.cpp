@@ -40,7 +40,7 @@ QVariantMap sharedPassword(const QString &password)
 
 } // namespace
 
-/// What only the real daemon can show: what it keeps, gives out and forgets.
+/// What only the real daemon can show: what it stores, returns and forgets.
 class RealNetworkManagerTest final : public QObject
 {
     Q_OBJECT
@@ -53,7 +53,8 @@ private slots:
         QVERIFY(profiles().isEmpty());
     }
 
-    /// The daemon was started with these, since nobody else can say when one was last used.
+    /// The daemon was started with these profiles, since a test cannot set the time of their last
+    /// use.
     void ofSeveralProfilesTheOneLastUsedCounts()
     {
         QCOMPARE(profiles().size(), 4);
@@ -224,7 +225,7 @@ private:
                                  .member = u"ListConnections"_s});
         QStringList paths;
         for (const auto &path : qdbus_cast<QList<QDBusObjectPath>>(listed.value(0)))
-            // The daemon has one of its own for the machine's way to itself.
+            // The daemon has a profile of its own for the loopback interface.
             if (typeOf(path.path()) != u"loopback"_s)
                 paths.append(path.path());
         return paths;

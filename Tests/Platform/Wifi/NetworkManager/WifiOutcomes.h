@@ -12,7 +12,7 @@
 
 namespace quorvel::tests {
 
-/// What a call has come to, once it has.
+/// The outcome of a call, once it has ended.
 template <class Value>
 class Call final
 {
@@ -28,7 +28,7 @@ public:
 
     [[nodiscard]] bool hasEnded() const { return m_place->has_value(); }
 
-    /// Waits for the end; the value, or the error thrown.
+    /// Waits for the end. Returns the value or throws the error.
     Value take()
     {
         if (!comes([this] { return hasEnded(); }))
@@ -36,7 +36,7 @@ public:
         return (*m_place)->take();
     }
 
-    /// Waits for the end; the error, nothing where it succeeded.
+    /// Waits for the end. Returns the error; nothing on success.
     std::optional<WifiError> error()
     {
         try {
