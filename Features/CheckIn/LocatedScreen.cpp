@@ -2,13 +2,6 @@
 
 namespace quorvel {
 
-namespace {
-
-constexpr int lowestScore = 1;
-constexpr int highestScore = 5;
-
-} // namespace
-
 LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
                              WifiScanSection::Inputs wifi, QObject *parent)
     : QObject(parent)
@@ -59,12 +52,12 @@ void LocatedScreen::checkIn()
 
 void LocatedScreen::setRating(int row, int score)
 {
-    if (row < 0 || row >= LocatedTexts::ratings().size())
+    if (row < 0 || std::size_t(row) >= workCriteria.size())
         return;
-    if (score < lowestScore || score > highestScore)
+    if (score < WorkRatings::lowest || score > WorkRatings::highest)
         return;
     auto ratings = m_checkIn.ratings();
-    ratings.*LocatedTexts::ratings()[row].score = score;
+    ratings.*workCriteria[std::size_t(row)].score = score;
     m_checkIn.setRatings(ratings);
 }
 
@@ -122,10 +115,10 @@ void LocatedScreen::show(const LocatedSnapshot &snapshot)
 void LocatedScreen::updateRatings()
 {
     QList<RatingRow> rows;
-    for (const auto &rating : LocatedTexts::ratings())
-        rows.append({.title = rating.title,
-                     .hint = rating.hint,
-                     .score = int(m_checkIn.ratings().*rating.score)});
+    for (const WorkCriterion &criterion : workCriteria)
+        rows.append({.title = criterion.title.toString(),
+                     .hint = criterion.hint.toString(),
+                     .score = int(m_checkIn.ratings().*criterion.score)});
     m_ratings.setRecords(rows);
 }
 

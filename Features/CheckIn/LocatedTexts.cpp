@@ -42,16 +42,6 @@ QString feels(const LocatedSnapshot &snapshot)
     return u"Feels "_s + roundedNumber(snapshot.weather->apparentTemperatureC) + u'°';
 }
 
-const QList<Rating> &ratings()
-{
-    static const QList<Rating> rows{
-        {u"WiFi speed"_s, u"Fast enough for calls"_s, &WorkRatings::wifiSpeed},
-        {u"Power outlets"_s, {}, &WorkRatings::outlets},
-        {u"Noise level"_s, u"Lower = quieter"_s, &WorkRatings::noise},
-        {u"Quiet for calls"_s, {}, &WorkRatings::quietForCalls}};
-    return rows;
-}
-
 QString distance(const PlaceCandidate &candidate)
 {
     return roundedNumber(candidate.distanceMeters) + u'm';

@@ -3,8 +3,6 @@
 #include "Features/CheckIn/CheckInViewModel.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 
-#include <QStringList>
-
 /// What the check-in screen says, from the state that it shows. Numbers are rounded to the nearest
 /// integer, halves away from zero.
 namespace quorvel::LocatedTexts {
@@ -23,15 +21,6 @@ namespace quorvel::LocatedTexts {
 [[nodiscard]] QString temperature(const LocatedSnapshot &snapshot);
 /// "Feels 25°"; empty without weather.
 [[nodiscard]] QString feels(const LocatedSnapshot &snapshot);
-
-/// One row of the rating form. An absent hint is empty.
-struct Rating
-{
-    QString title;
-    QString hint;
-    qint64 WorkRatings::*score;
-};
-[[nodiscard]] const QList<Rating> &ratings();
 
 /// "42m", as the picker's rows say it.
 [[nodiscard]] QString distance(const PlaceCandidate &candidate);

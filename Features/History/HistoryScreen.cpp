@@ -63,8 +63,8 @@ QString HistoryScreen::emptyHint()
 QStringList HistoryScreen::ratingLabels()
 {
     QStringList labels;
-    for (const auto &rating : HistoryTexts::ratings())
-        labels.append(rating.label);
+    for (const WorkCriterion &criterion : workCriteria)
+        labels.append(criterion.rowLabel.toString());
     return labels;
 }
 

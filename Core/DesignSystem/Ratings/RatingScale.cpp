@@ -1,10 +1,22 @@
 #include "Core/DesignSystem/Ratings/RatingScale.h"
 
+#include "Models/WorkRatings.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace quorvel {
+
+int RatingScale::lowest()
+{
+    return WorkRatings::lowest;
+}
+
+int RatingScale::highest()
+{
+    return WorkRatings::highest;
+}
 
 int RatingScale::raised(int score)
 {

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// The scale of scores, from 1 to 5, and how a change stays within it. Serves the rating controls.
+/// The scale of scores, and how a change stays within it. Serves the rating controls.
 class RatingScale : public QObject
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class RatingScale : public QObject
     Q_PROPERTY(int highest READ highest CONSTANT)
 
 public:
-    [[nodiscard]] static int lowest() { return 1; }
-    [[nodiscard]] static int highest() { return 5; }
+    [[nodiscard]] static int lowest();
+    [[nodiscard]] static int highest();
 
     [[nodiscard]] Q_INVOKABLE static int raised(int score);
     [[nodiscard]] Q_INVOKABLE static int lowered(int score);

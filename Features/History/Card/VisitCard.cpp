@@ -12,21 +12,6 @@ namespace {
 
 constexpr int coordinateDecimals = 4;
 
-struct RatingItem
-{
-    QString label;
-    qint64 WorkRatings::*value;
-};
-
-const QList<RatingItem> &ratingItems()
-{
-    static const QList<RatingItem> items{{u"WiFi speed"_s, &WorkRatings::wifiSpeed},
-                                         {u"Power outlets"_s, &WorkRatings::outlets},
-                                         {u"Quiet"_s, &WorkRatings::noise},
-                                         {u"Calls"_s, &WorkRatings::quietForCalls}};
-    return items;
-}
-
 /// The letter is the number's own, however it is rounded: a little below zero is in the south.
 QString degrees(double value, QChar positive, QChar negative)
 {
@@ -53,9 +38,9 @@ VisitCard VisitCard::of(const CheckIn &checkIn, const Calendar &calendar, const 
         card.isDay = weather->isDay;
         card.temperature = HistoryTexts::temperature(*weather);
     }
-    for (const RatingItem &item : ratingItems()) {
-        card.ratingLabels.append(item.label);
-        card.ratingValues.append(int(checkIn.ratings().*item.value));
+    for (const WorkCriterion &criterion : workCriteria) {
+        card.ratingLabels.append(criterion.cardLabel.toString());
+        card.ratingValues.append(int(checkIn.ratings().*criterion.score));
     }
     return card;
 }

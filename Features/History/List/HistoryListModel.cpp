@@ -11,8 +11,8 @@ namespace {
 QList<int> scores(const WorkRatings &ratings)
 {
     QList<int> result;
-    for (const auto &rating : HistoryTexts::ratings())
-        result.append(int(ratings.*rating.score));
+    for (const WorkCriterion &criterion : workCriteria)
+        result.append(int(ratings.*criterion.score));
     return result;
 }
 

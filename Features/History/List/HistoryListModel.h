@@ -25,7 +25,7 @@ public:
         HasWeatherRole,
         WeatherCodeRole,
         IsDayRole,
-        ScoresRole ///< in the order of HistoryTexts::ratings()
+        ScoresRole ///< in the order of workCriteria
     };
 
     using QAbstractListModel::QAbstractListModel;

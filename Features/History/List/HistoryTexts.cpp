@@ -66,13 +66,4 @@ QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &
     return weather ? text + u" · "_s + temperature(*weather) : text;
 }
 
-const QList<Rating> &ratings()
-{
-    static const QList<Rating> columns{{u"Wifi"_s, &WorkRatings::wifiSpeed},
-                                       {u"Power"_s, &WorkRatings::outlets},
-                                       {u"Quiet"_s, &WorkRatings::noise},
-                                       {u"Calls"_s, &WorkRatings::quietForCalls}};
-    return columns;
-}
-
 } // namespace quorvel::HistoryTexts

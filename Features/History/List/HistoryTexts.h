@@ -2,8 +2,6 @@
 
 #include "Features/History/HistoryViewModel.h"
 
-#include <QList>
-
 /// What the history says, from the visits and the state that it shows.
 namespace quorvel::HistoryTexts {
 
@@ -30,13 +28,5 @@ namespace quorvel::HistoryTexts {
 /// "14:05 · 22°", and without weather "14:05".
 [[nodiscard]] QString moment(const CheckIn &checkIn, const Calendar &calendar,
                              const QLocale &locale);
-
-/// One rating column of a row.
-struct Rating
-{
-    QString label;
-    qint64 WorkRatings::*score;
-};
-[[nodiscard]] const QList<Rating> &ratings();
 
 } // namespace quorvel::HistoryTexts

@@ -16,34 +16,30 @@ namespace {
 
 using State = ViewState<LocatedSnapshot>;
 
-struct ScoreOption
+QList<CommandSyntax::Option> scoreOptions()
 {
-    QString name;
-    qint64 WorkRatings::*score;
-};
-
-const QList<ScoreOption> &scoreOptions()
-{
-    static const QList<ScoreOption> options{{u"--wifi-speed"_s, &WorkRatings::wifiSpeed},
-                                            {u"--outlets"_s, &WorkRatings::outlets},
-                                            {u"--noise"_s, &WorkRatings::noise},
-                                            {u"--quiet-for-calls"_s, &WorkRatings::quietForCalls}};
+    QList<CommandSyntax::Option> options;
+    for (const WorkCriterion &criterion : workCriteria)
+        options.append({criterion.option.toString(), u"N"_s, criterion.optionHelp.toString()});
     return options;
 }
 
 qint64 score(const QString &option, const QString &text)
 {
-    if (text.size() == 1 && text.front() >= u'1' && text.front() <= u'5')
-        return text.front().unicode() - u'0';
-    throw UsageError(u"“%1” takes a score from 1 to 5, not “%2”"_s.arg(option, text));
+    const int score = text.size() == 1 ? text.front().unicode() - u'0' : 0;
+    if (score >= WorkRatings::lowest && score <= WorkRatings::highest)
+        return score;
+    throw UsageError(u"“%1” takes a score from %2 to %3, not “%4”"_s.arg(
+        option, QString::number(WorkRatings::lowest), QString::number(WorkRatings::highest), text));
 }
 
 WorkRatings ratingsOf(const CommandArguments &arguments)
 {
     WorkRatings ratings = CheckInViewModel::initialRatings;
-    for (const ScoreOption &option : scoreOptions()) {
-        if (const auto text = arguments.value(option.name))
-            ratings.*option.score = score(option.name, *text);
+    for (const WorkCriterion &criterion : workCriteria) {
+        const QString option = criterion.option.toString();
+        if (const auto text = arguments.value(option))
+            ratings.*criterion.score = score(option, *text);
     }
     return ratings;
 }
@@ -160,6 +156,16 @@ QByteArray jsonOf(const Ending &ending)
     return PrintableText::json(json) + '\n';
 }
 
+QList<CommandSyntax::Option> options()
+{
+    using Options = QList<CommandSyntax::Option>;
+    return Options{
+               {u"--cafe"_s, u"NAME"_s, u"Another one nearby, by its name or its identifier."_s}} +
+           scoreOptions() +
+           Options{{u"--note"_s, u"TEXT"_s, u"A note on the visit."_s},
+                   {u"--json"_s, {}, u"Print one JSON object, for programs."_s}};
+}
+
 } // namespace
 
 const CommandSyntax &syntax()
@@ -167,14 +173,7 @@ const CommandSyntax &syntax()
     static const CommandSyntax syntax{
         .name = u"check-in"_s,
         .summary = u"Store a visit at the nearest café, once a day and café."_s,
-        .options = {{u"--cafe"_s, u"NAME"_s,
-                     u"Another one nearby, by its name or its identifier."_s},
-                    {u"--wifi-speed"_s, u"N"_s, u"1 to 5, as the next three; 3 if not given."_s},
-                    {u"--outlets"_s, u"N"_s, u"Power outlets."_s},
-                    {u"--noise"_s, u"N"_s, u"Lower is quieter."_s},
-                    {u"--quiet-for-calls"_s, u"N"_s, u"Quiet enough for calls."_s},
-                    {u"--note"_s, u"TEXT"_s, u"A note on the visit."_s},
-                    {u"--json"_s, {}, u"Print one JSON object, for programs."_s}},
+        .options = options(),
         .details =
             u"\nExit status: 0 the visit is stored; 1 something failed; 2 the arguments are\n"
             "wrong; 3 location is denied; 4 no café is near, or not the one asked for, or\n"

@@ -55,8 +55,9 @@ std::vector<std::shared_ptr<CheckIn>> visitsOf(const HistoryViewModel::Sections 
 QString ratingsText(const WorkRatings &ratings)
 {
     QStringList scores;
-    for (const auto &rating : HistoryTexts::ratings())
-        scores.append(rating.label + u' ' + QString::number(ratings.*rating.score));
+    for (const WorkCriterion &criterion : workCriteria)
+        scores.append(criterion.rowLabel.toString() + u' ' +
+                      QString::number(ratings.*criterion.score));
     return scores.join(u" · "_s);
 }
 

@@ -51,10 +51,20 @@ QStringList weatherFields(const std::optional<WeatherSnapshot> &weather)
             VisitJson::date(weather->capturedAt)};
 }
 
+QStringList ratingNames()
+{
+    QStringList names;
+    for (const WorkCriterion &criterion : workCriteria)
+        names.append(QString::fromLatin1(criterion.key));
+    return names;
+}
+
 QStringList ratingFields(const WorkRatings &ratings)
 {
-    return {QString::number(ratings.wifiSpeed), QString::number(ratings.outlets),
-            QString::number(ratings.noise), QString::number(ratings.quietForCalls)};
+    QStringList fields;
+    for (const WorkCriterion &criterion : workCriteria)
+        fields.append(QString::number(ratings.*criterion.score));
+    return fields;
 }
 
 QStringList cafeFields(const std::shared_ptr<Cafe> &cafe)
@@ -78,26 +88,11 @@ QByteArray lineOf(const QStringList &fields)
 
 QByteArray header()
 {
-    return lineOf({u"id"_s,
-                   u"date"_s,
-                   u"wifiSpeed"_s,
-                   u"outlets"_s,
-                   u"noise"_s,
-                   u"quietForCalls"_s,
-                   u"note"_s,
-                   u"address"_s,
-                   u"photoFilename"_s,
-                   u"temperatureC"_s,
-                   u"apparentTemperatureC"_s,
-                   u"weatherCode"_s,
-                   u"isDay"_s,
-                   u"capturedAt"_s,
-                   u"cafeId"_s,
-                   u"cafeName"_s,
-                   u"latitude"_s,
-                   u"longitude"_s,
-                   u"lastKnownSSID"_s,
-                   u"mapItemIdentifier"_s});
+    return lineOf(QStringList{u"id"_s, u"date"_s} + ratingNames() +
+                  QStringList{u"note"_s, u"address"_s, u"photoFilename"_s, u"temperatureC"_s,
+                              u"apparentTemperatureC"_s, u"weatherCode"_s, u"isDay"_s,
+                              u"capturedAt"_s, u"cafeId"_s, u"cafeName"_s, u"latitude"_s,
+                              u"longitude"_s, u"lastKnownSSID"_s, u"mapItemIdentifier"_s});
 }
 
 QByteArray row(const CheckIn &visit)

@@ -39,10 +39,10 @@ QJsonObject visit(const CheckIn &visit)
 
 QJsonObject ratings(const WorkRatings &ratings)
 {
-    return {{u"wifiSpeed"_s, ratings.wifiSpeed},
-            {u"outlets"_s, ratings.outlets},
-            {u"noise"_s, ratings.noise},
-            {u"quietForCalls"_s, ratings.quietForCalls}};
+    QJsonObject json;
+    for (const WorkCriterion &criterion : workCriteria)
+        json.insert(QLatin1StringView(criterion.key), ratings.*criterion.score);
+    return json;
 }
 
 QJsonValue weather(const std::optional<WeatherSnapshot> &weather)

@@ -99,30 +99,6 @@ private slots:
         QCOMPARE(LocatedTexts::weatherCredit(in(20, 20)), u"Weather by Open-Meteo"_s);
     }
 
-    void theRatingsAreFour_data()
-    {
-        QTest::addColumn<int>("row");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("hint");
-        QTest::newRow("wifi") << 0 << u"WiFi speed"_s << u"Fast enough for calls"_s;
-        QTest::newRow("outlets") << 1 << u"Power outlets"_s << QString();
-        QTest::newRow("noise") << 2 << u"Noise level"_s << u"Lower = quieter"_s;
-        QTest::newRow("quiet") << 3 << u"Quiet for calls"_s << QString();
-    }
-
-    void theRatingsAreFour()
-    {
-        QFETCH(const int, row);
-        QFETCH(const QString, title);
-        QFETCH(const QString, hint);
-        QCOMPARE(LocatedTexts::ratings().size(), 4);
-        const auto &rating = LocatedTexts::ratings()[row];
-        QCOMPARE(rating.title, title);
-        QCOMPARE(rating.hint, hint);
-        const WorkRatings scores{.wifiSpeed = 0, .outlets = 1, .noise = 2, .quietForCalls = 3};
-        QCOMPARE(scores.*rating.score, row);
-    }
-
     void aSaveThatFailedSaysWhy()
     {
         QCOMPARE(LocatedTexts::saveError(failed), u"Network error: Disk full."_s);

@@ -103,25 +103,6 @@ private slots:
         there->setWeather(WeatherSnapshot{.temperatureC = celsius});
         QTEST(momentOf(*there), "text");
     }
-
-    void theRatingsAreFour_data()
-    {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<QString>("label");
-        QTest::newRow("wifi") << 0 << u"Wifi"_s;
-        QTest::newRow("outlets") << 1 << u"Power"_s;
-        QTest::newRow("noise") << 2 << u"Quiet"_s;
-        QTest::newRow("quiet") << 3 << u"Calls"_s;
-    }
-
-    void theRatingsAreFour()
-    {
-        QFETCH(const int, column);
-        QCOMPARE(HistoryTexts::ratings().size(), 4);
-        const WorkRatings scores{.wifiSpeed = 0, .outlets = 1, .noise = 2, .quietForCalls = 3};
-        QTEST(HistoryTexts::ratings()[column].label, "label");
-        QCOMPARE(scores.*HistoryTexts::ratings()[column].score, column);
-    }
 };
 
 } // namespace quorvel::tests
