@@ -68,7 +68,7 @@ int LocatedScreen::weatherCode() const
 
 QString LocatedScreen::errorText() const
 {
-    return LocatedTexts::saveError(m_checkIn.saveState());
+    return LocatedTexts::saveError(m_checkIn.saveState().errorValue());
 }
 
 QString LocatedScreen::hintText() const

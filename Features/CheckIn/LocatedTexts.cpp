@@ -47,15 +47,9 @@ QString distance(const PlaceCandidate &candidate)
     return roundedNumber(candidate.distanceMeters) + u'm';
 }
 
-QString saveError(const CheckInViewModel::SaveState &state)
+QString saveError(const LocalizedError *error)
 {
-    const auto *error = state.errorValue();
-    return error ? saveErrorFrom(error->errorDescription()) : QString();
-}
-
-QString saveErrorFrom(const QString &description)
-{
-    return description.isEmpty() ? u"Lưu thất bại."_s : description;
+    return sentenceOf(error, u"Lưu thất bại."_s);
 }
 
 QString note(const LocatedSnapshot &snapshot, bool hasCheckedInToday)

@@ -25,10 +25,8 @@ namespace quorvel::LocatedTexts {
 /// "42m", as the picker's rows say it.
 [[nodiscard]] QString distance(const PlaceCandidate &candidate);
 
-/// Why the last save failed; empty unless it did.
-[[nodiscard]] QString saveError(const CheckInViewModel::SaveState &state);
-/// The same for any description, which may be empty.
-[[nodiscard]] QString saveErrorFrom(const QString &description);
+/// Why the last save failed; empty without an error.
+[[nodiscard]] QString saveError(const LocalizedError *error);
 /// What keeps the user from checking in; empty when nothing does.
 [[nodiscard]] QString note(const LocatedSnapshot &snapshot, bool hasCheckedInToday);
 

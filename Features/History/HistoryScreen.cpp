@@ -47,7 +47,7 @@ HistoryScreen::Kind HistoryScreen::kind() const
 
 QString HistoryScreen::errorText() const
 {
-    return m_viewModel ? HistoryTexts::loadError(m_viewModel->state()) : QString();
+    return m_viewModel ? HistoryTexts::loadError(m_viewModel->state().errorValue()) : QString();
 }
 
 QString HistoryScreen::emptyTitle()

@@ -11,7 +11,7 @@ namespace quorvel {
 class LocalizedError : public std::exception
 {
 public:
-    /// The sentence for the user; never empty.
+    /// The sentence for the user.
     [[nodiscard]] virtual QString errorDescription() const = 0;
 
     /// The same sentence in UTF-8, for code that knows only `std::exception`.
@@ -25,6 +25,15 @@ inline const char *LocalizedError::what() const noexcept
 {
     m_utf8 = errorDescription().toUtf8();
     return m_utf8.constData();
+}
+
+/// The error's sentence, or `fallback` when that is empty. Empty without an error.
+[[nodiscard]] inline QString sentenceOf(const LocalizedError *error, const QString &fallback)
+{
+    if (!error)
+        return {};
+    const QString sentence = error->errorDescription();
+    return sentence.isEmpty() ? fallback : sentence;
 }
 
 } // namespace quorvel

@@ -1,5 +1,8 @@
 #include "_Probes/Log/ProbeTexts.h"
 
+#include "Core/Support/AppError.h"
+#include "Tests/Support/SilentError.h"
+
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -82,8 +85,10 @@ private slots:
 
     void anErrorWithoutADescriptionIsUnknown()
     {
-        QCOMPARE(ProbeTexts::errorFrom({}), u"Unknown error"_s);
-        QCOMPARE(ProbeTexts::errorFrom(u"Denied."_s), u"Denied."_s);
+        const SilentError silent;
+        QCOMPARE(ProbeTexts::error(&silent), u"Unknown error"_s);
+        const AppError told = AppError::noCafeFound();
+        QCOMPARE(ProbeTexts::error(&told), u"No café found nearby."_s);
     }
 };
 

@@ -95,9 +95,9 @@ QStringList located(const LocatedSnapshot &snapshot)
             QString::number(snapshot.nearbyCandidates.size()) + u" nearby candidate(s)"_s};
 }
 
-QString errorFrom(const QString &description)
+QString error(const LocalizedError *error)
 {
-    return description.isEmpty() ? u"Unknown error"_s : description;
+    return sentenceOf(error, u"Unknown error"_s);
 }
 
 } // namespace quorvel::ProbeTexts

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
+#include "Platform/Errors/LocalizedError.h"
 #include "Platform/Location/LocationManager.h"
 
 #include <QStringList>
@@ -22,7 +23,7 @@ namespace quorvel::ProbeTexts {
 
 /// What the daily loop found, a line each: café, weather, network, and how many more cafés.
 [[nodiscard]] QStringList located(const LocatedSnapshot &snapshot);
-/// Why there is no result, from a description that may be empty.
-[[nodiscard]] QString errorFrom(const QString &description);
+/// Why there is no result; empty without an error.
+[[nodiscard]] QString error(const LocalizedError *error);
 
 } // namespace quorvel::ProbeTexts

@@ -38,7 +38,7 @@ QString MenuBarViewModelProbe::text() const
     if (const auto *snapshot = state.loadedValue())
         return ProbeTexts::located(*snapshot).join(QChar(u'\n'));
     if (const auto *error = state.errorValue())
-        return ProbeTexts::errorFrom(error->errorDescription());
+        return ProbeTexts::error(error);
     return state.isLoading() ? QStringLiteral("Locating")
                              : QStringLiteral("idle — bấm Run để bắt đầu daily loop");
 }

@@ -12,15 +12,9 @@ QString weeklySummary(const HistoryViewModel::WeeklySummary &summary)
            u" cafés this week"_s;
 }
 
-QString loadError(const HistoryViewModel::State &state)
+QString loadError(const LocalizedError *error)
 {
-    const auto *error = state.errorValue();
-    return error ? loadErrorFrom(error->errorDescription()) : QString();
-}
-
-QString loadErrorFrom(const QString &description)
-{
-    return description.isEmpty() ? u"Không tải được lịch sử check-in."_s : description;
+    return sentenceOf(error, u"Không tải được lịch sử check-in."_s);
 }
 
 bool isEmpty(const HistoryViewModel::State &state)

@@ -8,10 +8,8 @@ namespace quorvel::HistoryTexts {
 /// "3 visits · 2 cafés this week"
 [[nodiscard]] QString weeklySummary(const HistoryViewModel::WeeklySummary &summary);
 
-/// Why there is no list; empty unless the load failed.
-[[nodiscard]] QString loadError(const HistoryViewModel::State &state);
-/// The same for any description, which may be empty.
-[[nodiscard]] QString loadErrorFrom(const QString &description);
+/// Why there is no list; empty without an error.
+[[nodiscard]] QString loadError(const LocalizedError *error);
 
 /// Whether the user has no visits yet, and what to say then.
 [[nodiscard]] bool isEmpty(const HistoryViewModel::State &state);

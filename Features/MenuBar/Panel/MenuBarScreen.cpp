@@ -33,13 +33,12 @@ MenuBarScreen::Kind MenuBarScreen::kind() const
 
 QString MenuBarScreen::errorText() const
 {
-    const auto *error = m_viewModel.state().errorValue();
-    return error ? errorTextFrom(error->errorDescription()) : QString();
+    return errorTextOf(m_viewModel.state().errorValue());
 }
 
-QString MenuBarScreen::errorTextFrom(const QString &description)
+QString MenuBarScreen::errorTextOf(const LocalizedError *error)
 {
-    return description.isEmpty() ? u"Đã có lỗi xảy ra."_s : description;
+    return sentenceOf(error, u"Đã có lỗi xảy ra."_s);
 }
 
 bool MenuBarScreen::canOpenSettings() const

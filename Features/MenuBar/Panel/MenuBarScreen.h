@@ -32,7 +32,7 @@ public:
     [[nodiscard]] Kind kind() const;
     /// The sentence of the error; empty without one.
     [[nodiscard]] QString errorText() const;
-    [[nodiscard]] static QString errorTextFrom(const QString &description);
+    [[nodiscard]] static QString errorTextOf(const LocalizedError *error);
     /// Whether the system's settings can help.
     [[nodiscard]] bool canOpenSettings() const;
 

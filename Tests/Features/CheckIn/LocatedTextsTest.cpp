@@ -1,5 +1,7 @@
 #include "Features/CheckIn/LocatedTexts.h"
 
+#include "Tests/Support/SilentError.h"
+
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -101,10 +103,11 @@ private slots:
 
     void aSaveThatFailedSaysWhy()
     {
-        QCOMPARE(LocatedTexts::saveError(failed), u"Network error: Disk full."_s);
-        QCOMPARE(LocatedTexts::saveErrorFrom(QString()), u"Lưu thất bại."_s);
+        QCOMPARE(LocatedTexts::saveError(failed.errorValue()), u"Network error: Disk full."_s);
+        const SilentError silent;
+        QCOMPARE(LocatedTexts::saveError(&silent), u"Lưu thất bại."_s);
         for (const SaveState &state : {SaveState::idle(), SaveState::loading(), loaded})
-            QCOMPARE(LocatedTexts::saveError(state), QString());
+            QCOMPARE(LocatedTexts::saveError(state.errorValue()), QString());
     }
 
     void theNoteSaysWhatIsInTheWay()

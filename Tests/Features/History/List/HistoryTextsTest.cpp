@@ -1,6 +1,7 @@
 #include "Features/History/List/HistoryTexts.h"
 
 #include "Tests/Features/History/Visits.h"
+#include "Tests/Support/SilentError.h"
 
 #include <QTest>
 
@@ -52,10 +53,11 @@ private slots:
 
     void aLoadThatFailedSaysWhy()
     {
-        QCOMPARE(HistoryTexts::loadError(failed), u"Network error: Disk full."_s);
-        QCOMPARE(HistoryTexts::loadErrorFrom(QString()), u"Không tải được lịch sử check-in."_s);
+        QCOMPARE(HistoryTexts::loadError(failed.errorValue()), u"Network error: Disk full."_s);
+        const SilentError silent;
+        QCOMPARE(HistoryTexts::loadError(&silent), u"Không tải được lịch sử check-in."_s);
         for (const State &state : {State::idle(), State::loading(), State::loaded({}), listed()})
-            QCOMPARE(HistoryTexts::loadError(state), QString());
+            QCOMPARE(HistoryTexts::loadError(state.errorValue()), QString());
     }
 
     void onlyALoadedHistoryIsEmpty()

@@ -1,6 +1,7 @@
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
+#include "Tests/Support/SilentError.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -75,8 +76,10 @@ private slots:
 
     void anErrorWithoutADescriptionHasASentence()
     {
-        QCOMPARE(MenuBarScreen::errorTextFrom(QString()), u"Đã có lỗi xảy ra."_s);
-        QCOMPARE(MenuBarScreen::errorTextFrom(u"Disk full."_s), u"Disk full."_s);
+        const SilentError silent;
+        QCOMPARE(MenuBarScreen::errorTextOf(&silent), u"Đã có lỗi xảy ra."_s);
+        const AppError told = AppError::noCafeFound();
+        QCOMPARE(MenuBarScreen::errorTextOf(&told), u"No café found nearby."_s);
     }
 
 private:
