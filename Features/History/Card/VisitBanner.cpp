@@ -36,6 +36,7 @@ VisitBanner::VisitBanner(QQuickItem *parent)
     : QQuickPaintedItem(parent)
 {
     setAntialiasing(true);
+    setImplicitSize(sizeInPoints.width(), sizeInPoints.height());
 }
 
 void VisitBanner::paint(QPainter *painter)

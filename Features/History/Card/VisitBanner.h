@@ -8,8 +8,8 @@ class QPainterPath;
 
 namespace quorvel {
 
-/// The upper end of a visit's card: the photo, filling it, or the gradient where there is none. Its
-/// upper corners are those of the card.
+/// The upper end of a visit's card: the photo, filling it, or the gradient where there is none. It
+/// is as wide as the card, and its upper corners are those of the card.
 class VisitBanner : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -20,6 +20,8 @@ class VisitBanner : public QQuickPaintedItem
                    REQUIRED)
 
 public:
+    static constexpr QSize sizeInPoints{420, 160};
+
     explicit VisitBanner(QQuickItem *parent = nullptr);
 
     void paint(QPainter *painter) override;

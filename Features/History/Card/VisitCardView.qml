@@ -15,7 +15,7 @@ Item {
     readonly property real innerWidth: root.width - 2 * content.padding
 
     implicitHeight: banner.height + content.height
-    implicitWidth: 420
+    implicitWidth: banner.implicitWidth
     objectName: "VisitCardView"
 
     SoftShadow {
@@ -39,7 +39,6 @@ Item {
 
         cornerRadius: root.cornerRadius
         detail: root.detail
-        height: 160
         width: parent.width
     }
 

@@ -5,13 +5,7 @@
 
 namespace quorvel::VisitPicture {
 
-namespace {
-
 using namespace Qt::StringLiterals;
-
-constexpr qreal pixelsPerPoint = 2;
-
-} // namespace
 
 QImage image(QQmlEngine &engine, VisitDetail &detail)
 {

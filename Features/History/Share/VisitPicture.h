@@ -11,8 +11,10 @@ class VisitDetail;
 /// The picture that is shared of a visit.
 namespace VisitPicture {
 
-/// Draws the card of the open visit as its view shows it, at two pixels a point. Null when it
-/// cannot be drawn.
+inline constexpr int pixelsPerPoint = 2;
+
+/// Draws the card of the open visit as its view shows it, at `pixelsPerPoint`. Null when it cannot
+/// be drawn.
 [[nodiscard]] QImage image(QQmlEngine &engine, VisitDetail &detail);
 
 } // namespace VisitPicture

@@ -1,5 +1,7 @@
 #include "Features/History/Visit/VisitDetail.h"
 
+#include "Features/History/Card/VisitBanner.h"
+#include "Features/History/Share/VisitPicture.h"
 #include "Features/History/Visit/VisitPhoto.h"
 #include "Platform/Clock/Clock.h"
 #include "Services/Share/ShareSlug.h"
@@ -8,8 +10,8 @@ namespace quorvel {
 
 namespace {
 
-/// The banner of the card, in the pixels of a shared picture.
-constexpr QSize photoArea(840, 320);
+/// Sharp enough for the shared picture.
+constexpr QSize photoArea = VisitBanner::sizeInPoints * VisitPicture::pixelsPerPoint;
 
 std::optional<QString> ssidOf(const CheckIn &checkIn)
 {
