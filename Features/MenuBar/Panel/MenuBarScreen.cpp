@@ -43,7 +43,11 @@ QString MenuBarScreen::errorTextOf(const LocalizedError *error)
 
 bool MenuBarScreen::canOpenSettings() const
 {
-    const auto *error = m_viewModel.state().errorValue();
+    return canOpenSettingsFor(m_viewModel.state().errorValue());
+}
+
+bool MenuBarScreen::canOpenSettingsFor(const AppError *error)
+{
     return error && error->kind() == AppError::Case::LocationDenied;
 }
 

@@ -35,6 +35,7 @@ public:
     [[nodiscard]] static QString errorTextOf(const LocalizedError *error);
     /// Whether the system's settings can help.
     [[nodiscard]] bool canOpenSettings() const;
+    [[nodiscard]] static bool canOpenSettingsFor(const AppError *error);
 
 signals:
     void changed();

@@ -62,6 +62,17 @@ private slots:
         QVERIFY(screen.canOpenSettings());
     }
 
+    void settingsHelpAgainstARefusalAlone()
+    {
+        const AppError denied = AppError::locationDenied();
+        QVERIFY(MenuBarScreen::canOpenSettingsFor(&denied));
+        QVERIFY(!MenuBarScreen::canOpenSettingsFor(nullptr));
+        for (const AppError &error :
+             {AppError::locationFailed(u"no fix"_s), AppError::network(u"down"_s),
+              AppError::decoding(u"no number"_s), AppError::noCafeFound()})
+            QVERIFY(!MenuBarScreen::canOpenSettingsFor(&error));
+    }
+
     void retryLoadsAfresh()
     {
         MenuBarScreen screen(*m_world->viewModel, Form::Present);

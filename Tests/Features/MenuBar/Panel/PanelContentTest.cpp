@@ -91,9 +91,23 @@ private slots:
                               "Quorvel in your desktop's settings."_s));
     }
 
-    void theHistoryCanBeOpenedFromARefusal()
+    void theHistoryCanBeOpenedInEveryState_data()
     {
-        openRefused();
+        QTest::addColumn<QString>("screen");
+        for (const auto &screen : {u"LocatingView"_s, u"DeniedView"_s, u"LocatedView"_s})
+            QTest::newRow(qPrintable(screen)) << screen;
+    }
+
+    void theHistoryCanBeOpenedInEveryState()
+    {
+        QFETCH(const QString, screen);
+        if (screen == u"LocatingView"_s) {
+            world().loop.location.holdAuthorization();
+            m_panel->open();
+        } else {
+            screen == u"DeniedView"_s ? openRefused() : openLocated();
+        }
+        QCOMPARE(screens(), QStringList{screen});
         const QSignalSpy requested(&m_panel->panel, &MenuBarPanel::windowRequested);
         m_panel->press(u"Check-ins"_s);
         QCOMPARE(requested.count(), 1);
