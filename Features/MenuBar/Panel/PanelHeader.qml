@@ -34,7 +34,7 @@ Item {
         id: history
 
         anchors.right: parent.right
-        anchors.rightMargin: 12
+        anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter
         label: "Check-ins"
         symbol: "clock"
