@@ -34,13 +34,23 @@ inline void addText(const QString &text, const char *colorToken, const char *fon
     QTest::newRow(qPrintable(text)) << text << QByteArray(colorToken) << QByteArray(fontToken);
 }
 
+/// The first text on screen with these words, or null. Others than texts have words, too.
+inline QQuickItem *text(const QQuickWindow &window, const QString &words)
+{
+    for (QQuickItem *item : QuickTest::itemsUnder(window.contentItem()))
+        if (item->isVisible() && item->property("text") == words &&
+            item->property("font").isValid())
+            return item;
+    return nullptr;
+}
+
 /// Fails the case unless the text of this row is on screen and looks so.
 inline void compareText(const QQuickWindow &window)
 {
     QFETCH(const QString, text);
     QFETCH(const QByteArray, colorToken);
     QFETCH(const QByteArray, fontToken);
-    const QQuickItem *item = QuickTest::shown(window, "text", text);
+    const QQuickItem *item = ViewLook::text(window, text);
     QVERIFY2(item, "the text is not on screen");
     QCOMPARE(item->property("color").value<QColor>(), color(colorToken));
     QCOMPARE(item->property("font").value<QFont>(), font(fontToken));
