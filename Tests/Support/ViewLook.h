@@ -24,14 +24,14 @@ inline QFont font(const QByteArray &token)
 /// A case has one row a text: which it is, and the tokens of its colour and its font.
 inline void addColumns()
 {
-    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("words");
     QTest::addColumn<QByteArray>("colorToken");
     QTest::addColumn<QByteArray>("fontToken");
 }
 
-inline void addText(const QString &text, const char *colorToken, const char *fontToken)
+inline void addText(const QString &words, const char *colorToken, const char *fontToken)
 {
-    QTest::newRow(qPrintable(text)) << text << QByteArray(colorToken) << QByteArray(fontToken);
+    QTest::newRow(qPrintable(words)) << words << QByteArray(colorToken) << QByteArray(fontToken);
 }
 
 /// The first text on screen with these words, or null. Others than texts have words, too.
@@ -44,16 +44,23 @@ inline QQuickItem *text(const QQuickWindow &window, const QString &words)
     return nullptr;
 }
 
-/// Fails the case unless the text of this row is on screen and looks so.
-inline void compareText(const QQuickWindow &window)
+/// Fails the case unless these words are on screen in that colour and font.
+inline void compareText(const QQuickWindow &window, const QString &words,
+                        const QByteArray &colorToken, const QByteArray &fontToken)
 {
-    QFETCH(const QString, text);
-    QFETCH(const QByteArray, colorToken);
-    QFETCH(const QByteArray, fontToken);
-    const QQuickItem *item = ViewLook::text(window, text);
+    const QQuickItem *item = text(window, words);
     QVERIFY2(item, "the text is not on screen");
     QCOMPARE(item->property("color").value<QColor>(), color(colorToken));
     QCOMPARE(item->property("font").value<QFont>(), font(fontToken));
+}
+
+/// The same of this row.
+inline void compareText(const QQuickWindow &window)
+{
+    QFETCH(const QString, words);
+    QFETCH(const QByteArray, colorToken);
+    QFETCH(const QByteArray, fontToken);
+    compareText(window, words, colorToken, fontToken);
 }
 
 /// Fails the case unless `root` has this symbol on screen, so large and in that colour.
