@@ -16,7 +16,7 @@ LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkI
     connect(&checkIn, &CheckInViewModel::hasCheckedInTodayChanged, this,
             &LocatedScreen::checkInChanged);
     connect(&checkIn, &CheckInViewModel::saveStateChanged, this, &LocatedScreen::isInUseChanged);
-    connect(&m_wifi, &WifiScreen::changed, this, &LocatedScreen::isInUseChanged);
+    connect(&m_wifi, &WifiScanSection::changed, this, &LocatedScreen::isInUseChanged);
     updateRatings();
     followLoop();
 }
@@ -78,7 +78,7 @@ QString LocatedScreen::hintText() const
 
 bool LocatedScreen::isInUse() const
 {
-    return m_isChoosingOrTyping || m_wifi.isJoining() || !m_checkIn.saveState().isIdle();
+    return m_isChoosingOrTyping || m_wifi.connecting() || !m_checkIn.saveState().isIdle();
 }
 
 void LocatedScreen::setChoosingOrTyping(bool isChoosingOrTyping)

@@ -5,7 +5,7 @@
 #include "Features/CheckIn/CheckInViewModel.h"
 #include "Features/CheckIn/LocatedTexts.h"
 #include "Features/CheckIn/RatingRow.h"
-#include "Features/CheckIn/Wifi/WifiScreen.h"
+#include "Features/CheckIn/Wifi/WifiScanSection.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
 namespace quorvel {
@@ -31,7 +31,7 @@ class LocatedScreen final : public QObject
     Q_PROPERTY(QString feels READ feels NOTIFY snapshotChanged)
     Q_PROPERTY(QObject *ratings READ ratings CONSTANT)
     Q_PROPERTY(QString note READ note WRITE setNote NOTIFY noteChanged)
-    Q_PROPERTY(quorvel::WifiScreen *wifi READ wifi CONSTANT)
+    Q_PROPERTY(quorvel::WifiScanSection *wifi READ wifi CONSTANT)
     Q_PROPERTY(QString errorText READ errorText NOTIFY checkInChanged)
     Q_PROPERTY(QString hintText READ hintText NOTIFY checkInChanged)
     Q_PROPERTY(QString buttonTitle READ buttonTitle NOTIFY checkInChanged)
@@ -71,7 +71,7 @@ public:
     [[nodiscard]] QString feels() const { return LocatedTexts::feels(m_snapshot); }
     [[nodiscard]] QAbstractItemModel *ratings() { return &m_ratings; }
     [[nodiscard]] QString note() const { return m_checkIn.note(); }
-    [[nodiscard]] WifiScreen *wifi() { return &m_wifi; }
+    [[nodiscard]] WifiScanSection *wifi() { return &m_wifi; }
     /// Why the last save failed; empty unless it did.
     [[nodiscard]] QString errorText() const;
     /// What keeps the user from checking in; empty when nothing does.
@@ -100,7 +100,7 @@ private:
 
     MenuBarViewModel &m_menuBar;
     CheckInViewModel &m_checkIn;
-    WifiScreen m_wifi;
+    WifiScanSection m_wifi;
     LocatedSnapshot m_snapshot;
     RecordListModel<CafeRow> m_candidates;
     RecordListModel<RatingRow> m_ratings;

@@ -112,7 +112,7 @@ FocusScope {
             }
 
             WifiPasswordField {
-                screen: root.screen.wifi
+                section: root.screen.wifi
                 width: form.width - 32
             }
         }

@@ -64,7 +64,7 @@ void GalleryStage::showWifi()
     wifi().appear();
     LoopWorld::settle();
     put(ViewFactory::make(m_engine, u"CheckIn"_s, u"WifiPasswordField"_s,
-                          {{u"screen"_s, QVariant::fromValue(&wifi())}}),
+                          {{u"section"_s, QVariant::fromValue(&wifi())}}),
         {panelWidth - 2 * formMargin, 0}, formMargin);
 }
 
@@ -152,8 +152,8 @@ QStringList GalleryStage::names()
         names << (visit->cafe() ? visit->cafe()->name() : QString()) << visit->note();
     if (!m_scene || !m_scene->located())
         return names;
-    for (const QAbstractItemModel *rows :
-         {m_scene->located()->candidates(), m_scene->located()->wifi()->rows()})
+    for (const QAbstractItemModel *rows : std::initializer_list<QAbstractItemModel *>{
+             m_scene->located()->candidates(), m_scene->located()->wifi()->rows()})
         for (int row = 0; row < rows->rowCount(); ++row)
             for (const char *role : {"name", "ssid"})
                 names.append(rows->index(row, 0).data(rows->roleNames().key(role)).toString());

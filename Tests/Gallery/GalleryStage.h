@@ -58,7 +58,7 @@ public:
     [[nodiscard]] ProbeScreen &probe() { return *m_probe; }
     [[nodiscard]] MenuBarScene &scene() { return *m_scene; }
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
-    [[nodiscard]] WifiScreen &wifi() { return *m_scene->located()->wifi(); }
+    [[nodiscard]] WifiScanSection &wifi() { return *m_scene->located()->wifi(); }
     [[nodiscard]] QQuickItem &view() { return *m_view; }
     /// Names that come from outside. A view may cut them off.
     [[nodiscard]] QStringList names();

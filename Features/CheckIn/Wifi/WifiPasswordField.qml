@@ -8,22 +8,22 @@ import Quorvel.DesignSystem
 Column {
     id: root
 
-    required property WifiScreen screen
-    readonly property bool isLoaded: root.screen.state === WifiScreen.Loaded
-    readonly property bool isUnavailable: root.screen.state === WifiScreen.Unavailable
+    required property WifiScanSection section
+    readonly property bool isLoaded: root.section.scanState === WifiScanSection.Loaded
+    readonly property bool isUnavailable: root.section.scanState === WifiScanSection.Unavailable
 
     objectName: "WifiPasswordField"
     spacing: 8
 
     WifiBlockHeader {
-        count: root.screen.headerText
-        scanning: root.screen.state === WifiScreen.Scanning
+        count: root.section.headerText
+        scanning: root.section.scanState === WifiScanSection.Scanning
         width: root.width
     }
 
     Hint {
         text: "Pick a network to save its password."
-        visible: root.screen.showsHint
+        visible: root.section.showsHint
         width: root.width
     }
 
@@ -32,16 +32,16 @@ Column {
         width: root.width
 
         Repeater {
-            model: root.screen.rows
+            model: root.section.rows
 
             WifiNetworkRow {
-                screen: root.screen
+                section: root.section
                 width: root.width
             }
         }
 
         WifiOtherNetworkRow {
-            screen: root.screen
+            section: root.section
             width: root.width
         }
     }
@@ -57,7 +57,7 @@ Column {
         model: root.isUnavailable ? 1 : 0
 
         WifiManualEntry {
-            screen: root.screen
+            section: root.section
             width: root.width
         }
     }

@@ -15,16 +15,16 @@ struct WifiRow
     Q_PROPERTY(bool isSaved MEMBER isSaved)
     Q_PROPERTY(QString detailText MEMBER detailText)
     Q_PROPERTY(int bars MEMBER bars)
-    Q_PROPERTY(bool requiresConnect MEMBER requiresConnect)
+    Q_PROPERTY(QString description MEMBER description)
 
 public:
     QString ssid = {};
     bool isOpen = false;
     bool isConnected = false;
-    bool isSaved = false;        ///< our keychain has its password
-    QString detailText = {};     ///< "Good · -65 dBm"
-    int bars = 0;                ///< of four
-    bool requiresConnect = true; ///< a password proves right only by joining
+    bool isSaved = false;     ///< our keychain has its password
+    QString detailText = {};  ///< "Good · -65 dBm"
+    int bars = 0;             ///< of four
+    QString description = {}; ///< all of it for a screen reader
 
     [[nodiscard]] const QString &id() const { return ssid; }
 

@@ -1,10 +1,9 @@
 #include "Core/Keychain/KeychainError.h"
 #include "Core/Support/AppError.h"
 #include "Features/CheckIn/Wifi/WifiScanSection.h"
+#include "Features/CheckIn/Wifi/WifiTexts.h"
 
 namespace quorvel {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,7 +60,7 @@ Task<> WifiScanSection::fill(QPointer<WifiScanSection> self, std::stop_token sto
     self->m_fillingSSID.reset();
     if (password)
         self->m_connectPasswordDraft = *password;
-    emit self->changed();
+    self->publish();
 }
 
 void WifiScanSection::didScan(const std::optional<QList<WifiNetwork>> &networks)
@@ -71,7 +70,7 @@ void WifiScanSection::didScan(const std::optional<QList<WifiNetwork>> &networks)
     updateNetworks();
     if (m_scanned && !std::exchange(m_hasSetInitialExpansion, true))
         open(m_currentSSID);
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::didJoin(const QString &ssid, const QString &password)
@@ -82,17 +81,24 @@ void WifiScanSection::didJoin(const QString &ssid, const QString &password)
     } catch (const KeychainError &) {
         // Silent: the machine is on the network, which is what was asked for.
     }
-    emit changed();
-    if (m_inputs.onConnected)
-        m_inputs.onConnected();
+    publish();
+    didStore();
 }
 
 void WifiScanSection::didNotJoin(const QString &ssid)
 {
     m_connectingSSID.reset();
     if (targetSSID() == ssid)
-        m_connectErrorMessage = u"Couldn't connect — check the password."_s;
-    emit changed();
+        m_connectErrorMessage = WifiTexts::cannotConnect();
+    publish();
+}
+
+void WifiScanSection::didStore()
+{
+    // After a join the machine is on another network than before.
+    setCurrentNetwork(m_inputs.wifiService.currentSSID(), m_inputs.wifiService.currentSignal());
+    if (m_inputs.onConnected)
+        m_inputs.onConnected();
 }
 
 } // namespace quorvel

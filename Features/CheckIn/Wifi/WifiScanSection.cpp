@@ -1,14 +1,13 @@
 #include "Features/CheckIn/Wifi/WifiScanSection.h"
 
 #include "Core/Keychain/KeychainError.h"
+#include "Features/CheckIn/Wifi/WifiTexts.h"
 
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
 
 namespace quorvel {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -32,11 +31,6 @@ QStringList names(const QList<WifiNetwork> &networks)
     return names;
 }
 
-QString detailText(const WifiNetwork &network)
-{
-    return network.signal().label + u" · "_s + QString::number(network.rssiDBm) + u" dBm"_s;
-}
-
 } // namespace
 
 WifiScanSection::WifiScanSection(Inputs inputs, QObject *parent)
@@ -46,7 +40,7 @@ WifiScanSection::WifiScanSection(Inputs inputs, QObject *parent)
 {
     m_copiedTimer.setSingleShot(true);
     m_copiedTimer.setInterval(m_inputs.copiedInterval);
-    connect(&m_copiedTimer, &QTimer::timeout, this, &WifiScanSection::changed);
+    connect(&m_copiedTimer, &QTimer::timeout, this, &WifiScanSection::publish);
 }
 
 void WifiScanSection::setCurrentNetwork(std::optional<QString> ssid,
@@ -58,7 +52,7 @@ void WifiScanSection::setCurrentNetwork(std::optional<QString> ssid,
     m_currentSignal = std::move(signal);
     if (m_scanned)
         updateNetworks();
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::appear()
@@ -76,13 +70,21 @@ void WifiScanSection::disappear()
     m_scan.request_stop();
     m_revealConnectPassword = false;
     m_revealedScannedPassword.reset();
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::toggle(const QString &ssid)
 {
     open(m_expanded == ssid ? std::nullopt : std::optional(ssid));
-    emit changed();
+    publish();
+}
+
+void WifiScanSection::submit()
+{
+    if (targetRequiresConnect())
+        connectTo(targetSSID());
+    else
+        saveOnly(targetSSID());
 }
 
 void WifiScanSection::saveOnly(const QString &ssid)
@@ -93,14 +95,13 @@ void WifiScanSection::saveOnly(const QString &ssid)
         m_storedPasswords.save(m_connectPasswordDraft, ssid);
     } catch (const KeychainError &error) {
         m_connectErrorMessage = error.errorDescription();
-        emit changed();
+        publish();
         return;
     }
-    m_connectErrorMessage.reset();
+    m_connectErrorMessage.clear();
     m_connectPasswordDraft.clear();
-    emit changed();
-    if (m_inputs.onConnected)
-        m_inputs.onConnected();
+    publish();
+    didStore();
 }
 
 void WifiScanSection::connectTo(const QString &ssid)
@@ -108,8 +109,8 @@ void WifiScanSection::connectTo(const QString &ssid)
     if (ssid.isEmpty() || !isPasswordLongEnough() || connecting())
         return;
     m_connectingSSID = ssid;
-    m_connectErrorMessage.reset();
-    emit changed();
+    m_connectErrorMessage.clear();
+    publish();
     spawn(join(this, ssid, m_connectPasswordDraft));
 }
 
@@ -122,21 +123,21 @@ void WifiScanSection::fillFromSystem(const QString &ssid)
     m_fill = std::stop_source();
     m_fillingSSID = ssid;
     m_autofillAttempted = true;
-    emit changed();
+    publish();
     spawn(fill(this, m_fill.get_token(), ssid));
 }
 
 void WifiScanSection::toggleRevealConnectPassword()
 {
     m_revealConnectPassword = !m_revealConnectPassword;
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::toggleRevealStoredPassword(const QString &ssid)
 {
     m_revealedScannedPassword =
         m_revealedScannedPassword ? std::nullopt : m_storedPasswords.read(ssid);
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::copyStoredPassword(const QString &ssid)
@@ -146,7 +147,7 @@ void WifiScanSection::copyStoredPassword(const QString &ssid)
         m_inputs.pasteboard.setSecret(*password);
         m_copiedTimer.start();
     }
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::setManualSSIDDraft(const QString &draft)
@@ -156,7 +157,7 @@ void WifiScanSection::setManualSSIDDraft(const QString &draft)
     m_manualSSIDDraft = draft;
     if (isTargetManual())
         forgetFill();
-    emit changed();
+    publish();
 }
 
 void WifiScanSection::setConnectPasswordDraft(const QString &draft)
@@ -164,38 +165,46 @@ void WifiScanSection::setConnectPasswordDraft(const QString &draft)
     if (m_connectPasswordDraft == draft)
         return;
     m_connectPasswordDraft = draft;
-    emit changed();
+    publish();
 }
 
-QList<WifiRow> WifiScanSection::rows() const
+QString WifiScanSection::headerText() const
 {
-    QList<WifiRow> rows;
-    for (const WifiNetwork &network : m_networks) {
-        const bool isConnected = m_currentSSID == network.ssid;
-        rows.append({.ssid = network.ssid,
-                     .isOpen = m_expanded == network.ssid && network.ssid != otherKey,
-                     .isConnected = isConnected,
-                     .isSaved = m_storedPasswords.isSaved(network.ssid),
-                     .detailText = detailText(network),
-                     .bars = network.signal().bars,
-                     .requiresConnect = !isConnected});
-    }
-    return rows;
+    const bool isScanning = m_scanState == ScanState::Scanning;
+    return WifiTexts::header(isScanning ? std::nullopt : std::optional(m_networks.size()));
 }
 
-QString WifiScanSection::targetSSID() const
+bool WifiScanSection::showsHint() const
 {
-    return isTargetManual() ? m_manualSSIDDraft : m_expanded.value_or(QString());
+    return m_scanState == ScanState::Loaded && !m_expanded;
 }
 
-bool WifiScanSection::targetRequiresConnect() const
+ConnectRowState WifiScanSection::connectRow() const
 {
-    return isTargetManual() || m_expanded != m_currentSSID;
+    const QString ssid = targetSSID();
+    const bool requiresConnect = targetRequiresConnect();
+    return {.ssid = ssid,
+            .prompt = WifiTexts::prompt(ssid),
+            .connectPasswordDraft = m_connectPasswordDraft,
+            .revealConnectPassword = m_revealConnectPassword,
+            .revealTitle = WifiTexts::revealTitle(m_revealConnectPassword),
+            .connecting = m_connectingSSID == ssid,
+            .connectErrorMessage = m_connectErrorMessage,
+            .canSubmit =
+                isPasswordLongEnough() && !ssid.isEmpty() && !(requiresConnect && connecting()),
+            .submitTitle = WifiTexts::submitTitle(requiresConnect)};
 }
 
-bool WifiScanSection::isPasswordLongEnough() const
+StoredRowState WifiScanSection::storedRow() const
 {
-    return length(m_connectPasswordDraft) >= shortestPassword;
+    const bool isRevealed = m_revealedScannedPassword.has_value();
+    const bool copiedScanned = m_copiedTimer.isActive();
+    return {.text = WifiTexts::stored(m_revealedScannedPassword),
+            .spokenText = WifiTexts::storedSpoken(m_revealedScannedPassword),
+            .isRevealed = isRevealed,
+            .revealTitle = WifiTexts::revealTitle(isRevealed),
+            .copiedScanned = copiedScanned,
+            .copyTitle = WifiTexts::copyTitle(copiedScanned)};
 }
 
 void WifiScanSection::updateNetworks()
@@ -221,11 +230,25 @@ QList<WifiNetwork> WifiScanSection::mergeCurrentNetwork(QList<WifiNetwork> into)
     return into;
 }
 
+WifiRow WifiScanSection::row(const WifiNetwork &network) const
+{
+    const bool isConnected = m_currentSSID == network.ssid;
+    const bool isSaved = m_storedPasswords.isSaved(network.ssid);
+    const QString detail = WifiTexts::detail(network);
+    return {.ssid = network.ssid,
+            .isOpen = m_expanded == network.ssid && network.ssid != otherKey,
+            .isConnected = isConnected,
+            .isSaved = isSaved,
+            .detailText = detail,
+            .bars = network.signal().bars,
+            .description = WifiTexts::description(isConnected, isSaved, detail)};
+}
+
 void WifiScanSection::open(const std::optional<QString> &row)
 {
     m_expanded = row;
     m_revealedScannedPassword.reset();
-    m_connectErrorMessage.reset();
+    m_connectErrorMessage.clear();
     m_connectPasswordDraft.clear();
     m_revealConnectPassword = false;
     m_copiedTimer.stop();
@@ -241,6 +264,32 @@ void WifiScanSection::forgetFill()
 bool WifiScanSection::isTargetManual() const
 {
     return m_expanded == otherKey || m_scanState == ScanState::Unavailable;
+}
+
+/// The network that the password field is for; empty when there is none.
+QString WifiScanSection::targetSSID() const
+{
+    return isTargetManual() ? m_manualSSIDDraft : m_expanded.value_or(QString());
+}
+
+/// Whether that network has to be joined for its password to prove right.
+bool WifiScanSection::targetRequiresConnect() const
+{
+    return isTargetManual() || m_expanded != m_currentSSID;
+}
+
+bool WifiScanSection::isPasswordLongEnough() const
+{
+    return length(m_connectPasswordDraft) >= shortestPassword;
+}
+
+void WifiScanSection::publish()
+{
+    QList<WifiRow> rows;
+    for (const WifiNetwork &network : m_networks)
+        rows.append(row(network));
+    m_rows.setRecords(rows);
+    emit changed();
 }
 
 } // namespace quorvel

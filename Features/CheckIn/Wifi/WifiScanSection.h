@@ -1,12 +1,14 @@
 #pragma once
 
+#include "Core/Support/RecordListModel.h"
+#include "Features/CheckIn/Wifi/ConnectRowState.h"
 #include "Features/CheckIn/Wifi/StoredPasswords.h"
+#include "Features/CheckIn/Wifi/StoredRowState.h"
 #include "Features/CheckIn/Wifi/WifiRow.h"
 #include "Platform/Pasteboard/Pasteboard.h"
 #include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
 #include "Services/Wifi/WifiModels.h"
 
-#include <QObject>
 #include <QPointer>
 #include <QTimer>
 
@@ -15,17 +17,28 @@
 
 namespace quorvel {
 
-/// The Wi-Fi block of the check-in screen: the networks nearby, of which one row may be open, and
-/// what the user does with its password. Main thread only.
+/// The Wi-Fi block of the check-in screen, for its view: the networks nearby, of which one row may
+/// be open, and what the user does with its password. Main thread only.
 ///
 /// An answer that comes late never lands in another network's row. The keychain is asked once a
 /// network and scan, however often the rows are painted.
 class WifiScanSection final : public QObject
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made with the check-in screen")
+    Q_PROPERTY(ScanState scanState READ scanState NOTIFY changed)
+    Q_PROPERTY(QString headerText READ headerText NOTIFY changed)
+    Q_PROPERTY(QObject *rows READ rows CONSTANT)
+    Q_PROPERTY(bool showsHint READ showsHint NOTIFY changed)
+    Q_PROPERTY(bool isOtherOpen READ isOtherOpen NOTIFY changed)
+    Q_PROPERTY(QString manualSSIDDraft READ manualSSIDDraft NOTIFY changed)
+    Q_PROPERTY(quorvel::ConnectRowState connectRow READ connectRow NOTIFY changed)
+    Q_PROPERTY(quorvel::StoredRowState storedRow READ storedRow NOTIFY changed)
 
 public:
     enum class ScanState { Scanning, Loaded, Unavailable };
+    Q_ENUM(ScanState)
 
     /// What the section works with. The services outlive it.
     struct Inputs
@@ -53,40 +66,31 @@ public:
     void disappear();
 
     /// Opens the row or closes it, and forgets what was typed and shown in the row before.
-    void toggle(const QString &ssid);
+    Q_INVOKABLE void toggle(const QString &ssid);
+    Q_INVOKABLE void toggleOther() { toggle(otherKey); }
+    /// `connectTo` or `saveOnly`, whichever the open row's network takes.
+    Q_INVOKABLE void submit();
     void saveOnly(const QString &ssid);
     /// One join at a time. It goes on when its row is closed, but says nothing in another one.
     void connectTo(const QString &ssid);
-    void fillFromSystem(const QString &ssid);
-    void toggleRevealConnectPassword();
-    void toggleRevealStoredPassword(const QString &ssid);
-    void copyStoredPassword(const QString &ssid);
-    void setManualSSIDDraft(const QString &draft);
-    void setConnectPasswordDraft(const QString &draft);
+    Q_INVOKABLE void fillFromSystem(const QString &ssid);
+    Q_INVOKABLE void toggleRevealConnectPassword();
+    Q_INVOKABLE void toggleRevealStoredPassword(const QString &ssid);
+    Q_INVOKABLE void copyStoredPassword(const QString &ssid);
+    Q_INVOKABLE void setManualSSIDDraft(const QString &draft);
+    Q_INVOKABLE void setConnectPasswordDraft(const QString &draft);
 
     [[nodiscard]] ScanState scanState() const { return m_scanState; }
-    [[nodiscard]] QList<WifiRow> rows() const;
+    [[nodiscard]] QString headerText() const;
+    [[nodiscard]] RecordListModel<WifiRow> *rows() { return &m_rows; }
+    [[nodiscard]] bool showsHint() const;
     [[nodiscard]] const std::optional<QString> &expanded() const { return m_expanded; }
-    /// The network that the password field is for; empty when there is none.
-    [[nodiscard]] QString targetSSID() const;
-    /// Whether that network has to be joined for its password to prove right.
-    [[nodiscard]] bool targetRequiresConnect() const;
-    [[nodiscard]] bool isPasswordLongEnough() const;
-
+    [[nodiscard]] bool isOtherOpen() const { return m_expanded == otherKey; }
     [[nodiscard]] const QString &manualSSIDDraft() const { return m_manualSSIDDraft; }
-    [[nodiscard]] const QString &connectPasswordDraft() const { return m_connectPasswordDraft; }
-    [[nodiscard]] bool revealConnectPassword() const { return m_revealConnectPassword; }
+    [[nodiscard]] ConnectRowState connectRow() const;
+    [[nodiscard]] StoredRowState storedRow() const;
+    /// Whether any network is being joined, if only behind a row that was closed meanwhile.
     [[nodiscard]] bool connecting() const { return m_connectingSSID.has_value(); }
-    [[nodiscard]] const std::optional<QString> &connectingSSID() const { return m_connectingSSID; }
-    [[nodiscard]] const std::optional<QString> &connectErrorMessage() const
-    {
-        return m_connectErrorMessage;
-    }
-    [[nodiscard]] const std::optional<QString> &revealedScannedPassword() const
-    {
-        return m_revealedScannedPassword;
-    }
-    [[nodiscard]] bool copiedScanned() const { return m_copiedTimer.isActive(); }
     [[nodiscard]] bool autofillAttempted() const { return m_autofillAttempted; }
 
 signals:
@@ -101,13 +105,19 @@ private:
     void didScan(const std::optional<QList<WifiNetwork>> &networks);
     void didJoin(const QString &ssid, const QString &password);
     void didNotJoin(const QString &ssid);
+    void didStore();
 
     void updateNetworks();
     void closeRowThatIsGone();
     [[nodiscard]] QList<WifiNetwork> mergeCurrentNetwork(QList<WifiNetwork> into) const;
+    [[nodiscard]] WifiRow row(const WifiNetwork &network) const;
     void open(const std::optional<QString> &row);
     void forgetFill();
     [[nodiscard]] bool isTargetManual() const;
+    [[nodiscard]] QString targetSSID() const;
+    [[nodiscard]] bool targetRequiresConnect() const;
+    [[nodiscard]] bool isPasswordLongEnough() const;
+    void publish();
 
     Inputs m_inputs;
     std::optional<QString> m_currentSSID;
@@ -122,13 +132,14 @@ private:
     QString m_connectPasswordDraft;
     bool m_revealConnectPassword = false;
     std::optional<QString> m_connectingSSID;
-    std::optional<QString> m_connectErrorMessage;
+    QString m_connectErrorMessage;
     std::optional<QString> m_revealedScannedPassword;
     QTimer m_copiedTimer;
     bool m_autofillAttempted = false;
 
     bool m_isShown = false;
     StoredPasswords m_storedPasswords;
+    RecordListModel<WifiRow> m_rows;
     std::stop_source m_scan;
     std::stop_source m_fill;
     std::optional<QString> m_fillingSSID;

@@ -202,7 +202,7 @@ private slots:
         screen().appear();
         LoopWorld::settle();
         screen().wifi()->toggle(u"Guest"_s);
-        screen().wifi()->setPassword(u"12345678"_s);
+        screen().wifi()->setConnectPasswordDraft(u"12345678"_s);
         m_world->loop.wifi.joins.willHold();
         screen().wifi()->submit();
         screen().wifi()->toggle(u"Guest"_s);
@@ -262,11 +262,12 @@ private slots:
         load();
         QQmlEngine engine;
         QQmlComponent component(&engine);
-        component.setData("import QtQml\nimport Quorvel.CheckIn\n"
-                          "QtObject { required property LocatedScreen screen\n"
-                          "property string text: screen.title + screen.wifi.headerText\n"
-                          "property bool waits: screen.wifi.state === WifiScreen.Scanning }",
-                          {});
+        component.setData(
+            "import QtQml\nimport Quorvel.CheckIn\n"
+            "QtObject { required property LocatedScreen screen\n"
+            "property string text: screen.title + screen.wifi.headerText\n"
+            "property bool waits: screen.wifi.scanState === WifiScanSection.Scanning }",
+            {});
         const std::unique_ptr<QObject> view(
             component.createWithInitialProperties({{u"screen"_s, QVariant::fromValue(&screen())}}));
         QVERIFY2(view, qPrintable(component.errorString()));

@@ -43,27 +43,27 @@ void scanning(GalleryStage &stage)
 void revealed(GalleryStage &stage)
 {
     hearThree(stage, Joined::Yes, Saved::Yes);
-    stage.wifi().toggleStored();
+    stage.wifi().toggleRevealStoredPassword(mine);
 }
 
 void copied(GalleryStage &stage)
 {
     hearThree(stage, Joined::Yes, Saved::Yes);
-    stage.wifi().copyStored();
+    stage.wifi().copyStoredPassword(mine);
 }
 
 void typed(GalleryStage &stage)
 {
     hearThree(stage, Joined::Yes, Saved::No);
-    stage.wifi().setPassword(password);
-    stage.wifi().togglePassword();
+    stage.wifi().setConnectPasswordDraft(password);
+    stage.wifi().toggleRevealConnectPassword();
 }
 
 void joining(GalleryStage &stage)
 {
     hearThree(stage, Joined::No, Saved::No);
     stage.wifi().toggle(other);
-    stage.wifi().setPassword(password);
+    stage.wifi().setConnectPasswordDraft(password);
     stage.wifi().submit();
     LoopWorld::settle();
 }
@@ -84,7 +84,7 @@ void otherOpen(GalleryStage &stage)
 {
     hearThree(stage, Joined::Yes, Saved::Yes);
     stage.wifi().toggleOther();
-    stage.wifi().setNetworkName(u"Ẩn danh"_s);
+    stage.wifi().setManualSSIDDraft(u"Ẩn danh"_s);
 }
 
 void wideName(GalleryStage &stage)
@@ -92,7 +92,7 @@ void wideName(GalleryStage &stage)
     stage.world().isOn(widest, -52);
     stage.world().loop.keychain.passwords.insert(widest, widest + widest);
     hear(stage, {{widest, -52}, {other, -67}});
-    stage.wifi().toggleStored();
+    stage.wifi().toggleRevealStoredPassword(widest);
 }
 
 void wideNameOpen(GalleryStage &stage)

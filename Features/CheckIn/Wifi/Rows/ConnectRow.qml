@@ -1,34 +1,21 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// Where the password of one network is typed, to be kept or to join with.
+// Where the password of the open row's network is typed, to be kept or to join with.
 Column {
     id: root
 
-    // Whose password, and what becomes of it.
-    required property string prompt
-    required property string draft
-    required property bool revealed
-    required property bool connecting
-    // Empty while nothing went wrong.
-    required property string error
-    // Whether what is typed may be used.
-    required property bool canSubmit
-    // "Save & Connect" or "Save"
-    required property string submitTitle
-
-    signal draftEdited(string draft)
-    signal revealToggled
-    signal submitted
-    signal systemPasswordRequested
+    required property WifiScanSection section
+    readonly property connectRowState row: root.section.connectRow
 
     objectName: "ConnectRow"
     spacing: 8
 
     Hint {
-        text: root.prompt
+        text: root.row.prompt
         width: parent.width
     }
 
@@ -36,19 +23,19 @@ Column {
         id: field
 
         label: "WiFi password"
-        masked: !root.revealed
+        masked: !root.row.revealConnectPassword
         placeholder: "WiFi password"
-        text: root.draft
+        text: root.row.connectPasswordDraft
         width: parent.width
 
-        onAccepted: root.submitted()
-        onEdited: text => root.draftEdited(text)
+        onAccepted: root.section.submit()
+        onEdited: text => root.section.setConnectPasswordDraft(text)
 
         SymbolButton {
-            label: root.revealed ? "Hide password" : "Show password"
-            symbol: root.revealed ? "eye.slash" : "eye"
+            label: root.row.revealTitle
+            symbol: root.row.revealConnectPassword ? "eye.slash" : "eye"
 
-            onClicked: root.revealToggled()
+            onClicked: root.section.toggleRevealConnectPassword()
         }
     }
 
@@ -56,27 +43,27 @@ Column {
         Accessible.role: Accessible.AlertMessage
         color: Theme.color.error
         font: Theme.font.caption
-        text: root.error
+        text: root.row.connectErrorMessage
         visible: text.length > 0
         width: parent.width
         wrapMode: Text.Wrap
     }
 
     PrimaryButton {
-        busy: root.connecting
+        busy: root.row.connecting
         // Kept while joining, so that the focus stays where it is.
-        enabled: root.canSubmit || root.connecting
-        label: root.submitTitle
+        enabled: root.row.canSubmit || root.row.connecting
+        label: root.row.submitTitle
         symbol: ""
         width: parent.width
 
-        onClicked: root.submitted()
+        onClicked: root.section.submit()
     }
 
     GhostButton {
         anchors.horizontalCenter: parent.horizontalCenter
         label: "Use password saved on this Mac"
 
-        onClicked: root.systemPasswordRequested()
+        onClicked: root.section.fillFromSystem(root.row.ssid)
     }
 }

@@ -1,21 +1,16 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// The password that is kept for a network: hidden until asked for, and a copy of it.
+// The password that is kept for the open row's network: hidden until asked for, and a copy of it.
 Item {
     id: root
 
-    // As it is shown: bullets, or the password.
-    required property string password
-    required property bool revealed
-    // "Copy", or that it was.
-    required property string copyTitle
-    required property string copySymbol
-
-    signal revealToggled
-    signal copyRequested
+    required property WifiScanSection section
+    required property string ssid
+    readonly property storedRowState row: root.section.storedRow
 
     implicitHeight: Math.max(32, text.implicitHeight + 8)
     objectName: "StoredPasswordRow"
@@ -23,12 +18,12 @@ Item {
     PlainText {
         id: text
 
-        Accessible.name: root.revealed ? root.password : "Password hidden"
+        Accessible.name: root.row.spokenText
         anchors.left: parent.left
         anchors.right: eye.left
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        text: root.password
+        text: root.row.text
         // What is revealed is there to be read off, to its end.
         wrapMode: Text.WrapAnywhere
     }
@@ -39,10 +34,10 @@ Item {
         anchors.right: copy.left
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
-        label: root.revealed ? "Hide password" : "Show password"
-        symbol: root.revealed ? "eye.slash" : "eye"
+        label: root.row.revealTitle
+        symbol: root.row.isRevealed ? "eye.slash" : "eye"
 
-        onClicked: root.revealToggled()
+        onClicked: root.section.toggleRevealStoredPassword(root.ssid)
     }
 
     SecondaryButton {
@@ -50,9 +45,9 @@ Item {
 
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        label: root.copyTitle
-        symbol: root.copySymbol
+        label: root.row.copyTitle
+        symbol: root.row.copiedScanned ? "checkmark" : "doc.on.doc"
 
-        onClicked: root.copyRequested()
+        onClicked: root.section.copyStoredPassword(root.ssid)
     }
 }

@@ -8,21 +8,21 @@ import Quorvel.DesignSystem
 Column {
     id: root
 
-    required property WifiScreen screen
+    required property WifiScanSection section
 
     spacing: 8
 
     TextInputField {
         label: "Network name (SSID)"
         placeholder: "Network name (SSID)"
-        text: root.screen.networkName
+        text: root.section.manualSSIDDraft
         width: root.width
 
-        onEdited: text => root.screen.networkName = text
+        onEdited: text => root.section.setManualSSIDDraft(text)
     }
 
-    WifiConnectRow {
-        screen: root.screen
+    ConnectRow {
+        section: root.section
         width: root.width
     }
 }

@@ -8,14 +8,15 @@ Pressable {
     id: root
 
     required property string detail
+    // All of it, for a screen reader.
+    required property string description
     // None are drawn for 0.
     required property int bars
     required property bool open
     required property bool connected
     required property bool saved
 
-    Accessible.description: (root.connected ? "connected, " : "") + (root.saved ? "saved, " : "")
-                            + root.detail
+    Accessible.description: root.description
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: root.open

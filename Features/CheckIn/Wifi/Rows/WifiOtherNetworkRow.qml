@@ -7,27 +7,28 @@ import Quorvel.CheckIn
 Column {
     id: root
 
-    required property WifiScreen screen
+    required property WifiScanSection section
 
-    bottomPadding: root.screen.isOtherOpen ? 8 : 0
+    bottomPadding: root.section.isOtherOpen ? 8 : 0
 
     WifiNetworkHeader {
         bars: 0
         connected: false
+        description: ""
         detail: ""
         label: "Other network…"
-        open: root.screen.isOtherOpen
+        open: root.section.isOtherOpen
         saved: false
         width: root.width
 
-        onClicked: root.screen.toggleOther()
+        onClicked: root.section.toggleOther()
     }
 
     Repeater {
-        model: root.screen.isOtherOpen ? 1 : 0
+        model: root.section.isOtherOpen ? 1 : 0
 
         WifiManualEntry {
-            screen: root.screen
+            section: root.section
             width: root.width
         }
     }

@@ -17,10 +17,17 @@ private slots:
     void theEyeReadsTheStoredPasswordAndClearsIt()
     {
         openSaved();
+        QCOMPARE(m_section->storedRow().text, u"••••••••••"_s);
         m_section->toggleRevealStoredPassword(u"A"_s);
-        QCOMPARE(m_section->revealedScannedPassword(), u"stored word"_s);
+        QVERIFY(m_section->storedRow().isRevealed);
+        QCOMPARE(m_section->storedRow().text, u"stored word"_s);
+        QCOMPARE(m_section->storedRow().spokenText, u"stored word"_s);
+        QCOMPARE(m_section->storedRow().revealTitle, u"Hide password"_s);
         m_section->toggleRevealStoredPassword(u"A"_s);
-        QCOMPARE(m_section->revealedScannedPassword(), std::nullopt);
+        QVERIFY(!m_section->storedRow().isRevealed);
+        QCOMPARE(m_section->storedRow().text, u"••••••••••"_s);
+        QCOMPARE(m_section->storedRow().spokenText, u"Password hidden"_s);
+        QCOMPARE(m_section->storedRow().revealTitle, u"Show password"_s);
     }
 
     void aStoredPasswordThatIsGoneIsNoLongerSaved()
@@ -28,20 +35,22 @@ private slots:
         openSaved();
         m_services->keychain.passwords.clear();
         m_section->toggleRevealStoredPassword(u"A"_s);
-        QCOMPARE(m_section->revealedScannedPassword(), std::nullopt);
-        QVERIFY(!m_section->rows()[0].isSaved);
+        QVERIFY(!m_section->storedRow().isRevealed);
+        QVERIFY(!rows()[0].isSaved);
     }
 
     void copyingPutsTheStoredPasswordOnThePasteboard()
     {
         openSaved();
+        QCOMPARE(m_section->storedRow().copyTitle, u"Copy"_s);
         m_section->copyStoredPassword(u"A"_s);
+        QCOMPARE(m_section->storedRow().copyTitle, u"Copied!"_s);
         QCOMPARE(m_services->pasteboard.calls, QStringList({u"clear"_s, u"secret"_s}));
         QCOMPARE(m_services->pasteboard.secret, u"stored word"_s);
-        QVERIFY(m_section->copiedScanned());
+        QVERIFY(m_section->storedRow().copiedScanned);
         int changes = 0;
         connect(&*m_section, &WifiScanSection::changed, this, [&changes] { ++changes; });
-        QVERIFY(comes([this] { return !m_section->copiedScanned(); }));
+        QVERIFY(comes([this] { return !m_section->storedRow().copiedScanned; }));
         QCOMPARE(changes, 1);
     }
 
@@ -60,7 +69,7 @@ private slots:
         m_services->keychain.failure = KeychainError::unexpectedItemFormat();
         m_section->copyStoredPassword(u"A"_s);
         QVERIFY(m_services->pasteboard.calls.isEmpty());
-        QVERIFY(!m_section->copiedScanned());
+        QVERIFY(!m_section->storedRow().copiedScanned);
     }
 };
 

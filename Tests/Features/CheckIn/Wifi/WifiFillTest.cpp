@@ -21,8 +21,13 @@ private slots:
         m_section->fillFromSystem(u"A"_s);
         QVERIFY(m_section->autofillAttempted());
         settle();
-        QCOMPARE(m_section->connectPasswordDraft(), u"from the system"_s);
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, u"from the system"_s);
         QCOMPARE(m_services->reader.askedFor, QStringList({u"A"_s}));
+        QVERIFY(!m_section->connectRow().revealConnectPassword);
+        QCOMPARE(m_section->connectRow().revealTitle, u"Show password"_s);
+        m_section->toggleRevealConnectPassword();
+        QVERIFY(m_section->connectRow().revealConnectPassword);
+        QCOMPARE(m_section->connectRow().revealTitle, u"Hide password"_s);
     }
 
     void aSystemWithoutOneChangesNothing()
@@ -32,7 +37,7 @@ private slots:
         m_services->reader.passwords.willSucceed(std::nullopt);
         m_section->fillFromSystem(u"A"_s);
         settle();
-        QCOMPARE(m_section->connectPasswordDraft(), u"typed"_s);
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, u"typed"_s);
         QVERIFY(m_section->autofillAttempted());
     }
 
@@ -47,7 +52,7 @@ private slots:
         m_services->reader.passwords.willSucceed(u"now"_s);
         m_section->fillFromSystem(u"A"_s);
         settle();
-        QCOMPARE(m_section->connectPasswordDraft(), u"now"_s);
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, u"now"_s);
     }
 
     void aSystemPasswordNeverLandsInAnotherRow_data()
@@ -69,7 +74,7 @@ private slots:
         for (const QString &row : toggles)
             m_section->toggle(row);
         answerFill(u"the password of A"_s);
-        QCOMPARE(m_section->connectPasswordDraft(), QString());
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, QString());
     }
 
     void aSystemPasswordNeverLandsUnderAnotherTypedName()
@@ -80,7 +85,7 @@ private slots:
         m_section->fillFromSystem(u"Typed"_s);
         m_section->setManualSSIDDraft(u"Typed too"_s);
         answerFill(u"the password of Typed"_s);
-        QCOMPARE(m_section->connectPasswordDraft(), QString());
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, QString());
     }
 
     void ofTwoNetworksTheLaterQuestionIsAnswered()
@@ -93,9 +98,9 @@ private slots:
         m_services->reader.passwords.willHold();
         m_section->fillFromSystem(u"B"_s);
         answerFill(u"the password of A"_s);
-        QCOMPARE(m_section->connectPasswordDraft(), QString());
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, QString());
         answerFill(u"the password of B"_s);
-        QCOMPARE(m_section->connectPasswordDraft(), u"the password of B"_s);
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, u"the password of B"_s);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "Core/Support/AppError.h"
 #include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -17,26 +18,28 @@ private slots:
     {
         settle();
         QCOMPARE(m_section->scanState(), ScanState::Scanning);
+        QCOMPARE(m_section->headerText(), u"Scanning…"_s);
+        QVERIFY(!m_section->showsHint());
         QCOMPARE(m_services->wifi.scanCount, 0);
-        QVERIFY(m_section->rows().isEmpty());
+        QVERIFY(rows().isEmpty());
         QCOMPARE(m_section->expanded(), std::nullopt);
-        QVERIFY(!m_section->connecting() && !m_section->copiedScanned());
-        QVERIFY(!m_section->autofillAttempted() && !m_section->revealConnectPassword());
+        QVERIFY(!m_section->connecting() && !m_section->storedRow().copiedScanned);
+        QVERIFY(!m_section->autofillAttempted() && !m_section->connectRow().revealConnectPassword);
     }
 
     void aScanListsItsNetworksInItsOrder()
     {
         show(three);
         QCOMPARE(m_section->scanState(), ScanState::Loaded);
-        const auto rows = m_section->rows();
-        QCOMPARE(rows.size(), 3);
-        QVERIFY(rows[0] == (WifiRow{.ssid = u"A"_s,
-                                    .detailText = u"Good · -65 dBm"_s,
-                                    .bars = 3,
-                                    .requiresConnect = true}));
-        QCOMPARE(rows[1].detailText, u"Fair · -75 dBm"_s);
-        QCOMPARE(rows[2].detailText, u"Weak · -85 dBm"_s);
-        QCOMPARE(rows[2].bars, 1);
+        QCOMPARE(m_section->headerText(), u"3 found"_s);
+        QCOMPARE(rows().size(), 3);
+        QVERIFY(rows()[0] == (WifiRow{.ssid = u"A"_s,
+                                      .detailText = u"Good · -65 dBm"_s,
+                                      .bars = 3,
+                                      .description = u"Good · -65 dBm"_s}));
+        QCOMPARE(rows()[1].detailText, u"Fair · -75 dBm"_s);
+        QCOMPARE(rows()[2].detailText, u"Weak · -85 dBm"_s);
+        QCOMPARE(rows()[2].bars, 1);
     }
 
     void aScanThatFailsOrFindsNothingIsUnavailable_data()
@@ -56,7 +59,9 @@ private slots:
         m_section->appear();
         settle();
         QCOMPARE(m_section->scanState(), ScanState::Unavailable);
-        QVERIFY(m_section->rows().isEmpty());
+        QCOMPARE(m_section->headerText(), u"0 found"_s);
+        QVERIFY(!m_section->showsHint());
+        QVERIFY(rows().isEmpty());
     }
 
     void aFailedScanIsUnavailableAlthoughTheMachineIsJoined()
@@ -73,7 +78,8 @@ private slots:
         m_section->setCurrentNetwork(u"Mine"_s, std::nullopt);
         show({});
         QCOMPARE(m_section->scanState(), ScanState::Loaded);
-        QCOMPARE(m_section->rows().size(), 1);
+        QCOMPARE(m_section->headerText(), u"1 found"_s);
+        QCOMPARE(rows().size(), 1);
     }
 
     void aJoinedNetworkThatWasNotHeardComesLast_data()
@@ -91,23 +97,22 @@ private slots:
         m_section->setCurrentNetwork(u"a"_s,
                                      isWeighed ? std::optional(WifiSignal(-40)) : std::nullopt);
         show(three);
-        const auto rows = m_section->rows();
-        QCOMPARE(rows.size(), 4);
-        QVERIFY(rows[3] == (WifiRow{.ssid = u"a"_s,
-                                    .isOpen = true,
-                                    .isConnected = true,
-                                    .detailText = detailText,
-                                    .bars = 4,
-                                    .requiresConnect = false}));
+        QCOMPARE(rows().size(), 4);
+        QVERIFY(rows()[3] == (WifiRow{.ssid = u"a"_s,
+                                      .isOpen = true,
+                                      .isConnected = true,
+                                      .detailText = detailText,
+                                      .bars = 4,
+                                      .description = u"connected, "_s + detailText}));
     }
 
     void aJoinedNetworkThatWasHeardStaysWhereItIs()
     {
         m_section->setCurrentNetwork(u"B"_s, WifiSignal(-40));
         show(three);
-        QCOMPARE(m_section->rows().size(), 3);
-        QVERIFY(m_section->rows()[1].isConnected);
-        QCOMPARE(m_section->rows()[1].detailText, u"Fair · -75 dBm"_s);
+        QCOMPARE(rows().size(), 3);
+        QVERIFY(rows()[1].isConnected);
+        QCOMPARE(rows()[1].detailText, u"Fair · -75 dBm"_s);
     }
 
     void onlyTheFirstScanOpensTheJoinedRow()
@@ -130,7 +135,7 @@ private slots:
         showAgain(three);
         QCOMPARE(m_section->expanded(), u"B"_s);
         // It was typed for a network without a row.
-        QCOMPARE(m_section->connectPasswordDraft(), QString());
+        QCOMPARE(m_section->connectRow().connectPasswordDraft, QString());
     }
 
     void withoutAJoinedNetworkNothingOpens()
@@ -150,7 +155,7 @@ private slots:
         settle();
         QCOMPARE(m_services->wifi.scanCount, 2);
         QCOMPARE(m_section->scanState(), ScanState::Loaded);
-        QCOMPARE(m_section->rows().size(), 3);
+        QCOMPARE(rows().size(), 3);
     }
 
     void whatIsHeardAfterHidingIsPassedOver()
@@ -179,15 +184,14 @@ private slots:
         m_services->wifi.scans.willSucceed(three);
         m_services->wifi.scans.release();
         settle();
-        QCOMPARE(m_section->rows().size(), 3);
+        QCOMPARE(rows().size(), 3);
     }
 
     void theKeychainIsAskedOnceANetworkAndScan()
     {
         show(three);
         for (int paint = 0; paint < 3; ++paint)
-            static_cast<void>(m_section->rows());
-        m_section->toggle(u"A"_s);
+            m_section->toggle(u"A"_s);
         m_section->setCurrentNetwork(u"Mine"_s, std::nullopt);
         m_section->setCurrentNetwork(u"Mine"_s, WifiSignal(-50));
         QCOMPARE(m_services->keychain.read, QStringList({u"A"_s, u"B"_s, u"C"_s, u"Mine"_s}));
@@ -195,7 +199,7 @@ private slots:
         m_services->keychain.passwords.insert(u"B"_s, u"stored elsewhere"_s);
         showAgain(three);
         QCOMPARE(m_services->keychain.read.size(), 4);
-        QVERIFY(m_section->rows()[1].isSaved);
+        QVERIFY(rows()[1].isSaved);
     }
 
     void aKeychainThatIsLockedIsAskedOnceAScan()
@@ -206,7 +210,7 @@ private slots:
         show(three);
         m_section->setCurrentNetwork(u"Mine"_s, std::nullopt);
         QCOMPARE(m_services->keychain.read, QStringList({u"A"_s}));
-        QVERIFY(!m_section->rows()[0].isSaved);
+        QVERIFY(!rows()[0].isSaved);
         m_services->keychain.failure.reset();
         showAgain(three);
         QCOMPARE(m_services->keychain.read.size(), 5);
@@ -217,6 +221,19 @@ private slots:
         m_services->keychain.failure = KeychainError::unexpectedItemFormat();
         show(three);
         QCOMPARE(m_services->keychain.read.size(), 3);
+    }
+
+    void rowsAreChangedInPlace()
+    {
+        show(three);
+        const QSignalSpy resets(m_section->rows(), &QAbstractItemModel::modelReset);
+        const QSignalSpy changes(m_section->rows(), &QAbstractItemModel::dataChanged);
+        const QSignalSpy removals(m_section->rows(), &QAbstractItemModel::rowsRemoved);
+        m_section->toggle(u"B"_s);
+        m_section->setConnectPasswordDraft(u"typing"_s);
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(resets.count() + removals.count(), 0);
+        QVERIFY(rows()[1].isOpen);
     }
 
     void destroyedWhileItWaitsItDoesNothingMore()

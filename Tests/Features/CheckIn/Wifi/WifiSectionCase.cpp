@@ -65,7 +65,7 @@ void WifiSectionCase::openSaved()
     m_services->keychain.passwords.insert(u"A"_s, u"stored word"_s);
     show(three);
     m_section->toggle(u"A"_s);
-    QVERIFY(m_section->rows()[0].isSaved);
+    QVERIFY(rows()[0].isSaved);
 }
 
 void WifiSectionCase::hold(const QString &ssid, const QString &password)

@@ -38,6 +38,7 @@ protected:
     /// Only posted events, so that no timer fires.
     static void settleBriefly();
 
+    [[nodiscard]] const QList<WifiRow> &rows() { return m_section->rows()->records(); }
     /// The block is shown and hears these networks.
     void show(const Networks &networks);
     void showAgain(const Networks &networks);
