@@ -8,37 +8,37 @@ import Quorvel.Probes
 Flow {
     id: root
 
-    required property ProbeScreen screen
+    required property ProbeViewModel probe
 
     spacing: 8
 
     SecondaryButton {
-        busy: root.screen.isLocating
+        busy: root.probe.isLocating
         label: "Locate"
         symbol: "mappin.and.ellipse"
 
-        onClicked: root.screen.locate()
+        onClicked: root.probe.locate()
     }
 
     SecondaryButton {
-        busy: root.screen.isSearching
+        busy: root.probe.isSearching
         label: "Search cafés"
         symbol: "magnifyingglass"
 
-        onClicked: root.screen.searchCafes()
+        onClicked: root.probe.searchCafes()
     }
 
     SecondaryButton {
         label: "Read check-ins"
         symbol: "calendar"
 
-        onClicked: root.screen.readCheckIns()
+        onClicked: root.probe.readCheckIns()
     }
 
     SecondaryButton {
         label: "Copy log"
         symbol: "doc.on.doc"
 
-        onClicked: root.screen.copyLog()
+        onClicked: root.probe.copyLog()
     }
 }

@@ -7,7 +7,7 @@ import Quorvel.Probes
 FocusScope {
     id: root
 
-    required property ProbeScreen screen
+    required property ProbeViewModel probe
     readonly property real margin: 16
 
     signal dismissRequested
@@ -24,7 +24,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         focus: true
-        loop: root.screen.loop
+        loop: root.probe.loop
     }
 
     ProbeActions {
@@ -34,7 +34,7 @@ FocusScope {
         anchors.margins: root.margin
         anchors.right: parent.right
         anchors.top: panel.bottom
-        screen: root.screen
+        probe: root.probe
     }
 
     ProbeLog {
@@ -43,6 +43,6 @@ FocusScope {
         anchors.margins: root.margin
         anchors.right: parent.right
         anchors.top: actions.bottom
-        lines: root.screen.log
+        lines: root.probe.log
     }
 }

@@ -23,6 +23,7 @@ constexpr std::size_t listedCheckIns = 5;
 ProbeViewModel::ProbeViewModel(ProbeRoles roles, QObject *parent)
     : QObject(parent)
     , m_roles(std::move(roles))
+    , m_loop(m_roles.loop, m_roles.clock)
     , m_authStatus(m_roles.makeLocationManager()->authorizationStatus())
 {
     // Order: the name before anything that has to do with the position.
@@ -73,7 +74,7 @@ void ProbeViewModel::readCheckIns()
 void ProbeViewModel::copyLog()
 {
     QStringList lines{u"Quorvel diagnostics, without names and with rounded coordinates"_s};
-    for (const LogLine &line : m_logLines)
+    for (const LogLine &line : logLines())
         lines.append(ShareableText::line(line, m_names));
     m_roles.pasteboard.setText(lines.join(u'\n') + u'\n');
     append(u"Log copied, without names and with coordinates rounded to about a kilometre"_s,
@@ -181,10 +182,12 @@ void ProbeViewModel::append(const QString &text, Kind kind)
 
 void ProbeViewModel::append(const QString &text, Kind kind, const QString &shareableText)
 {
-    m_logLines.append({.number = int(m_logLines.size()),
-                       .text = ProbeTexts::onOneLine(text),
-                       .kind = kind,
-                       .shareableText = ProbeTexts::onOneLine(shareableText)});
+    auto lines = logLines();
+    lines.append({.number = int(lines.size()),
+                  .text = ProbeTexts::onOneLine(text),
+                  .kind = kind,
+                  .shareableText = ProbeTexts::onOneLine(shareableText)});
+    m_log.setRecords(lines);
     emit changed();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Core/Support/RecordListModel.h"
 #include "_Probes/Log/LogLine.h"
+#include "_Probes/Loop/MenuBarViewModelProbe.h"
 #include "_Probes/ProbeRoles.h"
 
 #include <QPointer>
@@ -12,12 +14,18 @@ namespace quorvel {
 
 class CheckIn;
 
-/// The diagnostics by hand: what the services know at the launch, and what they answer to each
-/// action, as lines of a log. It goes on when its window closes, and ends in silence when it is
-/// destroyed itself.
+/// The diagnostics by hand, for their window: what the services know at the launch, and what they
+/// answer to each action, as lines of a log. It goes on when its window closes, and ends in silence
+/// when it is destroyed itself.
 class ProbeViewModel final : public QObject
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made for the window")
+    Q_PROPERTY(quorvel::MenuBarViewModelProbe *loop READ loop CONSTANT)
+    Q_PROPERTY(bool isLocating READ isLocating NOTIFY changed)
+    Q_PROPERTY(bool isSearching READ isSearching NOTIFY changed)
+    Q_PROPERTY(QObject *log READ log CONSTANT)
 
 public:
     /// A café that was found.
@@ -36,14 +44,16 @@ public:
     explicit ProbeViewModel(ProbeRoles roles, QObject *parent = nullptr);
 
     /// One position, and then the network's name again. Ignored while it is under way.
-    void locate();
+    Q_INVOKABLE void locate();
     /// The cafés around the last position, as the service gives them. Ignored while it is under
     /// way.
-    void searchCafes();
-    void readCheckIns();
+    Q_INVOKABLE void searchCafes();
+    Q_INVOKABLE void readCheckIns();
     /// The log, as far as a stranger may read it, to be pasted.
-    void copyLog();
+    Q_INVOKABLE void copyLog();
 
+    /// The daily loop, driven by hand as well.
+    [[nodiscard]] MenuBarViewModelProbe *loop() { return &m_loop; }
     [[nodiscard]] AuthorizationStatus authStatus() const { return m_authStatus; }
     [[nodiscard]] const QString &coordinates() const { return m_coordinates; }
     [[nodiscard]] const QString &accuracy() const { return m_accuracy; }
@@ -54,7 +64,8 @@ public:
     [[nodiscard]] bool isSearching() const { return m_isSearching; }
     /// Whether locating made a difference to the network's name; empty before.
     [[nodiscard]] const QString &verdict() const { return m_verdict; }
-    [[nodiscard]] const QList<LogLine> &logLines() const { return m_logLines; }
+    [[nodiscard]] const QList<LogLine> &logLines() const { return m_log.records(); }
+    [[nodiscard]] RecordListModel<LogLine> *log() { return &m_log; }
     [[nodiscard]] int checkInCount() const { return m_checkInCount; }
     /// Newest first: when, and where.
     [[nodiscard]] const QStringList &recentCheckIns() const { return m_recentCheckIns; }
@@ -76,6 +87,7 @@ private:
     void append(const QString &text, Kind kind, const QString &shareableText);
 
     ProbeRoles m_roles;
+    MenuBarViewModelProbe m_loop;
     AuthorizationStatus m_authStatus;
     QString m_coordinates;
     QString m_accuracy;
@@ -84,7 +96,7 @@ private:
     QList<Row> m_cafes;
     bool m_isLocating = false;
     QString m_verdict;
-    QList<LogLine> m_logLines;
+    RecordListModel<LogLine> m_log;
     int m_checkInCount = 0;
     QStringList m_recentCheckIns;
 

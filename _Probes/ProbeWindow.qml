@@ -9,7 +9,7 @@ import Quorvel.Probes
 Window {
     id: root
 
-    required property ProbeScreen screen
+    required property ProbeViewModel probe
 
     color: Theme.color.background
     height: 560
@@ -23,7 +23,7 @@ Window {
     ProbeView {
         anchors.fill: parent
         focus: true
-        screen: root.screen
+        probe: root.probe
 
         onDismissRequested: root.close()
     }

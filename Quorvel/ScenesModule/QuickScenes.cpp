@@ -10,8 +10,8 @@
 #include "Platform/Appearance/Appearance.h"
 #include "Platform/Errors/LocalizedError.h"
 #include "Platform/Files/FileManager.h"
-#include "_Probes/ProbeScreen.h"
 #include "_Probes/ProbeServices.h"
+#include "_Probes/ProbeViewModel.h"
 
 #include <QHash>
 #include <QQuickWindow>
@@ -113,7 +113,9 @@ QQuickWindow *QuickScenes::window(const QString &identifier)
 
 QVariantMap QuickScenes::propertiesOf(const QString &identifier)
 {
-    return {{u"screen"_s, identifier == u"history"_s ? makeHistory() : makeProbe()}};
+    if (identifier == u"history"_s)
+        return {{u"screen"_s, makeHistory()}};
+    return {{u"probe"_s, makeProbe()}};
 }
 
 QVariant QuickScenes::makeHistory()
@@ -134,7 +136,7 @@ QVariant QuickScenes::makeHistory()
 QVariant QuickScenes::makeProbe()
 {
     m_probeServices = std::make_unique<ProbeServices>(m_facilities);
-    m_probe = std::make_unique<ProbeScreen>(m_probeServices->roles(*m_context.environment));
+    m_probe = std::make_unique<ProbeViewModel>(m_probeServices->roles(*m_context.environment));
     return QVariant::fromValue(m_probe.get());
 }
 

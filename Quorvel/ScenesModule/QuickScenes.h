@@ -17,8 +17,8 @@ namespace quorvel {
 class HistoryScreen;
 class MenuBarPanel;
 class MenuBarServices;
-class ProbeScreen;
 class ProbeServices;
+class ProbeViewModel;
 
 /// The three scenes in Qt Quick: the panel and the two windows, on one engine.
 class QuickScenes final : public QObject, public Scenes
@@ -57,7 +57,7 @@ private:
     // Order: what a window is bound to outlives it.
     std::unique_ptr<HistoryScreen> m_history;
     std::unique_ptr<ProbeServices> m_probeServices;
-    std::unique_ptr<ProbeScreen> m_probe;
+    std::unique_ptr<ProbeViewModel> m_probe;
     std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };
 

@@ -93,7 +93,7 @@ void GalleryStage::showProbe()
 {
     m_probe.emplace(m_probeWorld.roles());
     put(ViewFactory::make(m_engine, u"Probes"_s, u"ProbeView"_s,
-                          {{u"screen"_s, QVariant::fromValue(&*m_probe)}}),
+                          {{u"probe"_s, QVariant::fromValue(&*m_probe)}}),
         probeSize, 0);
 }
 

@@ -6,7 +6,7 @@
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelWorld.h"
 #include "Tests/Probes/ProbeWorld.h"
-#include "_Probes/ProbeScreen.h"
+#include "_Probes/ProbeViewModel.h"
 
 #include <QImage>
 #include <QMarginsF>
@@ -55,7 +55,6 @@ public:
     [[nodiscard]] PanelWorld &world() { return m_world; }
     [[nodiscard]] HistoryWorld &historyWorld() { return m_historyWorld; }
     [[nodiscard]] ProbeWorld &probeWorld() { return m_probeWorld; }
-    [[nodiscard]] ProbeScreen &probe() { return *m_probe; }
     [[nodiscard]] MenuBarScene &scene() { return *m_scene; }
     [[nodiscard]] LocatedScreen &located() { return *m_scene->located(); }
     [[nodiscard]] WifiScanSection &wifi() { return *m_scene->located()->wifi(); }
@@ -76,7 +75,7 @@ private:
     ProbeWorld m_probeWorld;
     std::optional<MenuBarScene> m_scene;
     std::optional<HistoryScreen> m_history;
-    std::optional<ProbeScreen> m_probe;
+    std::optional<ProbeViewModel> m_probe;
     LaunchAtLoginToggle m_launchAtLogin;
     std::unique_ptr<QQuickItem> m_view;
     qreal m_margin = 0;

@@ -24,11 +24,6 @@ private slots:
     }
     void cleanup() { m_probe.reset(); }
 
-    void theHeadingIsThatOfItsPhase()
-    {
-        QCOMPARE(MenuBarViewModelProbe::heading(), u"PHASE 8 — DAILY LOOP"_s);
-    }
-
     void itIsIdleUntilItRuns()
     {
         LoopWorld::settle();

@@ -3,7 +3,7 @@
 #include "Tests/Probes/ProbeWorld.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
-#include "_Probes/ProbeScreen.h"
+#include "_Probes/ProbeViewModel.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -23,10 +23,10 @@ private slots:
     {
         QuickTest::failOnWarnings();
         m_world.emplace();
-        m_screen.emplace(m_world->roles());
+        m_probe.emplace(m_world->roles());
         m_window.reset(qobject_cast<QQuickWindow *>(
             ViewFactory::make(m_engine, u"Probes"_s, u"ProbeWindow"_s,
-                              {{u"screen"_s, QVariant::fromValue(&*m_screen)}})
+                              {{u"probe"_s, QVariant::fromValue(&*m_probe)}})
                 .release()));
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patienceMilliseconds));
@@ -35,7 +35,7 @@ private slots:
     void cleanup()
     {
         m_window.reset();
-        m_screen.reset();
+        m_probe.reset();
     }
 
     void theHeadingAndTheIdleLoopAreShown()
@@ -55,7 +55,7 @@ private slots:
         m_world->loop.willFindAll();
         press(u"Retry"_s);
         QVERIFY(!shownButtons().contains(u"Retry"_s));
-        text = shownText(m_screen->loop()->text());
+        text = shownText(m_probe->loop()->text());
         QCOMPARE(text->property("font").value<QFont>(), Theme::shared().font()->caption());
     }
 
@@ -197,7 +197,7 @@ private slots:
         press(u"Locate"_s);
         press(u"Run"_s);
         m_window.reset();
-        m_screen.reset();
+        m_probe.reset();
         m_world->location.authorizationWaiter.finish(AuthorizationStatus::AuthorizedAlways);
         m_world->loop.location.authorizationWaiter.finish(AuthorizationStatus::AuthorizedAlways);
         LoopWorld::settle();
@@ -276,7 +276,7 @@ private:
 
     std::optional<ProbeWorld> m_world;
     // Order: the window is destroyed before the objects that it is bound to.
-    std::optional<ProbeScreen> m_screen;
+    std::optional<ProbeViewModel> m_probe;
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;
 };

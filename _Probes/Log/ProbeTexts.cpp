@@ -89,6 +89,15 @@ QString verdict(const QString &ssidBefore, const QString &ssidAfter)
                                  : u"The network is another one than at the launch."_s;
 }
 
+QString loop(const ViewState<LocatedSnapshot> &state)
+{
+    if (const auto *snapshot = state.loadedValue())
+        return located(*snapshot).join(u'\n');
+    if (const auto *failure = state.errorValue())
+        return error(failure);
+    return state.isLoading() ? u"Locating"_s : u"idle — bấm Run để bắt đầu daily loop"_s;
+}
+
 QStringList located(const LocatedSnapshot &snapshot)
 {
     return {onOneLine(cafe(snapshot)), weather(snapshot), onOneLine(network(snapshot)),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Support/ViewState.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Platform/Errors/LocalizedError.h"
 #include "Platform/Location/LocationManager.h"
@@ -21,6 +22,8 @@ namespace quorvel::ProbeTexts {
 /// Whether locating made a difference to the network's name, of which either may be `noName`.
 [[nodiscard]] QString verdict(const QString &ssidBefore, const QString &ssidAfter);
 
+/// The state of the daily loop: in one line, or in four when something was found.
+[[nodiscard]] QString loop(const ViewState<LocatedSnapshot> &state);
 /// What the daily loop found, a line each: café, weather, network, and how many more cafés.
 [[nodiscard]] QStringList located(const LocatedSnapshot &snapshot);
 /// Why there is no result; empty without an error.

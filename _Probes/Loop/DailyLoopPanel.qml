@@ -24,7 +24,7 @@ FocusScope {
 
             Eyebrow {
                 Accessible.role: Accessible.Heading
-                title: root.loop.heading
+                title: "PHASE 8 — DAILY LOOP"
             }
 
             Row {

@@ -27,20 +27,9 @@ void MenuBarViewModelProbe::cancel()
     m_vm.send(MenuBarInput::cancel());
 }
 
-QString MenuBarViewModelProbe::heading()
-{
-    return QStringLiteral("PHASE 8 — DAILY LOOP");
-}
-
 QString MenuBarViewModelProbe::text() const
 {
-    const auto &state = m_vm.state();
-    if (const auto *snapshot = state.loadedValue())
-        return ProbeTexts::located(*snapshot).join(QChar(u'\n'));
-    if (const auto *error = state.errorValue())
-        return ProbeTexts::error(error);
-    return state.isLoading() ? QStringLiteral("Locating")
-                             : QStringLiteral("idle — bấm Run để bắt đầu daily loop");
+    return ProbeTexts::loop(m_vm.state());
 }
 
 } // namespace quorvel

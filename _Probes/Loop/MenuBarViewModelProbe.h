@@ -2,7 +2,6 @@
 
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
-#include <QStringList>
 #include <qqmlintegration.h>
 
 namespace quorvel {
@@ -13,7 +12,6 @@ class MenuBarViewModelProbe final : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the window")
-    Q_PROPERTY(QString heading READ heading CONSTANT)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY changed)
     Q_PROPERTY(bool isError READ isError NOTIFY changed)
     Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY changed)
@@ -29,7 +27,6 @@ public:
     Q_INVOKABLE void retry();
     Q_INVOKABLE void cancel();
 
-    [[nodiscard]] static QString heading();
     [[nodiscard]] bool isLoading() const { return m_vm.state().isLoading(); }
     [[nodiscard]] bool isError() const { return m_vm.state().isError(); }
     [[nodiscard]] bool isLoaded() const { return m_vm.state().isLoaded(); }

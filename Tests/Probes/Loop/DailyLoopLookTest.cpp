@@ -2,7 +2,7 @@
 #include "Tests/Probes/ProbeWorld.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/ViewLook.h"
-#include "_Probes/ProbeScreen.h"
+#include "_Probes/ProbeViewModel.h"
 
 #include <QQmlEngine>
 
@@ -21,10 +21,10 @@ private slots:
     {
         QuickTest::failOnWarnings();
         m_world.emplace();
-        m_screen.emplace(m_world->roles());
+        m_probe.emplace(m_world->roles());
         m_window.reset(qobject_cast<QQuickWindow *>(
             ViewFactory::make(m_engine, u"Probes"_s, u"ProbeWindow"_s,
-                              {{u"screen"_s, QVariant::fromValue(&*m_screen)}})
+                              {{u"probe"_s, QVariant::fromValue(&*m_probe)}})
                 .release()));
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patienceMilliseconds));
@@ -33,7 +33,7 @@ private slots:
     void cleanup()
     {
         m_window.reset();
-        m_screen.reset();
+        m_probe.reset();
     }
 
     void theHeadingIsInSmallCapitals()
@@ -51,7 +51,7 @@ private slots:
     void loadingIsASmallSignOfProgressAndAText()
     {
         m_world->loop.location.holdAuthorization();
-        m_screen->loop()->run();
+        m_probe->loop()->run();
         settle();
         compareText(u"Locating"_s, "textPrimary", "body");
         QVERIFY(progress()->isVisible());
@@ -62,7 +62,7 @@ private slots:
     void anErrorIsInTheColourOfErrors()
     {
         m_world->loop.location.authorize(AuthorizationStatus::Denied);
-        m_screen->loop()->run();
+        m_probe->loop()->run();
         settle();
         compareText(u"Location access denied. Open System Settings to enable."_s, "error", "body");
         QCOMPARE(buttons(), (QStringList{u"Run"_s, u"Retry"_s, u"Cancel"_s}));
@@ -72,7 +72,7 @@ private slots:
     void aResultIsFourLinesInTheFontOfCaptions()
     {
         m_world->loop.willFindAll();
-        m_screen->loop()->run();
+        m_probe->loop()->run();
         settle();
         compareText(u"Near\n23° · Feels 25°\nSSID: (none)  ·  remembered pass: false\n"
                     "2 nearby candidate(s)"_s,
@@ -128,7 +128,7 @@ private:
 
     std::optional<ProbeWorld> m_world;
     // Order: what the window is bound to outlives it.
-    std::optional<ProbeScreen> m_screen;
+    std::optional<ProbeViewModel> m_probe;
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;
 };
