@@ -19,7 +19,7 @@ VisitShare::VisitShare(Source source, Pasteboard &pasteboard, const FileManager 
     connect(m_telling, &QTimer::timeout, this, [this] { setState(ShareState::Idle); });
 }
 
-void VisitShare::share()
+void VisitShare::shareCard()
 {
     if (m_state != ShareState::Idle)
         return;

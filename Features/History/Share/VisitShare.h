@@ -7,6 +7,7 @@
 
 #include <QPointer>
 #include <QTimer>
+#include <qqmlintegration.h>
 
 namespace quorvel {
 
@@ -15,6 +16,11 @@ namespace quorvel {
 class VisitShare final : public QObject
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made with the open visit")
+    Q_PROPERTY(QString label READ label NOTIFY stateChanged)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY stateChanged)
+    Q_PROPERTY(bool isSharing READ isSharing NOTIFY stateChanged)
 
 public:
     /// The card, null when it cannot be drawn, and whether a password can be read from it.
@@ -40,9 +46,12 @@ public:
 
     /// Ignored while another one is under way, and while its outcome is told. It goes on to its end
     /// when this is destroyed, once there is a picture.
-    void share();
+    Q_INVOKABLE void shareCard();
 
     [[nodiscard]] ShareState state() const { return m_state; }
+    [[nodiscard]] QString label() const { return ShareTexts::label(m_state); }
+    [[nodiscard]] QString symbol() const { return ShareTexts::symbol(m_state); }
+    [[nodiscard]] bool isSharing() const { return m_state == ShareState::Working; }
 
 signals:
     void stateChanged();

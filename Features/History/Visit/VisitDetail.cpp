@@ -28,9 +28,7 @@ VisitDetail::VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &r
     , m_card(VisitCard::of(*m_checkIn, roles.clock.calendar(), roles.clock.locale()))
     , m_share({.slug = [this] { return shareSlug(); }, .picture = [this] { return picture(); }},
               roles.pasteboard, roles.fileManager)
-{
-    connect(&m_share, &VisitShare::stateChanged, this, &VisitDetail::shareStateChanged);
-}
+{}
 
 void VisitDetail::load()
 {

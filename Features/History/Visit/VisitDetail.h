@@ -18,9 +18,7 @@ class VisitDetail final : public QObject
     QML_UNCREATABLE("Made by the history")
     Q_PROPERTY(quorvel::VisitCard card READ card CONSTANT)
     Q_PROPERTY(bool hasWifiQR READ hasWifiQR NOTIFY wifiQRImageChanged)
-    Q_PROPERTY(QString shareText READ shareText NOTIFY shareStateChanged)
-    Q_PROPERTY(QString shareSymbol READ shareSymbol NOTIFY shareStateChanged)
-    Q_PROPERTY(bool isSharing READ isSharing NOTIFY shareStateChanged)
+    Q_PROPERTY(quorvel::VisitShare *share READ share CONSTANT)
 
 public:
     VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &roles,
@@ -28,8 +26,6 @@ public:
 
     /// Once, when the visit is shown. Answers that come after this is gone go nowhere.
     void load();
-    /// By the Share button.
-    Q_INVOKABLE void share() { m_share.share(); }
 
     [[nodiscard]] const std::shared_ptr<CheckIn> &checkIn() const { return m_checkIn; }
     [[nodiscard]] const VisitCard &card() const { return m_card; }
@@ -37,15 +33,11 @@ public:
     [[nodiscard]] const QImage &photoImage() const { return m_photoImage; }
     [[nodiscard]] const QImage &wifiQRImage() const { return m_wifiQRImage; }
     [[nodiscard]] bool hasWifiQR() const { return !m_wifiQRImage.isNull(); }
-    [[nodiscard]] ShareState shareState() const { return m_share.state(); }
-    [[nodiscard]] QString shareText() const { return ShareTexts::label(shareState()); }
-    [[nodiscard]] QString shareSymbol() const { return ShareTexts::symbol(shareState()); }
-    [[nodiscard]] bool isSharing() const { return shareState() == ShareState::Working; }
+    [[nodiscard]] VisitShare *share() { return &m_share; }
 
 signals:
     void photoImageChanged();
     void wifiQRImageChanged();
-    void shareStateChanged();
 
 private:
     using Picture = std::optional<QImage>;

@@ -2,20 +2,18 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Quorvel.DesignSystem
+import Quorvel.History
 
 // The way back to the list, and the button that shares the card.
 Rectangle {
     id: root
 
-    required property string shareText
-    required property string shareSymbol
-    required property bool isSharing
+    required property VisitShare share
 
     signal backRequested
-    signal shareRequested
 
     color: Theme.color.surface
-    implicitHeight: share.height + 2 * 8
+    implicitHeight: shareButton.height + 2 * 8
 
     Pressable {
         id: back
@@ -23,7 +21,7 @@ Rectangle {
         anchors.left: parent.left
         anchors.leftMargin: 14
         anchors.verticalCenter: parent.verticalCenter
-        implicitHeight: share.height
+        implicitHeight: shareButton.height
         implicitWidth: backLabel.implicitWidth + 12
         label: "Check-ins"
 
@@ -47,17 +45,17 @@ Rectangle {
     }
 
     PrimaryButton {
-        id: share
+        id: shareButton
 
         anchors.right: parent.right
         anchors.rightMargin: 14
         anchors.verticalCenter: parent.verticalCenter
-        busy: root.isSharing
+        busy: root.share.isSharing
         height: 30
-        label: root.shareText
-        symbol: root.shareSymbol
+        label: root.share.label
+        symbol: root.share.symbol
 
-        onClicked: root.shareRequested()
+        onClicked: root.share.shareCard()
     }
 
     Rectangle {

@@ -46,13 +46,10 @@ FocusScope {
     VisitDetailHeader {
         id: header
 
-        isSharing: root.detail.isSharing
-        shareSymbol: root.detail.shareSymbol
-        shareText: root.detail.shareText
+        share: root.detail.share
         width: parent.width
 
         onBackRequested: root.backRequested()
-        onShareRequested: root.detail.share()
     }
 
     ScrollArea {

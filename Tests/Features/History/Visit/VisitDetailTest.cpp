@@ -178,18 +178,19 @@ private slots:
         m_world->renderCard = [](VisitDetail &) { return picture(Qt::red); };
         m_world->pasteboard.acceptances.willSucceed(Acceptance::Accepted);
         VisitDetail detail(visitOn(std::nullopt), m_world->roles());
-        QCOMPARE(detail.shareText(), u"Share"_s);
-        QCOMPARE(detail.shareSymbol(), u"square.and.arrow.up"_s);
-        const QSignalSpy changes(&detail, &VisitDetail::shareStateChanged);
-        detail.share();
+        VisitShare &share = *detail.share();
+        QCOMPARE(share.label(), u"Share"_s);
+        QCOMPARE(share.symbol(), u"square.and.arrow.up"_s);
+        const QSignalSpy changes(&share, &VisitShare::stateChanged);
+        share.shareCard();
         QCOMPARE(changes.count(), 1);
-        QVERIFY(detail.isSharing());
-        QCOMPARE(detail.shareText(), u"Sharing…"_s);
-        QCOMPARE(detail.shareSymbol(), QString());
+        QVERIFY(share.isSharing());
+        QCOMPARE(share.label(), u"Sharing…"_s);
+        QCOMPARE(share.symbol(), QString());
         QTRY_COMPARE(changes.count(), 2);
-        QVERIFY(!detail.isSharing());
-        QCOMPARE(detail.shareText(), u"Copied!"_s);
-        QCOMPARE(detail.shareSymbol(), u"checkmark"_s);
+        QVERIFY(!share.isSharing());
+        QCOMPARE(share.label(), u"Copied!"_s);
+        QCOMPARE(share.symbol(), u"checkmark"_s);
     }
 
     void itsOwnCardIsShared()
@@ -211,7 +212,7 @@ private slots:
         share(visitOn(std::nullopt), Acceptance::Refused);
         QCOMPARE(m_world->fileManager.files.keys(),
                  QStringList{u"/downloads/checkin-blue-door-2025-03-03.png"_s});
-        QCOMPARE(m_detail->shareState(), ShareState::Saved);
+        QCOMPARE(m_detail->share()->state(), ShareState::Saved);
     }
 
     void aCardWithACodeIsASecret()
@@ -236,8 +237,8 @@ private:
     void share(std::shared_ptr<CheckIn> checkIn, Acceptance acceptance)
     {
         m_world->pasteboard.acceptances.willSucceed(acceptance);
-        load(std::move(checkIn)).share();
-        QTRY_VERIFY(!m_detail->isSharing());
+        load(std::move(checkIn)).share()->shareCard();
+        QTRY_VERIFY(!m_detail->share()->isSharing());
     }
 
     std::optional<HistoryWorld> m_world;

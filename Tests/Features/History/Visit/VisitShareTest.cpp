@@ -71,7 +71,7 @@ public:
     /// Runs the sharing to its end.
     void shareOnce()
     {
-        m_share.share();
+        m_share.shareCard();
         QTRY_COMPARE(m_share.state(), ShareState::Idle);
     }
 
@@ -158,7 +158,7 @@ private slots:
     {
         World world;
         world.pasteboard.acceptances.willSucceed(Acceptance::Accepted);
-        world.share().share();
+        world.share().shareCard();
         QCOMPARE(world.pasteboard.calls, QStringList({u"Sharing…"_s, u"slug"_s}));
         QTRY_COMPARE(world.share().state(), ShareState::Idle);
     }
@@ -167,13 +167,13 @@ private slots:
     {
         World world;
         world.pasteboard.acceptances.willHold();
-        world.share().share();
-        world.share().share();
+        world.share().shareCard();
+        world.share().shareCard();
         QTRY_COMPARE(world.drawings(), 1);
-        world.share().share();
+        world.share().shareCard();
         world.pasteboard.acceptances.release(Outcome<Acceptance>::success(Acceptance::Accepted));
         QTRY_COMPARE(world.share().state(), ShareState::Copied);
-        world.share().share();
+        world.share().shareCard();
         QTRY_COMPARE(world.share().state(), ShareState::Idle);
         QCOMPARE(world.pasteboard.calls.count(u"slug"_s), 1);
         QCOMPARE(world.drawings(), 1);
@@ -201,7 +201,7 @@ private slots:
         QCOMPARE(telling->intervalAsDuration(), 2200ms);
         QCOMPARE(telling->timerType(), Qt::PreciseTimer);
         world.pasteboard.acceptances.willSucceed(Acceptance::Accepted);
-        world.share().share();
+        world.share().shareCard();
         QVERIFY(!telling->isActive());
         QTRY_COMPARE(world.share().state(), ShareState::Copied);
         QVERIFY(telling->isActive());
@@ -267,7 +267,7 @@ private slots:
         World world;
         {
             VisitShare share(world.source(), world.pasteboard, world.fileManager());
-            share.share();
+            share.shareCard();
         }
         turnEventLoop();
         QCOMPARE(world.pasteboard.calls, QStringList{u"slug"_s});
@@ -279,7 +279,7 @@ private slots:
         world.pasteboard.acceptances.willHold();
         {
             VisitShare share(world.source(), world.pasteboard, world.fileManager());
-            share.share();
+            share.shareCard();
             QTRY_VERIFY(world.pasteboard.calls.contains(u"image"_s));
         }
         world.pasteboard.acceptances.release(Outcome<Acceptance>::success(Acceptance::Refused));
