@@ -42,7 +42,8 @@ struct CommandSyntax
     [[nodiscard]] QString help() const;
 };
 
-/// The options of one start of a command, read by its syntax.
+/// The options of one start of a command, read by its syntax. QCommandLineParser forgets the order
+/// of the arguments, takes "--" and words its refusals itself.
 class CommandArguments final
 {
 public:

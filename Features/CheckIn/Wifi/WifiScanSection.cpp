@@ -11,6 +11,8 @@ namespace quorvel {
 
 namespace {
 
+constexpr qsizetype shortestPassword = 8;
+
 /// For a network that the machine is joined to, but that neither the scan nor the radio weighed.
 constexpr qint64 assumedRssiDBm = -60;
 

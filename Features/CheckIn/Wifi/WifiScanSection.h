@@ -54,7 +54,6 @@ public:
 
     /// Stands for the row "Other network…" where a network's name would.
     static constexpr QLatin1StringView otherKey{"__other__"};
-    static constexpr qsizetype shortestPassword = 8;
 
     explicit WifiScanSection(Inputs inputs, QObject *parent = nullptr);
 

@@ -2,7 +2,6 @@
 
 #include "Core/Support/Texts/PrintableText.h"
 #include "Features/CheckIn/LocatedTexts.h"
-#include "Features/Terminal/Commands/LocateCommand.h"
 #include "Features/Terminal/LocateOnce.h"
 #include "Features/Terminal/LocatedJson.h"
 #include "Platform/Terminal/Terminal.h"

@@ -63,6 +63,14 @@ QString textOf(const LocatedSnapshot &snapshot)
     return cafeLines(snapshot) + weather + wifiLine(snapshot) + othersLines(snapshot);
 }
 
+/// What the loop's end means to a script.
+ExitStatus statusOf(const ViewState<LocatedSnapshot> &state)
+{
+    if (state.isError())
+        return ExitStatus::LocationDenied;
+    return state.loadedValue()->selectedCafe ? ExitStatus::Done : ExitStatus::NoCafe;
+}
+
 } // namespace
 
 const CommandSyntax &syntax()
@@ -88,13 +96,6 @@ ExitStatus run(const CommandArguments &arguments, const TerminalContext &context
     if (const auto *error = state.errorValue())
         complain(context.terminal, error->errorDescription());
     return statusOf(state);
-}
-
-ExitStatus statusOf(const ViewState<LocatedSnapshot> &state)
-{
-    if (state.isError())
-        return ExitStatus::LocationDenied;
-    return state.loadedValue()->selectedCafe ? ExitStatus::Done : ExitStatus::NoCafe;
 }
 
 } // namespace quorvel::LocateCommand

@@ -11,7 +11,4 @@ namespace quorvel::LocateCommand {
 /// Throws LocalizedError.
 [[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
 
-/// What a loop's end means to a script.
-[[nodiscard]] ExitStatus statusOf(const ViewState<LocatedSnapshot> &state);
-
 } // namespace quorvel::LocateCommand
