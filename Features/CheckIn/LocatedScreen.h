@@ -11,7 +11,8 @@
 namespace quorvel {
 
 /// The check-in screen as its view binds it: the place that the daily loop found, and the form for
-/// it. While the loop shows no place, the last one stays.
+/// it. While the loop shows no place, the last one stays. Both view models serve the terminal, too,
+/// and know of no view.
 class LocatedScreen final : public QObject
 {
     Q_OBJECT
@@ -20,6 +21,7 @@ class LocatedScreen final : public QObject
     Q_PROPERTY(bool hasCafe READ hasCafe NOTIFY snapshotChanged)
     Q_PROPERTY(QString title READ title NOTIFY snapshotChanged)
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY snapshotChanged)
+    Q_PROPERTY(QString headerAction READ headerAction NOTIFY snapshotChanged)
     Q_PROPERTY(QString mapCredit READ mapCredit NOTIFY snapshotChanged)
     Q_PROPERTY(QString weatherCredit READ weatherCredit NOTIFY snapshotChanged)
     Q_PROPERTY(QObject *candidates READ candidates CONSTANT)
@@ -59,6 +61,7 @@ public:
     [[nodiscard]] bool hasCafe() const { return m_snapshot.selectedCafe.has_value(); }
     [[nodiscard]] QString title() const { return LocatedTexts::title(m_snapshot); }
     [[nodiscard]] QString subtitle() const { return LocatedTexts::subtitle(m_snapshot); }
+    [[nodiscard]] QString headerAction() const { return LocatedTexts::headerAction(m_snapshot); }
     [[nodiscard]] QString mapCredit() const { return LocatedTexts::mapCredit(m_snapshot); }
     [[nodiscard]] QString weatherCredit() const { return LocatedTexts::weatherCredit(m_snapshot); }
     [[nodiscard]] QAbstractItemModel *candidates() { return &m_candidates; }

@@ -18,6 +18,11 @@ QString subtitle(const LocatedSnapshot &snapshot)
     return u" · "_s + roundedNumber(snapshot.selectedCafe->distanceMeters) + u" m away"_s;
 }
 
+QString headerAction(const LocatedSnapshot &snapshot)
+{
+    return snapshot.selectedCafe ? u"Change"_s : u"Retry"_s;
+}
+
 QString mapCredit(const LocatedSnapshot &snapshot)
 {
     return snapshot.selectedCafe ? u"© OpenStreetMap contributors"_s : QString();

@@ -11,6 +11,8 @@ namespace quorvel::LocatedTexts {
 [[nodiscard]] QString title(const LocatedSnapshot &snapshot);
 /// How far the café is, or what to do when there is none.
 [[nodiscard]] QString subtitle(const LocatedSnapshot &snapshot);
+/// The button beside them: another café, or another try.
+[[nodiscard]] QString headerAction(const LocatedSnapshot &snapshot);
 
 /// Whose map the café is on, and whose weather it is; empty where there is none. Both ask to be
 /// named.

@@ -67,6 +67,7 @@ FocusScope {
             width: form.width
 
             CafeHeader {
+                action: root.screen.headerAction
                 canChange: root.screen.canChange
                 credit: root.screen.mapCredit
                 hasCafe: root.screen.hasCafe

@@ -7,9 +7,6 @@ import Quorvel.DesignSystem
 Column {
     id: root
 
-    required property string title
-    required property string hint
-
     padding: 24
     spacing: 8
 
@@ -22,13 +19,13 @@ Column {
 
     PlainText {
         anchors.horizontalCenter: parent.horizontalCenter
-        text: root.title
+        text: "No check-ins yet"
     }
 
     Hint {
         anchors.horizontalCenter: parent.horizontalCenter
         horizontalAlignment: Text.AlignHCenter
-        text: root.hint
+        text: "Check in at a café from the menu bar to start your history."
         width: root.width - 2 * root.padding
     }
 }

@@ -39,8 +39,6 @@ FocusScope {
 
     HistoryEmptyState {
         anchors.centerIn: content
-        hint: root.screen.emptyHint
-        title: root.screen.emptyTitle
         visible: root.screen.kind === HistoryScreen.Empty
         width: content.width
     }

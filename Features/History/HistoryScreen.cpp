@@ -50,16 +50,6 @@ QString HistoryScreen::errorText() const
     return m_viewModel ? HistoryTexts::loadError(m_viewModel->state().errorValue()) : QString();
 }
 
-QString HistoryScreen::emptyTitle()
-{
-    return HistoryTexts::emptyTitle();
-}
-
-QString HistoryScreen::emptyHint()
-{
-    return HistoryTexts::emptyHint();
-}
-
 QStringList HistoryScreen::ratingLabels()
 {
     QStringList labels;

@@ -11,7 +11,7 @@
 namespace quorvel {
 
 /// The history as its view binds it: what fills the window, the week in a line, and which visit is
-/// open.
+/// open. The view model serves the terminal, too, and knows of no view.
 class HistoryScreen final : public QObject
 {
     Q_OBJECT
@@ -20,8 +20,6 @@ class HistoryScreen final : public QObject
     Q_PROPERTY(Kind kind READ kind NOTIFY changed)
     Q_PROPERTY(QString summaryText READ summaryText NOTIFY changed)
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
-    Q_PROPERTY(QString emptyTitle READ emptyTitle CONSTANT)
-    Q_PROPERTY(QString emptyHint READ emptyHint CONSTANT)
     Q_PROPERTY(QObject *rows READ rows CONSTANT)
     Q_PROPERTY(QList<QString> ratingLabels READ ratingLabels CONSTANT)
     Q_PROPERTY(bool isVisitOpen READ isVisitOpen NOTIFY selectedChanged)
@@ -51,8 +49,6 @@ public:
     [[nodiscard]] const QString &summaryText() const { return m_summaryText; }
     /// Why there is no list; empty unless the load failed.
     [[nodiscard]] QString errorText() const;
-    [[nodiscard]] static QString emptyTitle();
-    [[nodiscard]] static QString emptyHint();
     [[nodiscard]] QAbstractItemModel *rows() { return &m_rows; }
     /// Of the rows' scores, in their order.
     [[nodiscard]] static QStringList ratingLabels();

@@ -13,20 +13,22 @@ Item {
     required property string subtitle
     // Whose map it is on.
     required property string credit
+    // "Change" or "Retry"
+    required property string action
     required property bool canChange
 
     signal changeRequested
     signal retryRequested
 
-    implicitHeight: Math.max(texts.implicitHeight, action.implicitHeight)
+    implicitHeight: Math.max(texts.implicitHeight, button.implicitHeight)
     objectName: "CafeHeader"
 
     Column {
         id: texts
 
         anchors.left: parent.left
-        anchors.right: action.visible ? action.left : parent.right
-        anchors.rightMargin: action.visible ? 12 : 0
+        anchors.right: button.visible ? button.left : parent.right
+        anchors.rightMargin: button.visible ? 12 : 0
         spacing: 4
 
         Row {
@@ -79,11 +81,11 @@ Item {
     }
 
     GhostButton {
-        id: action
+        id: button
 
         anchors.right: parent.right
         anchors.top: parent.top
-        label: root.hasCafe ? "Change" : "Retry"
+        label: root.action
         visible: !root.hasCafe || root.canChange
 
         onClicked: root.hasCafe ? root.changeRequested() : root.retryRequested()

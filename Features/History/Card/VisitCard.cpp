@@ -31,6 +31,7 @@ VisitCard VisitCard::of(const CheckIn &checkIn, const Calendar &calendar, const 
     if (const auto &cafe = checkIn.cafe()) {
         card.coordinates = coordinateLabel(cafe->latitude(), cafe->longitude());
         card.ssid = cafe->lastKnownSSID().value_or(QString());
+        card.codeName = HistoryTexts::codeName(card.ssid);
     }
     if (const auto &weather = checkIn.weather()) {
         card.hasWeather = true;

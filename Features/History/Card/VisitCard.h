@@ -26,6 +26,7 @@ struct VisitCard
     Q_PROPERTY(QList<int> ratingValues MEMBER ratingValues)
     Q_PROPERTY(QString note MEMBER note)
     Q_PROPERTY(QString ssid MEMBER ssid)
+    Q_PROPERTY(QString codeName MEMBER codeName)
 
 public:
     QString title = {};       ///< the café's name, or that it is not known
@@ -39,7 +40,8 @@ public:
     QList<QString> ratingLabels = {};
     QList<int> ratingValues = {}; ///< in the order of their labels
     QString note = {};
-    QString ssid = {}; ///< the network that the user was last on there
+    QString ssid = {};     ///< the network that the user was last on there
+    QString codeName = {}; ///< what a screen reader calls the code of that network
 
     [[nodiscard]] static VisitCard of(const CheckIn &checkIn, const Calendar &calendar,
                                       const QLocale &locale);

@@ -26,7 +26,7 @@ Card {
         WifiQRCode {
             id: code
 
-            Accessible.name: "QR code of " + root.ssid
+            Accessible.name: root.detail.card.codeName
             Accessible.role: Accessible.Graphic
             anchors.centerIn: parent
             detail: root.detail

@@ -6,8 +6,6 @@ namespace quorvel::HistoryGrouping {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
 /// Titles for visits that mostly follow each other within a day: a day is looked up and named once.
 class DayTitles final
 {
@@ -34,9 +32,9 @@ private:
     [[nodiscard]] QString name(Instant date) const
     {
         if (m_today.contains(date))
-            return u"TODAY"_s;
+            return HistoryTexts::today();
         if (m_yesterday && m_yesterday->contains(date))
-            return u"YESTERDAY"_s;
+            return HistoryTexts::yesterday();
         return m_locale.toUpper(HistoryTexts::day(date, m_calendar, m_locale));
     }
 

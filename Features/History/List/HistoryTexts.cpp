@@ -23,19 +23,19 @@ bool isEmpty(const HistoryViewModel::State &state)
     return sections && sections->empty();
 }
 
-QString emptyTitle()
-{
-    return u"No check-ins yet"_s;
-}
-
-QString emptyHint()
-{
-    return u"Check in at a café from the menu bar to start your history."_s;
-}
-
 QString title(const CheckIn &checkIn)
 {
     return checkIn.cafe() ? checkIn.cafe()->name() : u"Unknown café"_s;
+}
+
+QString today()
+{
+    return u"TODAY"_s;
+}
+
+QString yesterday()
+{
+    return u"YESTERDAY"_s;
 }
 
 QString day(Instant date, const Calendar &calendar, const QLocale &locale)
@@ -58,6 +58,11 @@ QString moment(const CheckIn &checkIn, const Calendar &calendar, const QLocale &
     const QString text = time(checkIn.date(), calendar, locale);
     const auto &weather = checkIn.weather();
     return weather ? text + u" · "_s + temperature(*weather) : text;
+}
+
+QString codeName(const QString &ssid)
+{
+    return u"QR code of "_s + ssid;
 }
 
 } // namespace quorvel::HistoryTexts

@@ -11,13 +11,14 @@ namespace quorvel::HistoryTexts {
 /// Why there is no list; empty without an error.
 [[nodiscard]] QString loadError(const LocalizedError *error);
 
-/// Whether the user has no visits yet, and what to say then.
+/// Whether the user has no visits yet.
 [[nodiscard]] bool isEmpty(const HistoryViewModel::State &state);
-[[nodiscard]] QString emptyTitle();
-[[nodiscard]] QString emptyHint();
 
 /// The café's name, or that it is not known.
 [[nodiscard]] QString title(const CheckIn &checkIn);
+/// The titles of the two newest days.
+[[nodiscard]] QString today();
+[[nodiscard]] QString yesterday();
 /// "Mon, Mar 3", and "14:05", as the user's calendar and clock on the wall show them.
 [[nodiscard]] QString day(Instant date, const Calendar &calendar, const QLocale &locale);
 [[nodiscard]] QString time(Instant date, const Calendar &calendar, const QLocale &locale);
@@ -26,5 +27,8 @@ namespace quorvel::HistoryTexts {
 /// "14:05 · 22°", and without weather "14:05".
 [[nodiscard]] QString moment(const CheckIn &checkIn, const Calendar &calendar,
                              const QLocale &locale);
+
+/// What a screen reader calls the code that joins a network.
+[[nodiscard]] QString codeName(const QString &ssid);
 
 } // namespace quorvel::HistoryTexts

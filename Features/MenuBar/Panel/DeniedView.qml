@@ -9,8 +9,8 @@ Item {
 
     required property string message
     required property bool canOpenSettings
-    // What to do where the settings cannot be opened from here; empty otherwise.
-    required property string notice
+    // Whether the settings cannot be opened from here.
+    required property bool lacksSettings
 
     signal settingsRequested
     signal retryRequested
@@ -61,8 +61,9 @@ Item {
 
         Hint {
             horizontalAlignment: Text.AlignHCenter
-            text: root.notice
-            visible: text.length > 0
+            text: "No settings program was found here. Please allow location for Quorvel in "
+                  + "your desktop's settings."
+            visible: root.lacksSettings
             width: parent.width
         }
     }

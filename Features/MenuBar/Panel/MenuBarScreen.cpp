@@ -1,8 +1,8 @@
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
-namespace quorvel {
+#include "Features/MenuBar/Panel/PanelTexts.h"
 
-using namespace Qt::StringLiterals;
+namespace quorvel {
 
 MenuBarScreen::MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObject *parent)
     : QObject(parent)
@@ -10,11 +10,6 @@ MenuBarScreen::MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObj
     , m_form(form)
 {
     connect(&m_viewModel, &MenuBarViewModel::stateChanged, this, &MenuBarScreen::changed);
-}
-
-void MenuBarScreen::start()
-{
-    m_viewModel.send(MenuBarInput::start());
 }
 
 void MenuBarScreen::retry()
@@ -33,12 +28,7 @@ MenuBarScreen::Kind MenuBarScreen::kind() const
 
 QString MenuBarScreen::errorText() const
 {
-    return errorTextOf(m_viewModel.state().errorValue());
-}
-
-QString MenuBarScreen::errorTextOf(const LocalizedError *error)
-{
-    return sentenceOf(error, u"Đã có lỗi xảy ra."_s);
+    return PanelTexts::error(m_viewModel.state().errorValue());
 }
 
 bool MenuBarScreen::canOpenSettings() const

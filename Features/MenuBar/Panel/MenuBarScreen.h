@@ -6,7 +6,8 @@
 
 namespace quorvel {
 
-/// Which screen the panel's middle shows, for its view.
+/// Which screen the panel's middle shows, for its view. The loop itself serves the terminal, too,
+/// and knows of no view.
 class MenuBarScreen final : public QObject
 {
     Q_OBJECT
@@ -25,14 +26,11 @@ public:
     /// The view model outlives the screen.
     MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObject *parent = nullptr);
 
-    /// To be called at each opening of the panel.
-    Q_INVOKABLE void start();
     Q_INVOKABLE void retry();
 
     [[nodiscard]] Kind kind() const;
     /// The sentence of the error; empty without one.
     [[nodiscard]] QString errorText() const;
-    [[nodiscard]] static QString errorTextOf(const LocalizedError *error);
     /// Whether the system's settings can help.
     [[nodiscard]] bool canOpenSettings() const;
     [[nodiscard]] static bool canOpenSettingsFor(const AppError *error);

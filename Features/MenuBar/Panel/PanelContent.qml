@@ -27,8 +27,8 @@ FocusScope {
         DeniedView {
             canOpenSettings: root.scene.screen.canOpenSettings
             height: root.height
+            lacksSettings: root.scene.lacksSettings
             message: root.scene.screen.errorText
-            notice: root.scene.settingsNotice
             width: root.width
 
             onRetryRequested: root.scene.screen.retry()

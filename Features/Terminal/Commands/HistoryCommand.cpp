@@ -87,7 +87,7 @@ void print(const HistoryViewModel::Sections &sections, const TerminalContext &co
 QString headOf(const HistoryViewModel &viewModel, const HistoryViewModel::Sections &sections)
 {
     if (HistoryTexts::isEmpty(viewModel.state()))
-        return HistoryTexts::emptyTitle() + u'\n';
+        return u"No check-ins yet\n"_s;
     return HistoryTexts::weeklySummary(viewModel.weeklySummary()) + u'\n' +
            (sections.empty() ? u"\nNo check-ins since that day\n"_s : QString());
 }

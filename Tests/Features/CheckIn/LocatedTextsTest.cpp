@@ -40,6 +40,7 @@ private slots:
     {
         QCOMPARE(LocatedTexts::title(at(42)), u"Blue <b>Door</b>"_s);
         QCOMPARE(LocatedTexts::subtitle(at(42)), u" · 42 m away"_s);
+        QCOMPARE(LocatedTexts::headerAction(at(42)), u"Change"_s);
         QCOMPARE(LocatedTexts::mapCredit(at(42)), u"© OpenStreetMap contributors"_s);
     }
 
@@ -47,6 +48,7 @@ private slots:
     {
         QCOMPARE(LocatedTexts::title(nowhere), u"Couldn't detect café"_s);
         QCOMPARE(LocatedTexts::subtitle(nowhere), u"Check your connection, then retry."_s);
+        QCOMPARE(LocatedTexts::headerAction(nowhere), u"Retry"_s);
         QCOMPARE(LocatedTexts::mapCredit(nowhere), QString());
     }
 

@@ -32,7 +32,7 @@ void failed(GalleryStage &stage)
         u"MenuBar"_s, u"DeniedView"_s,
         {{u"message"_s, AppError::network(u"The network is unreachable"_s).errorDescription()},
          {u"canOpenSettings"_s, false},
-         {u"notice"_s, QString()}});
+         {u"lacksSettings"_s, false}});
 }
 
 } // namespace

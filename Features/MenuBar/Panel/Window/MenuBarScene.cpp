@@ -4,8 +4,6 @@
 
 #include <QUrl>
 
-using namespace Qt::StringLiterals;
-
 namespace quorvel {
 
 MenuBarScene::MenuBarScene(const MenuBarRoles &roles, QObject *parent)
@@ -22,8 +20,8 @@ MenuBarScene::~MenuBarScene() = default;
 
 void MenuBarScene::appear()
 {
-    setSettingsNotice({});
-    m_screen.start();
+    setLacksSettings(false);
+    m_menuBarVM.send(MenuBarInput::start());
     if (!m_located && m_roles.checkInRepository)
         makeForm();
     m_secondLook.appear();
@@ -37,10 +35,7 @@ void MenuBarScene::disappear()
 void MenuBarScene::openSystemSettings()
 {
     const QUrl address{QString(SystemSettings::locationPrivacy)};
-    const bool opened = m_roles.systemSettings.open(address);
-    setSettingsNotice(opened ? QString()
-                             : u"No settings program was found here. Please allow location for "
-                               "Quorvel in your desktop's settings."_s);
+    setLacksSettings(!m_roles.systemSettings.open(address));
 }
 
 void MenuBarScene::makeForm()
@@ -63,12 +58,12 @@ bool MenuBarScene::mayInterrupt() const
     return m_located && !m_located->isInUse();
 }
 
-void MenuBarScene::setSettingsNotice(const QString &notice)
+void MenuBarScene::setLacksSettings(bool lacksSettings)
 {
-    if (notice == m_settingsNotice)
+    if (lacksSettings == m_lacksSettings)
         return;
-    m_settingsNotice = notice;
-    emit settingsNoticeChanged();
+    m_lacksSettings = lacksSettings;
+    emit lacksSettingsChanged();
 }
 
 } // namespace quorvel

@@ -18,7 +18,7 @@ class MenuBarScene final : public QObject
     QML_UNCREATABLE("Made by the panel")
     Q_PROPERTY(quorvel::MenuBarScreen *screen READ screen CONSTANT)
     Q_PROPERTY(quorvel::LocatedScreen *located READ located NOTIFY locatedChanged)
-    Q_PROPERTY(QString settingsNotice READ settingsNotice NOTIFY settingsNoticeChanged)
+    Q_PROPERTY(bool lacksSettings READ lacksSettings NOTIFY lacksSettingsChanged)
 
 public:
     explicit MenuBarScene(const MenuBarRoles &roles, QObject *parent = nullptr);
@@ -29,29 +29,29 @@ public:
     /// It closes: nobody waits for anything any more.
     void disappear();
 
-    /// Where there are no settings to open, says so.
     Q_INVOKABLE void openSystemSettings();
 
     [[nodiscard]] MenuBarScreen *screen() { return &m_screen; }
     /// Null without a store, and before the first appearance.
     [[nodiscard]] LocatedScreen *located() { return m_located.get(); }
-    [[nodiscard]] const QString &settingsNotice() const { return m_settingsNotice; }
+    /// Whether the settings could not be opened since the panel was.
+    [[nodiscard]] bool lacksSettings() const { return m_lacksSettings; }
 
 signals:
     void locatedChanged();
-    void settingsNoticeChanged();
+    void lacksSettingsChanged();
 
 private:
     void makeForm();
     [[nodiscard]] bool mayInterrupt() const;
-    void setSettingsNotice(const QString &notice);
+    void setLacksSettings(bool lacksSettings);
 
     MenuBarRoles m_roles;
     MenuBarViewModel m_menuBarVM;
     MenuBarScreen m_screen;
     std::unique_ptr<CheckInViewModel> m_checkInVM;
     std::unique_ptr<LocatedScreen> m_located;
-    QString m_settingsNotice;
+    bool m_lacksSettings = false;
     SecondLook m_secondLook;
 };
 

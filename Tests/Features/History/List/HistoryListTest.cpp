@@ -44,6 +44,16 @@ private slots:
         m_history.reset();
     }
 
+    void anEmptyHistorySaysHowItBegins()
+    {
+        QVERIFY(!history().text(u"No check-ins yet"_s));
+        history().world.repository.visits.clear();
+        history().screen.appear();
+        history().settle();
+        QVERIFY(history().text(u"No check-ins yet"_s));
+        QVERIFY(history().text(u"Check in at a café from the menu bar to start your history."_s));
+    }
+
     void aClickAnywhereOnARowOpensItsVisit()
     {
         QQuickItem *row = history().control(u"Door 57"_s);

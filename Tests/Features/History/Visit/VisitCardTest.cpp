@@ -37,6 +37,7 @@ private slots:
         QCOMPARE(card.coordinates, u"33.8568°S, 151.2153°E"_s);
         QCOMPARE(card.note, u"Quiet.\nVery."_s);
         QCOMPARE(card.ssid, u"Blue;Net"_s);
+        QCOMPARE(card.codeName, u"QR code of Blue;Net"_s);
     }
 
     void whatAVisitDoesNotHaveIsEmpty()

@@ -1,7 +1,6 @@
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
-#include "Tests/Support/SilentError.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -29,7 +28,7 @@ private slots:
         m_world->location.locate(LoopWorld::home());
         m_world->places.calls.willSucceed(LoopWorld::found());
         m_world->weather.calls.willSucceed(LoopWorld::sun());
-        screen.start();
+        m_world->viewModel->send(MenuBarInput::start());
         LoopWorld::settle();
         QCOMPARE(screen.kind(), Kind::Waiting);
         QCOMPARE(changes.count(), 1);
@@ -45,7 +44,7 @@ private slots:
     {
         MenuBarScreen screen(*m_world->viewModel, Form::Absent);
         m_world->willFindAll();
-        screen.start();
+        m_world->viewModel->send(MenuBarInput::start());
         LoopWorld::settle();
         QVERIFY(m_world->viewModel->state().isLoaded());
         QCOMPARE(screen.kind(), Kind::Waiting);
@@ -55,7 +54,7 @@ private slots:
     {
         MenuBarScreen screen(*m_world->viewModel, Form::Absent);
         m_world->location.authorize(AuthorizationStatus::Denied);
-        screen.start();
+        m_world->viewModel->send(MenuBarInput::start());
         LoopWorld::settle();
         QCOMPARE(screen.kind(), Kind::Denied);
         QCOMPARE(screen.errorText(), u"Location access denied. Open System Settings to enable."_s);
@@ -77,20 +76,12 @@ private slots:
     {
         MenuBarScreen screen(*m_world->viewModel, Form::Present);
         m_world->willFindAll();
-        screen.start();
+        m_world->viewModel->send(MenuBarInput::start());
         LoopWorld::settle();
         m_world->willFindAll();
         screen.retry();
         LoopWorld::settle();
         QCOMPARE(m_world->newCalls(), (QList<qsizetype>{2, 2, 2}));
-    }
-
-    void anErrorWithoutADescriptionHasASentence()
-    {
-        const SilentError silent;
-        QCOMPARE(MenuBarScreen::errorTextOf(&silent), u"Đã có lỗi xảy ra."_s);
-        const AppError told = AppError::noCafeFound();
-        QCOMPARE(MenuBarScreen::errorTextOf(&told), u"No café found nearby."_s);
     }
 
 private:

@@ -62,7 +62,7 @@ private slots:
     {
         MenuBarScene scene(world().roles());
         world().willFind(LoopWorld::found());
-        scene.screen()->start();
+        scene.screen()->retry();
         LoopWorld::settle();
         QCOMPARE(scene.screen()->kind(), MenuBarScreen::Kind::Located);
         const auto content = ViewFactory::make(m_panel->engine, u"MenuBar"_s, u"PanelContent"_s,
@@ -118,7 +118,7 @@ private slots:
         const auto view = ViewFactory::make(m_panel->engine, u"MenuBar"_s, u"DeniedView"_s,
                                             {{u"message"_s, u"No cafe found."_s},
                                              {u"canOpenSettings"_s, false},
-                                             {u"notice"_s, QString()}});
+                                             {u"lacksSettings"_s, false}});
         auto *item = qobject_cast<QQuickItem *>(view.get());
         QVERIFY(!QuickTest::find(item, "label", u"Open System Settings"_s)->isVisible());
         QVERIFY(QuickTest::find(item, "label", u"Retry"_s)->isVisible());
