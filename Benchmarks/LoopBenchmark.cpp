@@ -9,6 +9,7 @@
 #include "Services/Places/FakePlacesService.h"
 #include "Services/Weather/FakeWeatherService.h"
 #include "Services/Wifi/FakeWifiService.h"
+#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
 
 #include <QCoreApplication>
 
@@ -43,12 +44,14 @@ Milliseconds lastAnswerToLoaded()
     FakePlacesService places;
     FakeWeatherService weather;
     FakeWifiService wifi;
+    FakeSystemWifiPasswordReader systemPasswords;
     FakeKeychainStore keychain;
     location.authorize(AuthorizationStatus::AuthorizedAlways);
     location.locate({.latitude = 10, .longitude = 106, .accuracyMeters = 20, .timestamp = {}});
     places.calls.willSucceed(cafes());
     weather.calls.willHold();
-    MenuBarViewModel viewModel({location, places, weather, wifi, keychain}, Clock::system());
+    MenuBarViewModel viewModel({location, places, weather, wifi, systemPasswords, keychain},
+                               Clock::system());
     viewModel.send(MenuBarInput::start());
     while (weather.calls.requests.empty())
         QCoreApplication::processEvents();

@@ -4,8 +4,8 @@
 #include "Features/History/Visit/VisitDetail.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/Keychain/FakeKeychain.h"
-#include "Platform/Pasteboard/FakePasteboard.h"
 #include "Platform/Pasteboard/PictureOffer.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QBuffer>
 #include <QGuiApplication>
@@ -71,14 +71,9 @@ int main(int argc, char **argv)
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     const QGuiApplication application(argc, argv);
     QQmlEngine engine;
-    FakePasteboard pasteboard;
-    VisitDetail detail(fullVisit(), {.checkInRepository = nullptr,
-                                     .photoStore = CheckInPhotoStore(FileManager::standard()),
-                                     .makeKeychain = keychainWithPassword,
-                                     .clock = Clock::system(),
-                                     .pasteboard = pasteboard,
-                                     .fileManager = FileManager::standard(),
-                                     .renderCard = {}});
+    tests::QuietFacilities system;
+    system.facilities.makeKeychain = keychainWithPassword;
+    VisitDetail detail(fullVisit(), system.facilities, system.pasteboard, {});
     finishLoading(detail);
     // The first run compiles the view, which in the program has happened before a share.
     const QImage image = VisitPicture::image(engine, detail);

@@ -1,9 +1,11 @@
 #include "Quorvel/LiveFacilities.h"
 
 #include "Platform/Bus/SystemBus.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 #include "Platform/Http/HttpClient.h"
-#include "Platform/Keychain/Keychain.h"
 #include "Platform/Location/GeoClueLocationManager.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Quorvel/Endpoints.h"
 #include "Services/Weather/OpenMeteoWeatherService.h"
 
@@ -20,22 +22,20 @@ QList<QUrl> mapServers(const Endpoints &endpoints)
 
 LiveFacilities::LiveFacilities(const Endpoints &endpoints)
     : m_map(HttpClient::shared(), Clock::system(), mapServers(endpoints))
-    , m_weatherEndpoint(endpoints.weather.value_or(OpenMeteoWeatherService::defaultEndpoint))
     , m_radio(SystemBus::connection())
+    , m_facilities{
+          .makeLocationManager =
+              [] { return std::make_unique<GeoClueLocationManager>(SystemBus::connection()); },
+          .map = m_map,
+          .http = HttpClient::shared(),
+          .weatherEndpoint = endpoints.weather.value_or(OpenMeteoWeatherService::defaultEndpoint),
+          .radio = m_radio,
+          .keychain = Keychain::standard(),
+          .makeKeychain = &Keychain::makeDetached,
+          .fileManager = FileManager::standard(),
+          .clock = Clock::system(),
+          .notificationCenter = NotificationCenter::standard()}
 {}
-
-MenuBarFacilities LiveFacilities::menuBar()
-{
-    return {.makeLocationManager =
-                [] { return std::make_unique<GeoClueLocationManager>(SystemBus::connection()); },
-            .map = &m_map,
-            .http = &HttpClient::shared(),
-            .weatherEndpoint = m_weatherEndpoint,
-            .radio = &m_radio,
-            .keychain = &Keychain::standard(),
-            .makeKeychain = &Keychain::makeDetached,
-            .clock = &Clock::system()};
-}
 
 void LiveFacilities::whenRadioIsRead(QObject *context, std::function<void()> action)
 {

@@ -1,9 +1,10 @@
 #include "Quorvel/QuorvelApp.h"
 
-#include "Core/Support/LaunchAtLogin.h"
 #include "Platform/Appearance/PortalAppearance.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/Clock/Clock.h"
 #include "Platform/Errors/LocalizedError.h"
+#include "Platform/Files/FileManager.h"
 
 #include <QCoreApplication>
 
@@ -12,7 +13,8 @@ namespace quorvel {
 using namespace Qt::StringLiterals;
 
 QuorvelApp::QuorvelApp()
-    : m_sessionLock(SessionBus::connection())
+    : m_environment(FileManager::standard(), Clock::system())
+    , m_sessionLock(SessionBus::connection())
     , m_label(m_statusItem, m_sessionLock)
     , m_traylessOpening(m_statusItem)
 {
@@ -77,14 +79,8 @@ void QuorvelApp::withScenes(Action action)
 
 Scenes &QuorvelApp::scenes()
 {
-    if (!m_scenes) {
-        m_scenes = m_loader.makeScenes(
-            {.environment = &m_environment,
-             .appearance = &appearance(),
-             .launchAtLogin = {.isEnabled = [] { return LaunchAtLogin::isEnabled(); },
-                               .setEnabled = [](bool on) { LaunchAtLogin::setEnabled(on); }},
-             .quit = &QCoreApplication::quit});
-    }
+    if (!m_scenes)
+        m_scenes = m_loader.makeScenes(m_environment, appearance());
     return *m_scenes;
 }
 

@@ -6,9 +6,10 @@ ScenesLoader::ScenesLoader()
     : m_module(QStringLiteral(QUORVEL_SCENES_MODULE))
 {}
 
-std::unique_ptr<Scenes> ScenesLoader::makeScenes(SceneContext context)
+std::unique_ptr<Scenes> ScenesLoader::makeScenes(AppEnvironment &environment,
+                                                 Appearance &appearance)
 {
-    return m_module.plugin<ScenesPlugin>().makeScenes(std::move(context));
+    return m_module.plugin<ScenesPlugin>().makeScenes(environment, appearance);
 }
 
 } // namespace quorvel

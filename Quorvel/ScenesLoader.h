@@ -13,7 +13,8 @@ public:
     ScenesLoader();
 
     /// Throws LocalizedError when the module is missing or does not fit.
-    [[nodiscard]] std::unique_ptr<Scenes> makeScenes(SceneContext context);
+    [[nodiscard]] std::unique_ptr<Scenes> makeScenes(AppEnvironment &environment,
+                                                     Appearance &appearance);
 
 private:
     ProgramModule m_module;

@@ -1,8 +1,13 @@
 #include "_Probes/ProbeViewModel.h"
 
 #include "Core/Persistence/CheckInRepository.h"
+#include "Core/Support/AppError.h"
 #include "Features/History/List/HistoryTexts.h"
+#include "Platform/Clock/Clock.h"
 #include "Platform/Pasteboard/Pasteboard.h"
+#include "Services/Location/LocationService.h"
+#include "Services/Places/PlacesService.h"
+#include "Services/Wifi/WifiModels.h"
 #include "_Probes/Log/ProbeTexts.h"
 #include "_Probes/Log/ShareableText.h"
 
@@ -20,15 +25,22 @@ constexpr std::size_t listedCheckIns = 5;
 
 } // namespace
 
-ProbeViewModel::ProbeViewModel(ProbeRoles roles, QObject *parent)
+ProbeViewModel::ProbeViewModel(const Services &actions, const Services &loop,
+                               CheckInRepository *repository, const QString &setupError,
+                               const Facilities &facilities, Pasteboard &pasteboard,
+                               QObject *parent)
     : QObject(parent)
-    , m_roles(std::move(roles))
-    , m_loop(m_roles.loop, m_roles.clock)
-    , m_authStatus(m_roles.makeLocationManager()->authorizationStatus())
+    , m_actions(actions)
+    , m_repository(repository)
+    , m_setupError(setupError)
+    , m_facilities(facilities)
+    , m_pasteboard(pasteboard)
+    , m_loop(loop, facilities.clock)
+    , m_authStatus(m_facilities.makeLocationManager()->authorizationStatus())
 {
     // Order: the name before anything that has to do with the position.
     m_ssidBefore = readSSID(u"before"_s);
-    m_authStatus = m_roles.makeLocationManager()->authorizationStatus();
+    m_authStatus = m_facilities.makeLocationManager()->authorizationStatus();
     append(u"Auth status on launch: "_s + ProbeTexts::authorization(m_authStatus), Kind::Normal);
 }
 
@@ -62,10 +74,10 @@ void ProbeViewModel::searchCafes()
 void ProbeViewModel::readCheckIns()
 {
     append(u"Check-ins"_s, Kind::Separator);
-    if (!m_roles.repository)
-        return append(u"The store is not open: "_s + m_roles.setupError, Kind::Error);
+    if (!m_repository)
+        return append(u"The store is not open: "_s + m_setupError, Kind::Error);
     try {
-        note(m_roles.repository->allCheckIns());
+        note(m_repository->allCheckIns());
     } catch (const LocalizedError &error) {
         append(error.errorDescription(), Kind::Error);
     }
@@ -76,14 +88,14 @@ void ProbeViewModel::copyLog()
     QStringList lines{u"Quorvel diagnostics, without names and with rounded coordinates"_s};
     for (const LogLine &line : logLines())
         lines.append(ShareableText::line(line, m_names));
-    m_roles.pasteboard.setText(lines.join(u'\n') + u'\n');
+    m_pasteboard.setText(lines.join(u'\n') + u'\n');
     append(u"Log copied, without names and with coordinates rounded to about a kilometre"_s,
            Kind::Success);
 }
 
 Task<> ProbeViewModel::locate(QPointer<ProbeViewModel> self)
 {
-    auto *service = &self->m_roles.locationService;
+    auto *service = &self->m_actions.location;
     const auto status = co_await service->requestAuthorization();
     if (!self)
         co_return;
@@ -104,7 +116,7 @@ Task<> ProbeViewModel::locate(QPointer<ProbeViewModel> self)
 
 Task<> ProbeViewModel::search(QPointer<ProbeViewModel> self, Coordinate around)
 {
-    auto *service = &self->m_roles.placesService;
+    auto *service = &self->m_actions.places;
     try {
         const auto cafes = co_await service->nearbyCafes(around, radiusMeters);
         if (self)
@@ -122,7 +134,7 @@ Task<> ProbeViewModel::search(QPointer<ProbeViewModel> self, Coordinate around)
 /// Tells it, too. "(nil)" without a network.
 QString ProbeViewModel::readSSID(const QString &when)
 {
-    const auto ssid = m_roles.wifiService.currentSSID();
+    const auto ssid = m_actions.wifi.currentSSID();
     if (ssid)
         m_names.append(*ssid);
     const QString beginning = u"SSID "_s + when + u" Location: "_s;
@@ -158,7 +170,7 @@ void ProbeViewModel::note(const std::vector<std::shared_ptr<CheckIn>> &visits)
     m_checkInCount = int(visits.size());
     m_recentCheckIns.clear();
     append(QString::number(m_checkInCount) + u" check-in(s) stored"_s, Kind::Success);
-    const Calendar calendar = m_roles.clock.calendar();
+    const Calendar calendar = m_facilities.clock.calendar();
     for (const auto &visit : std::span(visits).first(std::min(visits.size(), listedCheckIns))) {
         const auto time = calendar.localTime(visit->date()).toString(u"yyyy-MM-dd HH:mm"_s);
         m_recentCheckIns.append(time + u" · "_s + HistoryTexts::title(*visit));

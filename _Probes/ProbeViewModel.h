@@ -1,9 +1,14 @@
 #pragma once
 
+#include "Core/DI/Facilities.h"
+#include "Core/DI/Services.h"
 #include "Core/Support/RecordListModel.h"
+#include "Core/Support/Tasks/Task.h"
+#include "Models/PlaceCandidate.h"
+#include "Platform/Geodesy/Coordinate.h"
+#include "Platform/Location/LocationManager.h"
 #include "_Probes/Log/LogLine.h"
 #include "_Probes/Loop/MenuBarViewModelProbe.h"
-#include "_Probes/ProbeRoles.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -13,6 +18,8 @@
 namespace quorvel {
 
 class CheckIn;
+class CheckInRepository;
+class Pasteboard;
 
 /// The diagnostics by hand, for their window: what the services know at the launch, and what they
 /// answer to each action, as lines of a log. It goes on when its window closes, and ends in silence
@@ -41,7 +48,13 @@ public:
 
     /// Reads the network's name before anything asks for the position, so that `ssidAfter` can show
     /// whether that makes a difference.
-    explicit ProbeViewModel(ProbeRoles roles, QObject *parent = nullptr);
+    ///
+    /// The loop has services of its own: it and an action may ask for the position at the same
+    /// time. The repository is null when the store could not be opened, and then the error says
+    /// why. All of these outlive the view model.
+    ProbeViewModel(const Services &actions, const Services &loop, CheckInRepository *repository,
+                   const QString &setupError, const Facilities &facilities, Pasteboard &pasteboard,
+                   QObject *parent = nullptr);
 
     /// One position, and then the network's name again. Ignored while it is under way.
     Q_INVOKABLE void locate();
@@ -86,7 +99,11 @@ private:
     void append(const QString &text, Kind kind);
     void append(const QString &text, Kind kind, const QString &shareableText);
 
-    ProbeRoles m_roles;
+    Services m_actions;
+    CheckInRepository *m_repository;
+    QString m_setupError;
+    const Facilities &m_facilities;
+    Pasteboard &m_pasteboard;
     MenuBarViewModelProbe m_loop;
     AuthorizationStatus m_authStatus;
     QString m_coordinates;

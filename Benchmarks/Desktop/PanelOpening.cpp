@@ -3,6 +3,8 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -64,7 +66,7 @@ double memory(const QByteArray &line)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    AppEnvironment environment;
+    AppEnvironment environment(FileManager::standard(), Clock::system());
     settle();
     const double before = memory("Pss");
 
@@ -76,11 +78,7 @@ int main(int argc, char **argv)
         qFatal("%s", qUtf8Printable(loader.errorString()));
     const double loaded = double(click.nsecsElapsed()) / 1e6;
     FakeAppearance appearance;
-    const auto scenes = plugin->makeScenes(
-        {.environment = &environment,
-         .appearance = &appearance,
-         .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
-         .quit = [] {}});
+    const auto scenes = plugin->makeScenes(environment, appearance);
     scenes->toggleMenuBarPanel(anchor);
     const double first = millisecondsToFrame(click);
     settle();

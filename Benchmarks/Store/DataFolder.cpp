@@ -38,7 +38,7 @@ std::unique_ptr<ModelContainer> DataFolder::open() const
 
 SwiftDataCheckInRepository DataFolder::repository() const
 {
-    return SwiftDataCheckInRepository(open(), CheckInPhotoStore(files));
+    return SwiftDataCheckInRepository(open(), CheckInPhotoStore(files), Clock::system());
 }
 
 void DataFolder::fill(int visitCount) const

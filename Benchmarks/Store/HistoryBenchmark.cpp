@@ -4,10 +4,7 @@
 #include "Benchmarks/Store/DataFolder.h"
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Features/History/HistoryScreen.h"
-#include "Platform/Clock/Clock.h"
-#include "Platform/Keychain/FakeKeychain.h"
-#include "Platform/NotificationCenter/NotificationCenter.h"
-#include "Platform/Pasteboard/FakePasteboard.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -53,7 +50,8 @@ public:
         m_screen.reset();
         m_repository.emplace(m_folder.repository());
         return timeOf([this, &engine] {
-            m_screen.emplace(roles(), m_center);
+            m_screen.emplace(&*m_repository, m_system.facilities, m_system.pasteboard,
+                             CardRenderer());
             const QVariantMap properties{{u"screen"_s, QVariant::fromValue(&*m_screen)}};
             m_window = ViewFactory::make(engine, u"History"_s, u"HistoryWindow"_s, properties);
             window().show();
@@ -77,16 +75,6 @@ public:
     }
 
 private:
-    [[nodiscard]] HistoryRoles roles()
-    {
-        return {.checkInRepository = &*m_repository,
-                .photoStore = CheckInPhotoStore(m_folder.files),
-                .makeKeychain = [] { return std::make_unique<FakeKeychain>(); },
-                .clock = Clock::system(),
-                .pasteboard = m_pasteboard,
-                .fileManager = m_folder.files,
-                .renderCard = {}};
-    }
     [[nodiscard]] QQuickWindow &window() { return static_cast<QQuickWindow &>(*m_window); }
     [[nodiscard]] QQuickItem &view()
     {
@@ -97,8 +85,7 @@ private:
     }
 
     DataFolder m_folder;
-    NotificationCenter m_center;
-    FakePasteboard m_pasteboard;
+    tests::QuietFacilities m_system;
     // Order: the window is destroyed before the objects that it is bound to.
     std::optional<SwiftDataCheckInRepository> m_repository;
     std::optional<HistoryScreen> m_screen;

@@ -7,10 +7,10 @@
 
 namespace quorvel {
 
-AppEnvironment::AppEnvironment(const FileManager &fileManager)
+AppEnvironment::AppEnvironment(const FileManager &fileManager, const Clock &clock)
 {
     try {
-        setUp(fileManager);
+        setUp(fileManager, clock);
     } catch (const std::exception &error) {
         m_setupError = QString::fromUtf8(error.what());
     }
@@ -18,11 +18,11 @@ AppEnvironment::AppEnvironment(const FileManager &fileManager)
 
 AppEnvironment::~AppEnvironment() = default;
 
-void AppEnvironment::setUp(const FileManager &fileManager)
+void AppEnvironment::setUp(const FileManager &fileManager, const Clock &clock)
 {
     auto container = AppModelContainer::make(InMemory::No, fileManager);
     m_checkInRepository = std::make_unique<SwiftDataCheckInRepository>(
-        std::move(container), CheckInPhotoStore(fileManager));
+        std::move(container), CheckInPhotoStore(fileManager), clock);
 }
 
 } // namespace quorvel

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Core/Persistence/CheckInRepository.h"
-#include "Platform/Files/FileManager.h"
 
 #include <memory>
 #include <optional>
 
 namespace quorvel {
+
+class Clock;
+class FileManager;
 
 /// Opens the object store once per process; every scene is built from it. Main thread only.
 ///
@@ -16,7 +18,8 @@ namespace quorvel {
 class AppEnvironment final
 {
 public:
-    explicit AppEnvironment(const FileManager &fileManager = FileManager::standard());
+    /// Both outlive the environment.
+    AppEnvironment(const FileManager &fileManager, const Clock &clock);
     AppEnvironment(const AppEnvironment &) = delete;
     AppEnvironment &operator=(const AppEnvironment &) = delete;
     ~AppEnvironment();
@@ -27,7 +30,7 @@ public:
     [[nodiscard]] const std::optional<QString> &setupError() const { return m_setupError; }
 
 private:
-    void setUp(const FileManager &fileManager);
+    void setUp(const FileManager &fileManager, const Clock &clock);
 
     std::unique_ptr<CheckInRepository> m_checkInRepository;
     std::optional<QString> m_setupError;

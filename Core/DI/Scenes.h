@@ -4,29 +4,12 @@
 #include <QString>
 #include <QtPlugin>
 
-#include <functional>
 #include <memory>
 
 namespace quorvel {
 
 class AppEnvironment;
 class Appearance;
-
-/// The login item as a switch: read it, set it. Setting throws LocalizedError.
-struct LaunchAtLoginSwitch
-{
-    std::function<bool()> isEnabled;
-    std::function<void(bool)> setEnabled;
-};
-
-/// What the scenes are given by the program, and ask of it. Everything pointed to outlives them.
-struct SceneContext
-{
-    AppEnvironment *environment = nullptr;
-    Appearance *appearance = nullptr;
-    LaunchAtLoginSwitch launchAtLogin = {};
-    std::function<void()> quit = {};
-};
 
 /// All that the program can show, by its entry's words. Each scene is built when it is first
 /// opened and then kept. Main thread only.
@@ -53,8 +36,9 @@ class ScenesPlugin
 public:
     virtual ~ScenesPlugin() = default;
 
-    /// Throws LocalizedError when this system cannot show them.
-    [[nodiscard]] virtual std::unique_ptr<Scenes> makeScenes(SceneContext context) = 0;
+    /// Both outlive the scenes. Throws LocalizedError when this system cannot show them.
+    [[nodiscard]] virtual std::unique_ptr<Scenes> makeScenes(AppEnvironment &environment,
+                                                             Appearance &appearance) = 0;
 };
 
 } // namespace quorvel

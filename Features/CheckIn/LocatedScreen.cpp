@@ -3,11 +3,14 @@
 namespace quorvel {
 
 LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
-                             WifiScanSection::Inputs wifi, QObject *parent)
+                             const Services &services, Pasteboard &pasteboard, QObject *parent)
     : QObject(parent)
     , m_menuBar(menuBar)
     , m_checkIn(checkIn)
-    , m_wifi(std::move(wifi))
+    , m_wifi({.keychainStore = services.keychain,
+              .systemPasswordReader = services.systemPasswords,
+              .wifiService = services.wifi,
+              .pasteboard = pasteboard})
 {
     connect(&menuBar, &MenuBarViewModel::stateChanged, this, &LocatedScreen::followLoop);
     connect(&checkIn, &CheckInViewModel::noteChanged, this, &LocatedScreen::noteChanged);

@@ -44,8 +44,8 @@ class LocatedScreen final : public QObject
 
 public:
     /// The view models, and what the Wi-Fi block works with, outlive the screen.
-    LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,
-                  WifiScanSection::Inputs wifi, QObject *parent = nullptr);
+    LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn, const Services &services,
+                  Pasteboard &pasteboard, QObject *parent = nullptr);
 
     /// To be called whenever the screen is shown, and hidden; the Wi-Fi block follows.
     Q_INVOKABLE void appear();

@@ -4,19 +4,22 @@
 
 namespace quorvel {
 
-HistoryScreen::HistoryScreen(HistoryRoles roles, NotificationCenter &notificationCenter,
-                             QObject *parent)
+HistoryScreen::HistoryScreen(CheckInRepository *checkInRepository, const Facilities &facilities,
+                             Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent)
     : QObject(parent)
-    , m_roles(std::move(roles))
-    , m_notificationCenter(notificationCenter)
+    , m_checkInRepository(checkInRepository)
+    , m_facilities(facilities)
+    , m_pasteboard(pasteboard)
+    , m_renderCard(std::move(renderCard))
 {}
 
 void HistoryScreen::appear()
 {
-    if (!m_roles.checkInRepository)
+    if (!m_checkInRepository)
         return;
     if (!m_viewModel) {
-        m_viewModel.emplace(*m_roles.checkInRepository, m_roles.clock, m_notificationCenter);
+        m_viewModel.emplace(*m_checkInRepository, m_facilities.clock,
+                            m_facilities.notificationCenter);
         connect(&*m_viewModel, &HistoryViewModel::stateChanged, this, &HistoryScreen::follow);
     }
     m_viewModel->load();
@@ -75,7 +78,7 @@ void HistoryScreen::follow()
     if (!state.isLoading()) {
         const auto *sections = state.loadedValue();
         m_rows.setSections(sections ? *sections : HistoryViewModel::Sections(),
-                           m_roles.clock.calendar(), m_roles.clock.locale());
+                           m_facilities.clock.calendar(), m_facilities.clock.locale());
     }
     m_summaryText = HistoryTexts::weeklySummary(m_viewModel->weeklySummary());
     emit changed();
@@ -85,7 +88,9 @@ void HistoryScreen::select(std::shared_ptr<CheckIn> visit)
 {
     if (selected() == visit)
         return;
-    auto next = visit ? std::make_unique<VisitDetail>(std::move(visit), m_roles) : nullptr;
+    auto next = visit ? std::make_unique<VisitDetail>(std::move(visit), m_facilities, m_pasteboard,
+                                                      m_renderCard)
+                      : nullptr;
     auto previous = std::exchange(m_visit, std::move(next));
     emit selectedChanged();
     if (m_visit)

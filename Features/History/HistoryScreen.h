@@ -30,10 +30,9 @@ public:
     enum class Kind { Nothing, Waiting, Failed, Empty, List };
     Q_ENUM(Kind)
 
-    /// The notification center outlives the screen.
-    explicit HistoryScreen(HistoryRoles roles,
-                           NotificationCenter &notificationCenter = NotificationCenter::standard(),
-                           QObject *parent = nullptr);
+    /// The repository is null when the store could not be opened. All of these outlive the screen.
+    HistoryScreen(CheckInRepository *checkInRepository, const Facilities &facilities,
+                  Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent = nullptr);
 
     /// To be called whenever the window is shown: each time loads again.
     Q_INVOKABLE void appear();
@@ -68,8 +67,10 @@ private:
     void follow();
     void select(std::shared_ptr<CheckIn> visit);
 
-    HistoryRoles m_roles;
-    NotificationCenter &m_notificationCenter;
+    CheckInRepository *m_checkInRepository;
+    const Facilities &m_facilities;
+    Pasteboard &m_pasteboard;
+    CardRenderer m_renderCard;
 
     /// Absent before the first showing, and without a store.
     std::optional<HistoryViewModel> m_viewModel;

@@ -19,7 +19,7 @@ namespace {
 struct Command
 {
     const CommandSyntax &(*syntax)();
-    ExitStatus (*run)(const CommandArguments &, const TerminalContext &);
+    ExitStatus (*run)(const CommandArguments &, Terminal &, TerminalParts &);
 };
 
 constexpr std::array commands{
@@ -38,34 +38,34 @@ const Command &commandNamed(const QString &name)
     return *found;
 }
 
-ExitStatus runParsed(const QStringList &arguments, const TerminalContext &context)
+ExitStatus runParsed(const QStringList &arguments, Terminal &terminal, TerminalParts &parts)
 {
     const Command &command = commandNamed(arguments.constFirst());
     const auto &syntax = command.syntax();
     const auto parsed = CommandArguments::parse(syntax, arguments.sliced(1));
     if (parsed.has(u"--help"_s)) {
-        context.terminal.print(syntax.help().toUtf8());
+        terminal.print(syntax.help().toUtf8());
         return ExitStatus::Done;
     }
-    return command.run(parsed, context);
+    return command.run(parsed, terminal, parts);
 }
 
 } // namespace
 
-ExitStatus run(const QStringList &arguments, const TerminalContext &context)
+ExitStatus run(const QStringList &arguments, Terminal &terminal, TerminalParts &parts)
 {
     try {
-        return runParsed(arguments, context);
+        return runParsed(arguments, terminal, parts);
     } catch (const UsageError &error) {
-        complain(context.terminal, error.errorDescription());
+        complain(terminal, error.errorDescription());
         const QString advice = u"Try “quorvel %1 --help”.\n"_s.arg(arguments.constFirst());
-        context.terminal.note(advice.toUtf8());
+        terminal.note(advice.toUtf8());
         return ExitStatus::Usage;
     } catch (const TerminalError &error) {
         if (!error.isReaderGone())
-            complain(context.terminal, error.errorDescription());
+            complain(terminal, error.errorDescription());
     } catch (const LocalizedError &error) {
-        complain(context.terminal, error.errorDescription());
+        complain(terminal, error.errorDescription());
     }
     return ExitStatus::Failure;
 }

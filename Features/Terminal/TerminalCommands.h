@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
+#include "Features/Terminal/TerminalParts.h"
 
 #include <QStringList>
 
@@ -9,6 +10,7 @@ namespace quorvel::TerminalCommands {
 
 /// Runs the command that the first argument names with the others, and says on standard error what
 /// keeps it from its end.
-[[nodiscard]] ExitStatus run(const QStringList &arguments, const TerminalContext &context);
+[[nodiscard]] ExitStatus run(const QStringList &arguments, Terminal &terminal,
+                             TerminalParts &parts);
 
 } // namespace quorvel::TerminalCommands

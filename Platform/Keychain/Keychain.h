@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -61,5 +62,8 @@ public:
     /// The same secrets over a separate connection, for another thread.
     [[nodiscard]] static std::unique_ptr<Keychain> makeDetached();
 };
+
+/// Makes a keychain for the thread that it is called on.
+using KeychainMaker = std::function<std::unique_ptr<Keychain>()>;
 
 } // namespace quorvel

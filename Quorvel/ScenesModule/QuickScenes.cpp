@@ -1,16 +1,16 @@
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
 #include "Core/DI/AppEnvironment.h"
+#include "Core/DI/Facilities.h"
+#include "Core/DI/LoopServices.h"
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Features/History/HistoryScreen.h"
 #include "Features/History/Share/VisitPicture.h"
-#include "Features/MenuBar/Loop/MenuBarServices.h"
 #include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Platform/Appearance/Appearance.h"
 #include "Platform/Errors/LocalizedError.h"
-#include "Platform/Files/FileManager.h"
-#include "_Probes/ProbeServices.h"
 #include "_Probes/ProbeViewModel.h"
 
 #include <QHash>
@@ -38,9 +38,11 @@ const QHash<QString, WindowView> &windowViews()
 
 } // namespace
 
-QuickScenes::QuickScenes(SceneContext context, MenuBarFacilities facilities)
-    : m_context(std::move(context))
-    , m_facilities(std::move(facilities))
+QuickScenes::QuickScenes(AppEnvironment &environment, const Facilities &facilities,
+                         const WindowFacilities &windowFacilities)
+    : m_environment(environment)
+    , m_facilities(facilities)
+    , m_windowFacilities(windowFacilities)
 {
     // Order: before the first window. Flat shapes and text need no graphics processor, and a
     // context on one would more than double the memory of the whole program.
@@ -87,13 +89,15 @@ void QuickScenes::openRequestedWindow(const QString &identifier)
 MenuBarPanel &QuickScenes::menuBarPanel()
 {
     if (!m_menuBarPanel) {
-        m_menuBarServices = std::make_unique<MenuBarServices>(m_facilities);
-        m_menuBarPanel = std::make_unique<MenuBarPanel>(
-            m_engine, m_menuBarServices->roles(m_context.environment->checkInRepository()),
-            m_context.launchAtLogin);
+        m_menuBarServices = std::make_unique<LoopServices>(m_facilities);
+        m_menuBarScene = std::make_unique<MenuBarScene>(
+            m_environment.checkInRepository(), m_menuBarServices->roles(), m_windowFacilities,
+            m_facilities.clock, m_facilities.notificationCenter);
+        m_menuBarPanel = std::make_unique<MenuBarPanel>(m_engine, *m_menuBarScene);
         connect(m_menuBarPanel.get(), &MenuBarPanel::windowRequested, this,
                 &QuickScenes::openRequestedWindow);
-        connect(m_menuBarPanel.get(), &MenuBarPanel::quitRequested, this, m_context.quit);
+        connect(m_menuBarPanel.get(), &MenuBarPanel::quitRequested, this,
+                &QuickScenes::quitRequested);
     }
     return *m_menuBarPanel;
 }
@@ -121,29 +125,27 @@ QVariantMap QuickScenes::propertiesOf(const QString &identifier)
 QVariant QuickScenes::makeHistory()
 {
     m_history = std::make_unique<HistoryScreen>(
-        HistoryRoles{.checkInRepository = m_context.environment->checkInRepository(),
-                     .photoStore = CheckInPhotoStore(FileManager::standard()),
-                     .makeKeychain = m_facilities.makeKeychain,
-                     .clock = *m_facilities.clock,
-                     .pasteboard = *m_facilities.pasteboard,
-                     .fileManager = FileManager::standard(),
-                     .renderCard = [this](VisitDetail &detail) {
-                         return VisitPicture::image(m_engine, detail);
-                     }});
+        m_environment.checkInRepository(), m_facilities, m_windowFacilities.pasteboard,
+        [this](VisitDetail &detail) { return VisitPicture::image(m_engine, detail); });
     return QVariant::fromValue(m_history.get());
 }
 
 QVariant QuickScenes::makeProbe()
 {
-    m_probeServices = std::make_unique<ProbeServices>(m_facilities);
-    m_probe = std::make_unique<ProbeViewModel>(m_probeServices->roles(*m_context.environment));
+    m_probeServices = std::make_unique<LoopServices>(m_facilities);
+    m_probeLoopServices = std::make_unique<LoopServices>(m_facilities);
+    m_probe = std::make_unique<ProbeViewModel>(
+        m_probeServices->roles(), m_probeLoopServices->roles(), m_environment.checkInRepository(),
+        m_environment.setupError().value_or(QString()), m_facilities,
+        m_windowFacilities.pasteboard);
     return QVariant::fromValue(m_probe.get());
 }
 
 void QuickScenes::followAppearance()
 {
-    const auto adopt = [this] { Theme::shared().setStyle(m_context.appearance->style()); };
-    connect(m_context.appearance, &Appearance::styleChanged, this, adopt);
+    const auto &appearance = m_windowFacilities.appearance;
+    const auto adopt = [&appearance] { Theme::shared().setStyle(appearance.style()); };
+    connect(&appearance, &Appearance::styleChanged, this, adopt);
     adopt();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/DI/Scenes.h"
-#include "Features/MenuBar/Loop/MenuBarFacilities.h"
+#include "Core/DI/WindowFacilities.h"
 
 #include <QObject>
 #include <QQmlEngine>
@@ -15,10 +15,11 @@ class QQuickWindow;
 namespace quorvel {
 
 class HistoryScreen;
+class LoopServices;
 class MenuBarPanel;
-class MenuBarServices;
-class ProbeServices;
+class MenuBarScene;
 class ProbeViewModel;
+struct Facilities;
 
 /// The three scenes in Qt Quick: the panel and the two windows, on one engine.
 class QuickScenes final : public QObject, public Scenes
@@ -26,8 +27,9 @@ class QuickScenes final : public QObject, public Scenes
     Q_OBJECT
 
 public:
-    /// Everything that the facilities point to outlives this.
-    QuickScenes(SceneContext context, MenuBarFacilities facilities);
+    /// All of these outlive the scenes.
+    QuickScenes(AppEnvironment &environment, const Facilities &facilities,
+                const WindowFacilities &windowFacilities);
     ~QuickScenes() override;
 
     void toggleMenuBarPanel(const QRect &anchor) override;
@@ -42,6 +44,9 @@ public:
     /// The same for whoever cannot hear that it failed: the log does.
     void openRequestedWindow(const QString &identifier);
 
+signals:
+    void quitRequested();
+
 private:
     /// What the window's view requires.
     [[nodiscard]] QVariantMap propertiesOf(const QString &identifier);
@@ -49,14 +54,17 @@ private:
     [[nodiscard]] QVariant makeProbe();
     void followAppearance();
 
-    SceneContext m_context;
-    MenuBarFacilities m_facilities;
+    AppEnvironment &m_environment;
+    const Facilities &m_facilities;
+    WindowFacilities m_windowFacilities;
     QQmlEngine m_engine;
-    std::unique_ptr<MenuBarServices> m_menuBarServices;
+    // Order: what a view is bound to outlives it, and what a view model asks outlives that.
+    std::unique_ptr<LoopServices> m_menuBarServices;
+    std::unique_ptr<MenuBarScene> m_menuBarScene;
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;
-    // Order: what a window is bound to outlives it.
     std::unique_ptr<HistoryScreen> m_history;
-    std::unique_ptr<ProbeServices> m_probeServices;
+    std::unique_ptr<LoopServices> m_probeServices;
+    std::unique_ptr<LoopServices> m_probeLoopServices;
     std::unique_ptr<ProbeViewModel> m_probe;
     std::map<QString, std::unique_ptr<QQuickWindow>> m_windows;
 };

@@ -3,6 +3,7 @@
 #include "Platform/ApplicationId.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Bus/SystemBus.h"
+#include "Platform/LoginItem/LoginItem.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
@@ -33,11 +34,17 @@ QIcon windowIcon()
 class LiveScenes final : public Scenes
 {
 public:
-    LiveScenes(SceneContext context, const Endpoints &endpoints)
-        : m_facilities(endpoints)
-        , m_scenes(std::move(context), menuBar())
+    LiveScenes(AppEnvironment &environment, Appearance &appearance, const Endpoints &endpoints)
+        : m_live(endpoints)
+        , m_scenes(environment, m_live.facilities(),
+                   {.appearance = appearance,
+                    .pasteboard = m_pasteboard,
+                    .systemSettings = m_systemSettings,
+                    .systemEvents = m_systemEvents,
+                    .loginItem = LoginItem::mainApp()})
     {
         QGuiApplication::setWindowIcon(windowIcon());
+        QObject::connect(&m_scenes, &QuickScenes::quitRequested, qApp, &QCoreApplication::quit);
     }
 
     void toggleMenuBarPanel(const QRect &anchor) override { m_scenes.toggleMenuBarPanel(anchor); }
@@ -47,36 +54,28 @@ public:
         if (identifier != u"probe8")
             return m_scenes.openWindow(identifier);
         // It tells at once which network there is, and a radio that is not read yet has none.
-        m_facilities.whenRadioIsRead(
-            &m_scenes, [this, identifier] { m_scenes.openRequestedWindow(identifier); });
+        m_live.whenRadioIsRead(&m_scenes,
+                               [this, identifier] { m_scenes.openRequestedWindow(identifier); });
         return true;
     }
 
 private:
-    [[nodiscard]] MenuBarFacilities menuBar()
-    {
-        auto facilities = m_facilities.menuBar();
-        facilities.pasteboard = &m_pasteboard;
-        facilities.systemSettings = &m_systemSettings;
-        facilities.systemEvents = &m_systemEvents;
-        return facilities;
-    }
-
     // The history follows what the terminal's commands store.
     SessionNotifications m_notifications{SessionBus::connection(), NotificationCenter::standard()};
-    LiveFacilities m_facilities;
+    LiveFacilities m_live;
     QtPasteboard m_pasteboard;
-    DesktopSystemSettings m_systemSettings;
+    DesktopSystemSettings m_systemSettings{QProcessEnvironment::systemEnvironment()};
     DBusSystemEvents m_systemEvents{SystemBus::connection()};
     QuickScenes m_scenes;
 };
 
 } // namespace
 
-std::unique_ptr<Scenes> QuickScenesPlugin::makeScenes(SceneContext context)
+std::unique_ptr<Scenes> QuickScenesPlugin::makeScenes(AppEnvironment &environment,
+                                                      Appearance &appearance)
 {
     const auto endpoints = Endpoints::read(QProcessEnvironment::systemEnvironment());
-    return std::make_unique<LiveScenes>(std::move(context), endpoints);
+    return std::make_unique<LiveScenes>(environment, appearance, endpoints);
 }
 
 } // namespace quorvel

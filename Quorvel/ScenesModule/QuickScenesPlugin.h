@@ -14,7 +14,8 @@ class QuickScenesPlugin final : public QObject, public ScenesPlugin
     Q_INTERFACES(quorvel::ScenesPlugin)
 
 public:
-    [[nodiscard]] std::unique_ptr<Scenes> makeScenes(SceneContext context) override;
+    [[nodiscard]] std::unique_ptr<Scenes> makeScenes(AppEnvironment &environment,
+                                                     Appearance &appearance) override;
 };
 
 } // namespace quorvel

@@ -1,6 +1,9 @@
 #include "Quorvel/TerminalModule/LiveTerminal.h"
 
+#include "Core/Support/AppError.h"
 #include "Platform/Bus/SessionBus.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 #include "Platform/NotificationCenter/SessionNotifications.h"
 #include "Quorvel/Endpoints.h"
 
@@ -32,39 +35,44 @@ private:
 
 } // namespace
 
-LiveTerminal::LiveTerminal(Terminal &terminal)
-    : m_terminal(terminal)
-    , m_saveObserver(NotificationCenter::standard().observe(checkInDidSave, [] {
+LiveTerminal::LiveTerminal()
+    : m_saveObserver(NotificationCenter::standard().observe(checkInDidSave, [] {
         SessionNotifications::announce(SessionBus::connection(), checkInDidSave);
     }))
 {}
 
-TerminalContext LiveTerminal::context()
-{
-    return {.terminal = m_terminal,
-            .repository = [this]() -> CheckInRepository & { return repository(); },
-            .loop = [this] { return loop(); },
-            .files = FileManager::standard(),
-            .clock = Clock::system()};
-}
-
 CheckInRepository &LiveTerminal::repository()
 {
     if (!m_environment)
-        m_environment.emplace();
+        m_environment.emplace(FileManager::standard(), Clock::system());
     if (const auto &error = m_environment->setupError())
         throw SetupError(*error);
     return *m_environment->checkInRepository();
 }
 
-MenuBarViewModel::Services LiveTerminal::loop()
+Services LiveTerminal::services()
 {
     if (!m_services) {
-        m_facilities.emplace(Endpoints::read(QProcessEnvironment::systemEnvironment()));
-        m_services.emplace(m_facilities->menuBar());
+        m_live.emplace(Endpoints::read(QProcessEnvironment::systemEnvironment()));
+        m_services.emplace(m_live->facilities());
         waitForRadio();
     }
-    return m_services->loop();
+    return m_services->roles();
+}
+
+const FileManager &LiveTerminal::fileManager()
+{
+    return FileManager::standard();
+}
+
+const Clock &LiveTerminal::clock()
+{
+    return Clock::system();
+}
+
+NotificationCenter &LiveTerminal::notificationCenter()
+{
+    return NotificationCenter::standard();
 }
 
 /// A panel is there long before its user looks; a command would be done before the network service
@@ -74,7 +82,7 @@ void LiveTerminal::waitForRadio()
     QEventLoop wait;
     QTimer::singleShot(radioLimit, &wait, &QEventLoop::quit);
     // Queued: the answer may be there before the loop is.
-    m_facilities->whenRadioIsRead(&wait, [&wait] {
+    m_live->whenRadioIsRead(&wait, [&wait] {
         QMetaObject::invokeMethod(&wait, &QEventLoop::quit, Qt::QueuedConnection);
     });
     wait.exec();

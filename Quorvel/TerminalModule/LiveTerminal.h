@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Core/DI/AppEnvironment.h"
-#include "Features/MenuBar/Loop/MenuBarServices.h"
-#include "Features/Terminal/TerminalContext.h"
+#include "Core/DI/LoopServices.h"
+#include "Features/Terminal/TerminalParts.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Quorvel/LiveFacilities.h"
 
@@ -10,26 +10,25 @@
 
 namespace quorvel {
 
-/// What the commands work with on this machine: each part made when a command first asks for it.
-class LiveTerminal final
+/// What the commands work with on this machine. It tells the session of every visit that is saved.
+class LiveTerminal final : public TerminalParts
 {
 public:
-    /// The terminal outlives this.
-    explicit LiveTerminal(Terminal &terminal);
+    LiveTerminal();
 
-    /// Living as long as this.
-    [[nodiscard]] TerminalContext context();
+    [[nodiscard]] CheckInRepository &repository() override;
+    [[nodiscard]] Services services() override;
+    [[nodiscard]] const FileManager &fileManager() override;
+    [[nodiscard]] const Clock &clock() override;
+    [[nodiscard]] NotificationCenter &notificationCenter() override;
 
 private:
-    [[nodiscard]] CheckInRepository &repository();
-    [[nodiscard]] MenuBarViewModel::Services loop();
     void waitForRadio();
 
-    Terminal &m_terminal;
     NotificationCenter::Observation m_saveObserver;
     std::optional<AppEnvironment> m_environment;
-    std::optional<LiveFacilities> m_facilities;
-    std::optional<MenuBarServices> m_services;
+    std::optional<LiveFacilities> m_live;
+    std::optional<LoopServices> m_services;
 };
 
 } // namespace quorvel

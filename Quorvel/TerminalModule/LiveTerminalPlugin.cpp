@@ -10,8 +10,8 @@ int LiveTerminalPlugin::run(const QStringList &arguments, Terminal &terminal)
 {
     int status = 0;
     {
-        LiveTerminal live(terminal);
-        status = int(TerminalCommands::run(arguments, live.context()));
+        LiveTerminal live;
+        status = int(TerminalCommands::run(arguments, terminal, live));
     }
     unwindAbandonedTasks();
     return status;

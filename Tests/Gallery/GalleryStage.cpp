@@ -30,16 +30,15 @@ QSizeF implicitSize(const QQuickItem &item)
 GalleryStage::GalleryStage(QQmlEngine &engine, QQuickItem &place)
     : m_engine(engine)
     , m_place(place)
-    , m_launchAtLogin({.isEnabled = [] { return true; }, .setEnabled = [](bool) {}})
 {
-    m_launchAtLogin.refresh();
+    m_world.loginItem.scriptedStatus = LoginItem::Status::Enabled;
 }
 
 GalleryStage::~GalleryStage() = default;
 
 void GalleryStage::openPanel()
 {
-    m_scene.emplace(m_world.roles());
+    m_scene.reset(new MenuBarScene(m_world.makeScene()));
     m_scene->appear();
     LoopWorld::settle();
 }
@@ -47,15 +46,14 @@ void GalleryStage::openPanel()
 void GalleryStage::showPanel()
 {
     put(ViewFactory::make(m_engine, u"MenuBar"_s, u"MenuBarRootView"_s,
-                          {{u"scene"_s, QVariant::fromValue(&*m_scene)},
-                           {u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}}),
+                          {{u"scene"_s, QVariant::fromValue(m_scene.get())}}),
         {}, 0);
 }
 
 void GalleryStage::showContent()
 {
     put(ViewFactory::make(m_engine, u"MenuBar"_s, u"PanelContent"_s,
-                          {{u"scene"_s, QVariant::fromValue(&*m_scene)}}),
+                          {{u"scene"_s, QVariant::fromValue(m_scene.get())}}),
         {panelWidth, contentHeight}, 0);
 }
 
@@ -70,7 +68,8 @@ void GalleryStage::showWifi()
 
 void GalleryStage::showHistory()
 {
-    m_history.emplace(m_historyWorld.roles(), m_historyWorld.center);
+    m_history.emplace(&m_historyWorld.repository, m_historyWorld.facilities,
+                      m_historyWorld.pasteboard, m_historyWorld.renderCard);
     m_history->appear();
     put(ViewFactory::make(m_engine, u"History"_s, u"HistoryView"_s,
                           {{u"screen"_s, QVariant::fromValue(&*m_history)}}),
@@ -91,9 +90,9 @@ QImage GalleryStage::cardPicture()
 
 void GalleryStage::showProbe()
 {
-    m_probe.emplace(m_probeWorld.roles());
+    m_probe.reset(new ProbeViewModel(m_probeWorld.makeViewModel()));
     put(ViewFactory::make(m_engine, u"Probes"_s, u"ProbeView"_s,
-                          {{u"probe"_s, QVariant::fromValue(&*m_probe)}}),
+                          {{u"probe"_s, QVariant::fromValue(m_probe.get())}}),
         probeSize, 0);
 }
 
@@ -129,7 +128,7 @@ void GalleryStage::keepAnswering()
         m_world.loop.willFindAll();
         m_world.willHear({{u"Cà phê Gió Sông"_s, -55}});
         m_world.loop.wifi.joins.willFail(AppError::network(u"refused"_s));
-        m_world.systemPasswords.passwords.willSucceed(std::nullopt);
+        m_world.loop.systemPasswords.passwords.willSucceed(std::nullopt);
         m_probeWorld.loop.willFindAll();
         m_probeWorld.willLocate(LoopWorld::home());
         m_probeWorld.places.calls.willSucceed(LoopWorld::found());

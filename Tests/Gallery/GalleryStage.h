@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Features/History/HistoryScreen.h"
-#include "Features/MenuBar/Panel/LaunchAtLoginToggle.h"
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelWorld.h"
@@ -73,10 +72,9 @@ private:
     PanelWorld m_world;
     HistoryWorld m_historyWorld;
     ProbeWorld m_probeWorld;
-    std::optional<MenuBarScene> m_scene;
+    std::unique_ptr<MenuBarScene> m_scene;
     std::optional<HistoryScreen> m_history;
-    std::optional<ProbeViewModel> m_probe;
-    LaunchAtLoginToggle m_launchAtLogin;
+    std::unique_ptr<ProbeViewModel> m_probe;
     std::unique_ptr<QQuickItem> m_view;
     qreal m_margin = 0;
 };

@@ -17,10 +17,7 @@ private slots:
     void init()
     {
         m_world.emplace();
-        m_probe.emplace(MenuBarViewModel::Services{m_world->location, m_world->places,
-                                                   m_world->weather, m_world->wifi,
-                                                   m_world->keychain},
-                        m_world->clock);
+        m_probe.emplace(m_world->services(), m_world->clock);
     }
     void cleanup() { m_probe.reset(); }
 

@@ -45,8 +45,8 @@ private slots:
     void theMembersBeginAsTheyShould()
     {
         m_world->wifi.ssid = u"Gió Sông 5G"_s;
-        m_world->status = AuthorizationStatus::Denied;
-        const ProbeViewModel probe(m_world->roles());
+        m_world->system.status = AuthorizationStatus::Denied;
+        const auto probe = m_world->makeViewModel();
         QCOMPARE(probe.authStatus(), AuthorizationStatus::Denied);
         QCOMPARE(probe.coordinates(), QString());
         QCOMPARE(probe.accuracy(), QString());
@@ -63,8 +63,8 @@ private slots:
     void theLaunchReadsTheNameThenTheStatusAndAsksNothing()
     {
         m_world->wifi.ssid = u"Gió Sông 5G"_s;
-        m_world->status = AuthorizationStatus::AuthorizedAlways;
-        const ProbeViewModel probe(m_world->roles());
+        m_world->system.status = AuthorizationStatus::AuthorizedAlways;
+        const auto probe = m_world->makeViewModel();
         QCOMPARE(told(probe), QStringList({u"+ SSID before Location: Gió Sông 5G"_s,
                                            u"  Auth status on launch: authorized ✅"_s}));
         QVERIFY(m_world->location.calls.isEmpty());
@@ -72,7 +72,7 @@ private slots:
 
     void aLaunchWithoutANetworkSaysSo()
     {
-        const ProbeViewModel probe(m_world->roles());
+        const auto probe = m_world->makeViewModel();
         QCOMPARE(probe.ssidBefore(), u"(nil)"_s);
         QCOMPARE(told(probe), QStringList({u"! SSID before Location: (nil)"_s,
                                            u"  Auth status on launch: notDetermined"_s}));
@@ -80,7 +80,7 @@ private slots:
 
     void linesAreNumbered()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.searchCafes();
         for (int number = 0; number < probe.logLines().size(); ++number)
             QCOMPARE(probe.logLines()[number].id(), number);
@@ -89,13 +89,13 @@ private slots:
     void aNameIsOneLineOfTheLog()
     {
         m_world->wifi.ssid = u"x\nAuth status on launch:\u2028y\u2029z\r"_s;
-        const ProbeViewModel probe(m_world->roles());
+        const auto probe = m_world->makeViewModel();
         QCOMPARE(told(probe).first(), u"+ SSID before Location: x Auth status on launch: y z "_s);
     }
 
     void locatingTellsEachStep()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         m_world->wifi.ssid = u"Gió Sông 5G"_s;
         m_world->location.authorize(AuthorizationStatus::AuthorizedAlways);
         m_world->location.holdLocation();
@@ -122,7 +122,7 @@ private slots:
 
     void aRefusalIsAnErrorAndTheNameIsReadAllTheSame()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         m_world->location.authorize(AuthorizationStatus::Denied);
         m_world->location.refuseLocation(AppError::locationDenied());
         probe.locate();
@@ -139,7 +139,7 @@ private slots:
 
     void aFixThatFailsForgetsTheLastOne()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         m_world->willLocate(seat);
         probe.locate();
         LoopWorld::settle();
@@ -155,7 +155,7 @@ private slots:
 
     void locatingTwiceIsLocatingOnce()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         m_world->location.holdAuthorization();
         probe.locate();
         LoopWorld::settle();
@@ -173,7 +173,7 @@ private slots:
 
     void searchingListsEachRowAsTheServiceGaveIt()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         locate(probe);
         const auto lines = probe.logLines().size();
         m_world->places.calls.willSucceed(LoopWorld::found());
@@ -193,7 +193,7 @@ private slots:
 
     void searchingWithoutAPositionIsAnError()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.searchCafes();
         QCOMPARE(toldSinceLaunch(probe),
                  QStringList(
@@ -203,7 +203,7 @@ private slots:
 
     void aSearchThatFailsIsAnErrorWithoutRows()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         locate(probe);
         search(probe);
         m_world->places.calls.willFail(AppError::network(u"no route"_s));
@@ -216,7 +216,7 @@ private slots:
 
     void searchingTwiceIsSearchingOnce()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         locate(probe);
         m_world->places.calls.willHold();
         probe.searchCafes();
@@ -232,7 +232,7 @@ private slots:
         for (int day = 1; day <= 6; ++day)
             m_world->visit(u"2026-11-0%1T08:05:00Z"_s.arg(day), u"Café %1"_s.arg(day));
         m_world->repository.visits.back()->setCafe(nullptr);
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.readCheckIns();
         probe.readCheckIns();
         QCOMPARE(probe.checkInCount(), 6);
@@ -247,7 +247,7 @@ private slots:
 
     void fewerCheckInsThanFiveAreAll()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.readCheckIns();
         QCOMPARE(toldSinceLaunch(probe),
                  QStringList({u"# Check-ins"_s, u"+ 0 check-in(s) stored"_s}));
@@ -257,7 +257,7 @@ private slots:
     {
         m_world->repository.failing = {u"allCheckIns"_s};
         m_world->repository.failure = u"The disk does not answer."_s;
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.readCheckIns();
         QCOMPARE(told(probe).last(), u"! The disk does not answer."_s);
     }
@@ -265,7 +265,7 @@ private slots:
     void aStoreThatIsNotOpenSaysWhy()
     {
         m_world->setupError = u"Read-only folder."_s;
-        ProbeViewModel probe(m_world->roles(ProbeWorld::Store::Absent));
+        auto probe = m_world->makeViewModel(ProbeWorld::Store::Absent);
         probe.readCheckIns();
         QCOMPARE(told(probe).last(), u"! The store is not open: Read-only folder."_s);
     }
@@ -274,7 +274,7 @@ private slots:
     {
         m_world->wifi.ssid = u"Gió Sông 5G"_s;
         m_world->visit(u"2026-11-06T08:05:00Z"_s, u"Sân Trong"_s);
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         locate(probe);
         search(probe);
         probe.readCheckIns();
@@ -282,8 +282,8 @@ private slots:
         probe.searchCafes();
         LoopWorld::settle();
         probe.copyLog();
-        QCOMPARE(m_world->pasteboard.calls, QStringList(u"text"_s));
-        QCOMPARE(m_world->pasteboard.text,
+        QCOMPARE(m_world->system.pasteboard.calls, QStringList(u"text"_s));
+        QCOMPARE(m_world->system.pasteboard.text,
                  u"Quorvel diagnostics, without names and with rounded coordinates\n"
                  "SSID before Location: (left out)\n"
                  "Auth status on launch: notDetermined\n"
@@ -309,14 +309,14 @@ private slots:
 
     void whatIsNotThereIsNotLeftOut()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.copyLog();
-        QVERIFY(m_world->pasteboard.text.contains(u"SSID before Location: (nil)\n"_s));
+        QVERIFY(m_world->system.pasteboard.text.contains(u"SSID before Location: (nil)\n"_s));
     }
 
     void copyingIsTold()
     {
-        ProbeViewModel probe(m_world->roles());
+        auto probe = m_world->makeViewModel();
         probe.copyLog();
         QCOMPARE(told(probe).last(),
                  u"+ Log copied, without names and with coordinates rounded to about a "
@@ -325,7 +325,7 @@ private slots:
 
     void anActionOutlivesItsProbeInSilence()
     {
-        auto probe = std::make_unique<ProbeViewModel>(m_world->roles());
+        auto probe = std::unique_ptr<ProbeViewModel>(new ProbeViewModel(m_world->makeViewModel()));
         locate(*probe);
         m_world->places.calls.willHold();
         m_world->location.holdAuthorization();
@@ -342,7 +342,7 @@ private slots:
 
     void aFixThatComesTooLateIsDropped()
     {
-        auto probe = std::make_unique<ProbeViewModel>(m_world->roles());
+        auto probe = std::unique_ptr<ProbeViewModel>(new ProbeViewModel(m_world->makeViewModel()));
         m_world->location.authorize(AuthorizationStatus::AuthorizedAlways);
         m_world->location.holdLocation();
         probe->locate();

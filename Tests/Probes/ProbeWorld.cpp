@@ -1,28 +1,15 @@
 #include "Tests/Probes/ProbeWorld.h"
 
-#include "Platform/Location/FakeLocationManager.h"
-
 namespace quorvel::tests {
 
 ProbeWorld::ProbeWorld() = default;
 ProbeWorld::~ProbeWorld() = default;
 
-ProbeRoles ProbeWorld::roles(Store store)
+ProbeViewModel ProbeWorld::makeViewModel(Store store)
 {
-    return {.makeLocationManager =
-                [this] {
-                    auto manager = std::make_unique<FakeLocationManager>();
-                    manager->status = status;
-                    return manager;
-                },
-            .locationService = location,
-            .wifiService = wifi,
-            .placesService = places,
-            .repository = store == Store::Present ? &repository : nullptr,
-            .setupError = store == Store::Present ? QString() : setupError,
-            .loop = loop.services(),
-            .pasteboard = pasteboard,
-            .clock = loop.clock};
+    const bool isOpen = store == Store::Present;
+    return ProbeViewModel(services(), loop.services(), isOpen ? &repository : nullptr,
+                          isOpen ? QString() : setupError, system.facilities, system.pasteboard);
 }
 
 void ProbeWorld::willLocate(const Location &where)

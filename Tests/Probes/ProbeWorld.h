@@ -1,33 +1,30 @@
 #pragma once
 
 #include "Core/Persistence/FakeCheckInRepository.h"
-#include "Platform/Pasteboard/FakePasteboard.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
-#include "_Probes/ProbeRoles.h"
+#include "Tests/Support/Services/FakeServices.h"
+#include "Tests/Support/Services/QuietFacilities.h"
+#include "_Probes/ProbeViewModel.h"
 
 namespace quorvel::tests {
 
-/// Fakes of everything that the diagnostics use. It outlives them.
-struct ProbeWorld
+/// Fakes of everything that the diagnostics use; the services are those of the actions. It outlives
+/// them.
+struct ProbeWorld : FakeServices
 {
     enum class Store { Absent, Present };
 
     ProbeWorld();
     ~ProbeWorld();
-    Q_DISABLE_COPY_MOVE(ProbeWorld)
 
-    [[nodiscard]] ProbeRoles roles(Store store = Store::Present);
+    [[nodiscard]] ProbeViewModel makeViewModel(Store store = Store::Present);
 
     void willLocate(const Location &where);
     void visit(const QString &time, const QString &cafe);
 
-    AuthorizationStatus status = AuthorizationStatus::NotDetermined;
-    FakeLocationService location;
-    FakeWifiService wifi;
-    FakePlacesService places;
+    QuietFacilities system;
     FakeCheckInRepository repository;
     QString setupError;
-    FakePasteboard pasteboard;
     LoopWorld loop;
 };
 

@@ -13,7 +13,8 @@ ALLOWED = {
     "Core/Persistence": ("Core/Support", "Models", "Platform"),
     "Services": ("Core/Support", "Models", "Platform"),
     "Core/DesignSystem": ("Core/Support", "Models", "Platform"),
-    "Core/DI": ("Core/Keychain", "Core/Persistence", "Core/Support", "Models", "Platform"),
+    "Core/DI": (
+        "Services", "Core/Keychain", "Core/Persistence", "Core/Support", "Models", "Platform"),
     "Features": ("Core", "Services", "Models", "Platform"),
     "_Probes": ("Features", "Core", "Services", "Models", "Platform"),
     "Quorvel": ("_Probes", "Features", "Core", "Services", "Models", "Platform"),

@@ -4,8 +4,8 @@
 
 namespace quorvel {
 
-MenuBarViewModelProbe::MenuBarViewModelProbe(const MenuBarViewModel::Services &services,
-                                             const Clock &clock, QObject *parent)
+MenuBarViewModelProbe::MenuBarViewModelProbe(const Services &services, const Clock &clock,
+                                             QObject *parent)
     : QObject(parent)
     , m_vm(services, clock)
 {

@@ -18,8 +18,7 @@ class MenuBarViewModelProbe final : public QObject
     Q_PROPERTY(QString text READ text NOTIFY changed)
 
 public:
-    MenuBarViewModelProbe(const MenuBarViewModel::Services &services, const Clock &clock,
-                          QObject *parent = nullptr);
+    MenuBarViewModelProbe(const Services &services, const Clock &clock, QObject *parent = nullptr);
 
     /// As if the panel opened; pressed twice, the second ends the load of the first.
     Q_INVOKABLE void run();

@@ -1,8 +1,10 @@
 #include "Features/History/Visit/VisitDetail.h"
 
+#include "Core/Persistence/CheckInPhotoStore.h"
 #include "Features/History/Card/VisitBanner.h"
 #include "Features/History/Share/VisitPicture.h"
 #include "Features/History/Visit/VisitPhoto.h"
+#include "Features/History/Visit/VisitWifiQR.h"
 #include "Platform/Clock/Clock.h"
 #include "Services/Share/ShareSlug.h"
 
@@ -20,21 +22,22 @@ std::optional<QString> ssidOf(const CheckIn &checkIn)
 
 } // namespace
 
-VisitDetail::VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &roles,
-                         QObject *parent)
+VisitDetail::VisitDetail(std::shared_ptr<CheckIn> checkIn, const Facilities &facilities,
+                         Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent)
     : QObject(parent)
-    , m_roles(roles)
+    , m_facilities(facilities)
+    , m_renderCard(std::move(renderCard))
     , m_checkIn(std::move(checkIn))
-    , m_card(VisitCard::of(*m_checkIn, roles.clock.calendar(), roles.clock.locale()))
+    , m_card(VisitCard::of(*m_checkIn, facilities.clock.calendar(), facilities.clock.locale()))
     , m_share({.slug = [this] { return shareSlug(); }, .picture = [this] { return picture(); }},
-              roles.pasteboard, roles.fileManager)
+              pasteboard, facilities.fileManager)
 {}
 
 void VisitDetail::load()
 {
-    spawn(loadPhoto(this,
-                    VisitPhoto::load(m_roles.photoStore, m_checkIn->photoFilename(), photoArea)));
-    spawn(loadWifiQR(this, VisitWifiQR::load(ssidOf(*m_checkIn), m_roles.makeKeychain)));
+    const CheckInPhotoStore photos(m_facilities.fileManager);
+    spawn(loadPhoto(this, VisitPhoto::load(photos, m_checkIn->photoFilename(), photoArea)));
+    spawn(loadWifiQR(this, VisitWifiQR::load(ssidOf(*m_checkIn), m_facilities.makeKeychain)));
 }
 
 Task<> VisitDetail::loadPhoto(QPointer<VisitDetail> self, Task<Picture> photo)
@@ -57,13 +60,12 @@ Task<> VisitDetail::loadWifiQR(QPointer<VisitDetail> self, Task<Picture> wifiQR)
 
 QString VisitDetail::shareSlug() const
 {
-    return ShareSlug::of(*m_checkIn, m_roles.clock.calendar());
+    return ShareSlug::of(*m_checkIn, m_facilities.clock.calendar());
 }
 
 VisitShare::Picture VisitDetail::picture()
 {
-    return {.image = m_roles.renderCard(*this),
-            .secrecy = hasWifiQR() ? Secrecy::Secret : Secrecy::Open};
+    return {.image = m_renderCard(*this), .secrecy = hasWifiQR() ? Secrecy::Secret : Secrecy::Open};
 }
 
 } // namespace quorvel

@@ -1,13 +1,18 @@
 #pragma once
 
+#include "Core/DI/Facilities.h"
 #include "Features/History/Card/VisitCard.h"
-#include "Features/History/HistoryRoles.h"
 #include "Features/History/Share/VisitShare.h"
 
 #include <QImage>
 #include <QPointer>
 
 namespace quorvel {
+
+class VisitDetail;
+
+/// Draws the card of an open visit as it is shown; null when it cannot.
+using CardRenderer = std::function<QImage(VisitDetail &)>;
 
 /// A visit that is open, for its view: the card in words, which is there at once, and its pictures,
 /// which come when they are loaded. Of the Wi-Fi's password it has nothing but the code.
@@ -21,8 +26,9 @@ class VisitDetail final : public QObject
     Q_PROPERTY(quorvel::VisitShare *share READ share CONSTANT)
 
 public:
-    VisitDetail(std::shared_ptr<CheckIn> checkIn, const HistoryRoles &roles,
-                QObject *parent = nullptr);
+    /// The facilities and the pasteboard outlive the visit's view model.
+    VisitDetail(std::shared_ptr<CheckIn> checkIn, const Facilities &facilities,
+                Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent = nullptr);
 
     /// Once, when the visit is shown. Answers that come after this is gone go nowhere.
     void load();
@@ -48,7 +54,8 @@ private:
     [[nodiscard]] QString shareSlug() const;
     [[nodiscard]] VisitShare::Picture picture();
 
-    HistoryRoles m_roles;
+    const Facilities &m_facilities;
+    CardRenderer m_renderCard;
     std::shared_ptr<CheckIn> m_checkIn;
     VisitCard m_card;
     QImage m_photoImage;

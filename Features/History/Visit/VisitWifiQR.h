@@ -1,20 +1,14 @@
 #pragma once
 
 #include "Core/Support/Tasks/Task.h"
+#include "Platform/Keychain/Keychain.h"
 
 #include <QImage>
 #include <QString>
 
-#include <functional>
-#include <memory>
 #include <optional>
 
 namespace quorvel {
-
-class Keychain;
-
-/// Makes a keychain for the thread that it is called on.
-using KeychainMaker = std::function<std::unique_ptr<Keychain>()>;
 
 /// The code that a visit's card has for who wants to join its Wi-Fi.
 namespace VisitWifiQR {

@@ -1,8 +1,12 @@
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
 #include "Core/Keychain/KeychainError.h"
+#include "Core/Keychain/KeychainStore.h"
 #include "Platform/Geodesy/DistanceMeters.h"
+#include "Services/Location/LocationService.h"
 #include "Services/Places/PlacesRanking.h"
+#include "Services/Places/PlacesService.h"
+#include "Services/Weather/WeatherService.h"
 
 #include <QPointer>
 

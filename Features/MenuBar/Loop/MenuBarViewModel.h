@@ -1,13 +1,12 @@
 #pragma once
 
-#include "Core/Keychain/KeychainStore.h"
+#include "Core/DI/Services.h"
+#include "Core/Support/Tasks/Task.h"
 #include "Core/Support/ViewState.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Features/MenuBar/Loop/MenuBarInput.h"
 #include "Platform/Clock/Clock.h"
-#include "Services/Location/LocationService.h"
-#include "Services/Places/PlacesService.h"
-#include "Services/Weather/WeatherService.h"
+#include "Platform/Location/Location.h"
 
 #include <QObject>
 
@@ -23,18 +22,8 @@ class MenuBarViewModel final : public QObject
     Q_OBJECT
 
 public:
-    /// What the loop asks; all of it outlives the view model.
-    struct Services
-    {
-        LocationService &location;
-        PlacesService &places;
-        WeatherService &weather;
-        WifiService &wifi;
-        KeychainStore &keychain;
-    };
-
-    explicit MenuBarViewModel(const Services &services, const Clock &clock = Clock::system(),
-                              QObject *parent = nullptr);
+    /// The clock outlives the view model.
+    MenuBarViewModel(const Services &services, const Clock &clock, QObject *parent = nullptr);
     ~MenuBarViewModel() override;
 
     /// Ends the load that runs, and acts in a turn of the event loop of its own: the newest input

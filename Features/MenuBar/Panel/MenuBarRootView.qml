@@ -9,7 +9,6 @@ FocusScope {
     id: root
 
     required property MenuBarScene scene
-    required property LaunchAtLoginToggle launchAtLogin
     // What the screen has room for.
     property real maximumHeight: 2000
     readonly property real contentHeight: 540
@@ -65,7 +64,7 @@ FocusScope {
         PanelFooter {
             id: footer
 
-            launchAtLogin: root.launchAtLogin
+            scene: root.scene
             width: parent.width
 
             onQuitRequested: root.quitRequested()

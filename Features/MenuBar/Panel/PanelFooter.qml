@@ -8,7 +8,7 @@ import Quorvel.MenuBar
 Column {
     id: root
 
-    required property LaunchAtLoginToggle launchAtLogin
+    required property MenuBarScene scene
 
     signal quitRequested
 
@@ -19,11 +19,11 @@ Column {
     topPadding: 8
 
     ToggleRow {
-        checked: root.launchAtLogin.enabled
+        checked: root.scene.launchAtLoginEnabled
         label: "Launch at Login"
         width: root.width - 16
 
-        onToggled: checked => root.launchAtLogin.setEnabled(checked)
+        onToggled: checked => root.scene.setLaunchAtLogin(checked)
     }
 
     RowButton {

@@ -127,21 +127,21 @@ Ending submit(CheckInViewModel &form, const LocatedSnapshot &snapshot)
             .complaint = LocatedTexts::note(snapshot, form.hasCheckedInToday())};
 }
 
-Ending checkIn(const WorkRatings &ratings, const CommandArguments &arguments,
-               const TerminalContext &context)
+Ending checkIn(const WorkRatings &ratings, const CommandArguments &arguments, Terminal &terminal,
+               TerminalParts &parts)
 {
     // Order: what cannot be stored is not looked for.
-    CheckInRepository &repository = context.repository();
-    const auto loop = context.loop();
-    MenuBarViewModel viewModel(loop, context.clock);
-    const State state = locateOnce(viewModel, context.terminal);
+    CheckInRepository &repository = parts.repository();
+    const auto services = parts.services();
+    MenuBarViewModel viewModel(services, parts.clock());
+    const State state = locateOnce(viewModel, terminal);
     if (const auto *error = state.errorValue())
         return {.status = ExitStatus::LocationDenied, .complaint = error->errorDescription()};
     const auto wanted = arguments.value(u"--cafe"_s);
     const auto chosen = choose(viewModel, *state.loadedValue(), wanted);
     if (!chosen)
         return {.status = ExitStatus::NoCafe, .complaint = whyNoCafe(*state.loadedValue(), wanted)};
-    CheckInViewModel form(repository, loop.keychain, context.clock);
+    CheckInViewModel form(repository, services.keychain, parts.clock(), parts.notificationCenter());
     form.setRatings(ratings);
     form.setNote(arguments.value(u"--note"_s).value_or(QString()));
     return submit(form, *chosen);
@@ -181,16 +181,16 @@ const CommandSyntax &syntax()
     return syntax;
 }
 
-ExitStatus run(const CommandArguments &arguments, const TerminalContext &context)
+ExitStatus run(const CommandArguments &arguments, Terminal &terminal, TerminalParts &parts)
 {
-    const auto ending = checkIn(ratingsOf(arguments), arguments, context);
+    const auto ending = checkIn(ratingsOf(arguments), arguments, terminal, parts);
     if (!ending.complaint.isEmpty())
-        complain(context.terminal, ending.complaint);
+        complain(terminal, ending.complaint);
     if (arguments.has(u"--json"_s)) {
-        context.terminal.print(jsonOf(ending));
+        terminal.print(jsonOf(ending));
     } else if (ending.status == ExitStatus::Done) {
         const QString name = PrintableText::line(ending.cafe->name);
-        context.terminal.print(u"Checked in at %1.\n"_s.arg(name).toUtf8());
+        terminal.print(u"Checked in at %1.\n"_s.arg(name).toUtf8());
     }
     return ending.status;
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Features/Terminal/CommandArguments.h"
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
+#include "Features/Terminal/TerminalParts.h"
 
 /// "quorvel check-in": a visit from the terminal, as the form would store it.
 namespace quorvel::CheckInCommand {
@@ -9,6 +10,7 @@ namespace quorvel::CheckInCommand {
 [[nodiscard]] const CommandSyntax &syntax();
 
 /// Throws LocalizedError.
-[[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
+[[nodiscard]] ExitStatus run(const CommandArguments &arguments, Terminal &terminal,
+                             TerminalParts &parts);
 
 } // namespace quorvel::CheckInCommand

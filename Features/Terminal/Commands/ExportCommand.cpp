@@ -63,16 +63,15 @@ const CommandSyntax &syntax()
     return syntax;
 }
 
-ExitStatus run(const CommandArguments &arguments, const TerminalContext &context)
+ExitStatus run(const CommandArguments &arguments, Terminal &terminal, TerminalParts &parts)
 {
     const auto format = formatOf(arguments);
     const auto path = outputOf(arguments);
-    const Visits visits = context.repository().allCheckIns();
+    const Visits visits = parts.repository().allCheckIns();
     if (path)
-        writeFile(visits, format, *path, context.files);
+        writeFile(visits, format, *path, parts.fileManager());
     else
-        VisitExport::write(visits, format,
-                           [&](QByteArrayView piece) { context.terminal.print(piece); });
+        VisitExport::write(visits, format, [&](QByteArrayView piece) { terminal.print(piece); });
     return ExitStatus::Done;
 }
 

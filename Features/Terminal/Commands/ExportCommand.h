@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Features/Terminal/CommandArguments.h"
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
+#include "Features/Terminal/TerminalParts.h"
 
 /// "quorvel export": all visits as a file for other programs.
 namespace quorvel::ExportCommand {
@@ -9,6 +10,7 @@ namespace quorvel::ExportCommand {
 [[nodiscard]] const CommandSyntax &syntax();
 
 /// Throws LocalizedError.
-[[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
+[[nodiscard]] ExitStatus run(const CommandArguments &arguments, Terminal &terminal,
+                             TerminalParts &parts);
 
 } // namespace quorvel::ExportCommand

@@ -72,15 +72,15 @@ QString visitLines(const CheckIn &visit, const Calendar &calendar, const QLocale
     return lines;
 }
 
-void print(const HistoryViewModel::Sections &sections, const TerminalContext &context)
+void print(const HistoryViewModel::Sections &sections, const Clock &clock, Terminal &terminal)
 {
-    const Calendar calendar = context.clock.calendar();
-    const QLocale locale = context.clock.locale();
+    const Calendar calendar = clock.calendar();
+    const QLocale locale = clock.locale();
     for (const HistorySection &section : sections) {
         QString text = u'\n' + PrintableText::line(section.title) + u'\n';
         for (const auto &visit : section.checkIns)
             text += visitLines(*visit, calendar, locale);
-        context.terminal.print(text.toUtf8());
+        terminal.print(text.toUtf8());
     }
 }
 
@@ -107,20 +107,20 @@ const CommandSyntax &syntax()
     return syntax;
 }
 
-ExitStatus run(const CommandArguments &arguments, const TerminalContext &context)
+ExitStatus run(const CommandArguments &arguments, Terminal &terminal, TerminalParts &parts)
 {
-    const auto start = startOf(arguments.value(u"--since"_s), context.clock.calendar());
-    HistoryViewModel viewModel(context.repository(), context.clock);
+    const auto start = startOf(arguments.value(u"--since"_s), parts.clock().calendar());
+    HistoryViewModel viewModel(parts.repository(), parts.clock(), parts.notificationCenter());
     auto sections = sectionsOf(viewModel);
     if (start)
         dropBefore(sections, *start);
     if (arguments.has(u"--json"_s)) {
         VisitExport::write(visitsOf(sections), VisitExport::Format::Json,
-                           [&](QByteArrayView piece) { context.terminal.print(piece); });
+                           [&](QByteArrayView piece) { terminal.print(piece); });
         return ExitStatus::Done;
     }
-    context.terminal.print(headOf(viewModel, sections).toUtf8());
-    print(sections, context);
+    terminal.print(headOf(viewModel, sections).toUtf8());
+    print(sections, parts.clock(), terminal);
     return ExitStatus::Done;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "Features/Terminal/CommandArguments.h"
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
+#include "Features/Terminal/TerminalParts.h"
 
 /// "quorvel history": the visits, newest first.
 namespace quorvel::HistoryCommand {
@@ -9,6 +10,7 @@ namespace quorvel::HistoryCommand {
 [[nodiscard]] const CommandSyntax &syntax();
 
 /// Throws LocalizedError.
-[[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
+[[nodiscard]] ExitStatus run(const CommandArguments &arguments, Terminal &terminal,
+                             TerminalParts &parts);
 
 } // namespace quorvel::HistoryCommand

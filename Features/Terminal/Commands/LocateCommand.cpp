@@ -85,16 +85,16 @@ const CommandSyntax &syntax()
     return syntax;
 }
 
-ExitStatus run(const CommandArguments &arguments, const TerminalContext &context)
+ExitStatus run(const CommandArguments &arguments, Terminal &terminal, TerminalParts &parts)
 {
-    MenuBarViewModel viewModel(context.loop(), context.clock);
-    const auto state = locateOnce(viewModel, context.terminal);
+    MenuBarViewModel viewModel(parts.services(), parts.clock());
+    const auto state = locateOnce(viewModel, terminal);
     if (arguments.has(u"--json"_s))
-        context.terminal.print(PrintableText::json(LocatedJson::result(state)) + '\n');
+        terminal.print(PrintableText::json(LocatedJson::result(state)) + '\n');
     else if (const auto *snapshot = state.loadedValue())
-        context.terminal.print(textOf(*snapshot).toUtf8());
+        terminal.print(textOf(*snapshot).toUtf8());
     if (const auto *error = state.errorValue())
-        complain(context.terminal, error->errorDescription());
+        complain(terminal, error->errorDescription());
     return statusOf(state);
 }
 

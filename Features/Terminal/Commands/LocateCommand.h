@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Core/Support/ViewState.h"
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Features/Terminal/CommandArguments.h"
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
+#include "Features/Terminal/TerminalParts.h"
 
 /// "quorvel locate": the daily loop without a window.
 namespace quorvel::LocateCommand {
@@ -9,6 +12,7 @@ namespace quorvel::LocateCommand {
 [[nodiscard]] const CommandSyntax &syntax();
 
 /// Throws LocalizedError.
-[[nodiscard]] ExitStatus run(const CommandArguments &arguments, const TerminalContext &context);
+[[nodiscard]] ExitStatus run(const CommandArguments &arguments, Terminal &terminal,
+                             TerminalParts &parts);
 
 } // namespace quorvel::LocateCommand

@@ -17,7 +17,7 @@ const QString ssid = u"Quán Cà Phê"_s;
 /// Executes one order. Never prints a password.
 QByteArray answerTo(const std::string &order, QString &saved)
 {
-    SecItemKeychainStore store{QString(SecItemKeychainStore::wifiService)};
+    SecItemKeychainStore store(SecItemKeychainStore::wifiService, Keychain::standard());
     const auto blank = order.find(' ');
     if (order.starts_with("save ")) {
         saved = QString::fromStdString(order.substr(blank + 1));

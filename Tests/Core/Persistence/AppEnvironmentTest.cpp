@@ -2,6 +2,7 @@
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Platform/Clock/FakeClock.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 #include "Platform/ObjectStore/StoreError.h"
@@ -20,6 +21,8 @@ using namespace Qt::StringLiterals;
 namespace quorvel::tests {
 
 namespace {
+
+const FakeClock clock{Instant()};
 
 bool hasPrivateMounts = false;
 
@@ -100,7 +103,7 @@ private slots:
     void aFirstStartMakesTheFolderAndTheStore()
     {
         const User user;
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QVERIFY(environment.checkInRepository());
         QCOMPARE(environment.setupError(), std::optional<QString>());
         QCOMPARE(modeOf(user.folder), 0700);
@@ -111,11 +114,11 @@ private slots:
     {
         const User user;
         {
-            const AppEnvironment first(user.fileManager);
+            const AppEnvironment first(user.fileManager, clock);
             auto &repository = *first.checkInRepository();
             repository.save(visit(repository, u"kept"_s));
         }
-        const AppEnvironment second(user.fileManager);
+        const AppEnvironment second(user.fileManager, clock);
         QCOMPARE(second.setupError(), std::optional<QString>());
         QCOMPARE(second.checkInRepository()->allCheckIns().size(), 1u);
     }
@@ -123,7 +126,7 @@ private slots:
     void theRepositoryKnowsThePhotoFolder()
     {
         const User user;
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         const auto *repository =
             dynamic_cast<SwiftDataCheckInRepository *>(environment.checkInRepository());
         QVERIFY(repository);
@@ -135,7 +138,7 @@ private slots:
     void theStoreRecordsItsVersion()
     {
         const User user;
-        (void)AppEnvironment(user.fileManager);
+        (void)AppEnvironment(user.fileManager, clock);
         SQLite::Database database(user.store.toStdString());
         QCOMPARE(database.execAndGet("PRAGMA user_version").getInt(), 1'000'000);
     }
@@ -144,7 +147,7 @@ private slots:
     {
         const FakeFileManager fileManager({u"/nowhere"_s});
         SwiftDataCheckInRepository repository(AppModelContainer::make(InMemory::Yes, fileManager),
-                                              CheckInPhotoStore(fileManager));
+                                              CheckInPhotoStore(fileManager), clock);
         repository.save(visit(repository, u"fleeting"_s));
         QCOMPARE(repository.allCheckIns().size(), 1u);
         QVERIFY(fileManager.createdRoots.isEmpty());
@@ -174,7 +177,7 @@ private slots:
         FakeFileManager fileManager({u"/nowhere"_s});
         fileManager.failures.insert(path,
                                     FileError(FileError::Operation::CreateFolder, path, ENOSPC));
-        const AppEnvironment environment(fileManager);
+        const AppEnvironment environment(fileManager, clock);
         QVERIFY(!environment.checkInRepository());
         QCOMPARE(environment.setupError(),
                  std::optional(
@@ -187,7 +190,7 @@ private slots:
             QSKIP("the kernel lets this user mount nothing");
         const User user;
         const Mount disk(user.support, MS_RDONLY);
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QVERIFY(!environment.checkInRepository());
         QCOMPARE(environment.setupError(),
                  std::optional(u"The folder “%1” could not be created: Read-only file system"_s.arg(
@@ -200,9 +203,9 @@ private slots:
             QSKIP("the kernel lets this user mount nothing");
         const User user;
         const Mount disk(user.support, 0);
-        (void)AppEnvironment(user.fileManager);
+        (void)AppEnvironment(user.fileManager, clock);
         disk.makeReadOnly();
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QVERIFY(!environment.checkInRepository());
         QCOMPARE(environment.setupError(),
                  std::optional(u"The store “%1” could not be opened: Read-only file system."_s.arg(
@@ -215,7 +218,7 @@ private slots:
             QSKIP("the kernel lets this user mount nothing");
         const User user;
         const Mount disk(user.support, 0);
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         auto &repository = *environment.checkInRepository();
         repository.save(visit(repository, u"before"_s));
         const auto large = visit(repository, QString(700'000, u'x'));
@@ -250,14 +253,14 @@ private slots:
         const QString ballast = user.support + u"/ballast"_s;
         write(ballast, QByteArray(1'020'000, 'x'));
         {
-            const AppEnvironment environment(user.fileManager);
+            const AppEnvironment environment(user.fileManager, clock);
             QVERIFY(!environment.checkInRepository());
             QCOMPARE(environment.setupError(),
                      std::optional(u"The store “%1” could not be opened: The disk could not be "
                                    u"read or written."_s.arg(user.store)));
         }
         QVERIFY(QFile::remove(ballast));
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QCOMPARE(environment.setupError(), std::optional<QString>());
     }
 
@@ -267,7 +270,7 @@ private slots:
         user.makeFolder();
         const auto garbage = QByteArray("not a store ").repeated(1000);
         write(user.store, garbage);
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QVERIFY(!environment.checkInRepository());
         QCOMPARE(
             environment.setupError(),
@@ -280,10 +283,10 @@ private slots:
     void aStoreOfANewerVersionIsTheSetupError()
     {
         const User user;
-        (void)AppEnvironment(user.fileManager);
+        (void)AppEnvironment(user.fileManager, clock);
         SQLite::Database(user.store.toStdString(), SQLite::OPEN_READWRITE)
             .exec("PRAGMA user_version = 1001000");
-        const AppEnvironment environment(user.fileManager);
+        const AppEnvironment environment(user.fileManager, clock);
         QVERIFY(!environment.checkInRepository());
         QVERIFY(environment.setupError()->contains(u"newer version"_s));
         QVERIFY(environment.setupError()->contains(u"1.1.0"_s));

@@ -55,7 +55,7 @@ int main(int argumentCount, char **arguments)
         return 2;
     const XdgFileManager files({.dataHome = QFile::decodeName(arguments[1])});
     SwiftDataCheckInRepository repository(AppModelContainer::make(InMemory::No, files),
-                                          CheckInPhotoStore(files));
+                                          CheckInPhotoStore(files), Clock::system());
     int number = 0;
     while (checkIn(repository, number))
         ++number;

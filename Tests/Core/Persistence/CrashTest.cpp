@@ -52,7 +52,7 @@ QSet<QUuid> storedIds(const QString &dataFolder)
 {
     const XdgFileManager files({.dataHome = dataFolder});
     SwiftDataCheckInRepository repository(AppModelContainer::make(InMemory::No, files),
-                                          CheckInPhotoStore(files));
+                                          CheckInPhotoStore(files), Clock::system());
     QSet<QUuid> ids;
     for (const auto &checkIn : repository.allCheckIns())
         ids.insert(checkIn->id());

@@ -96,16 +96,17 @@ private slots:
         QFAIL("the error did not arrive");
     }
 
-    void theProcessOwnItemIsTheDefault()
+    void theItemOfThisProcessIsSwitchedToo()
     {
         const QTemporaryDir config;
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
-        QVERIFY(!LaunchAtLogin::isEnabled());
-        LaunchAtLogin::setEnabled(true);
-        QVERIFY(LaunchAtLogin::isEnabled());
+        auto &item = LoginItem::mainApp();
+        QVERIFY(!LaunchAtLogin::isEnabled(item));
+        LaunchAtLogin::setEnabled(true, item);
+        QVERIFY(LaunchAtLogin::isEnabled(item));
         QVERIFY(QFile::exists(config.filePath(u"autostart/com.zantho.quorvel.desktop"_s)));
-        LaunchAtLogin::setEnabled(false);
-        QVERIFY(!LaunchAtLogin::isEnabled());
+        LaunchAtLogin::setEnabled(false, item);
+        QVERIFY(!LaunchAtLogin::isEnabled(item));
     }
 };
 

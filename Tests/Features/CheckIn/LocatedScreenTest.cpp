@@ -2,7 +2,6 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
-#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QQmlComponent>
@@ -20,16 +19,10 @@ struct World
 {
     LoopWorld loop;
     FakeCheckInRepository repository;
-    FakeSystemWifiPasswordReader reader;
     FakePasteboard pasteboard;
     NotificationCenter center;
     CheckInViewModel form{repository, loop.keychain, loop.clock, center};
-    LocatedScreen screen{*loop.viewModel,
-                         form,
-                         {.keychainStore = loop.keychain,
-                          .systemPasswordReader = reader,
-                          .wifiService = loop.wifi,
-                          .pasteboard = pasteboard}};
+    LocatedScreen screen{*loop.viewModel, form, loop.services(), pasteboard};
 };
 
 } // namespace
@@ -77,7 +70,8 @@ private slots:
     void aScreenMadeLateShowsWhatIsThere()
     {
         load();
-        const LocatedScreen late(*m_world->loop.viewModel, m_world->form, inputs());
+        const LocatedScreen late(*m_world->loop.viewModel, m_world->form, m_world->loop.services(),
+                                 m_world->pasteboard);
         QCOMPARE(late.title(), u"Near"_s);
     }
 
@@ -280,13 +274,6 @@ private slots:
 
 private:
     [[nodiscard]] LocatedScreen &screen() { return m_world->screen; }
-    [[nodiscard]] WifiScanSection::Inputs inputs()
-    {
-        return {.keychainStore = m_world->loop.keychain,
-                .systemPasswordReader = m_world->reader,
-                .wifiService = m_world->loop.wifi,
-                .pasteboard = m_world->pasteboard};
-    }
     void load()
     {
         m_world->loop.willFindAll();

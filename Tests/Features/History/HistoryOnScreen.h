@@ -35,7 +35,7 @@ public:
 
     HistoryWorld world;
     // Order: the window is destroyed before the objects that it is bound to.
-    HistoryScreen screen{world.roles(), world.center};
+    HistoryScreen screen{&world.repository, world.facilities, world.pasteboard, world.renderCard};
 
 private:
     QQmlEngine m_engine;

@@ -20,7 +20,7 @@ using Kind = HistoryScreen::Kind;
 
 struct World : HistoryWorld
 {
-    HistoryScreen screen{roles(), center};
+    HistoryScreen screen{&repository, facilities, pasteboard, renderCard};
 
     World()
     {
@@ -56,9 +56,8 @@ private slots:
 
     void withoutAStoreThereIsNothing()
     {
-        HistoryRoles roles = m_world->roles();
-        roles.checkInRepository = nullptr;
-        HistoryScreen storeless(roles, m_world->center);
+        HistoryScreen storeless(nullptr, m_world->facilities, m_world->pasteboard,
+                                m_world->renderCard);
         storeless.appear();
         QCOMPARE(storeless.kind(), Kind::Nothing);
         QCOMPARE(storeless.summaryText(), QString());

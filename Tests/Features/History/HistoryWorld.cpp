@@ -1,6 +1,7 @@
 #include "Tests/Features/History/HistoryWorld.h"
 
 #include "Core/Keychain/SecItemKeychainStore.h"
+#include "Core/Persistence/CheckInPhotoStore.h"
 #include "Tests/Support/RunTask.h"
 
 #include <QDir>
@@ -8,18 +9,16 @@
 
 namespace quorvel::tests {
 
-HistoryWorld::HistoryWorld() = default;
+HistoryWorld::HistoryWorld()
+{
+    fileManager.roots = {folder.path()};
+}
+
 HistoryWorld::~HistoryWorld() = default;
 
-HistoryRoles HistoryWorld::roles()
+VisitDetail HistoryWorld::makeDetail(std::shared_ptr<CheckIn> visit)
 {
-    return {.checkInRepository = &repository,
-            .photoStore = CheckInPhotoStore(fileManager),
-            .makeKeychain = [this] { return std::make_unique<FakeKeychain>(keychain); },
-            .clock = clock,
-            .pasteboard = pasteboard,
-            .fileManager = fileManager,
-            .renderCard = renderCard};
+    return VisitDetail(std::move(visit), facilities, pasteboard, renderCard);
 }
 
 void HistoryWorld::savePassword(const QString &password, const QString &ssid)

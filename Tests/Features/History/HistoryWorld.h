@@ -1,13 +1,8 @@
 #pragma once
 
 #include "Core/Persistence/FakeCheckInRepository.h"
-#include "Features/History/HistoryRoles.h"
-#include "Platform/Clock/FakeClock.h"
-#include "Platform/Files/FakeFileManager.h"
-#include "Platform/Keychain/FakeKeychain.h"
-#include "Platform/NotificationCenter/NotificationCenter.h"
-#include "Platform/Pasteboard/FakePasteboard.h"
-#include "Tests/Support/Instants.h"
+#include "Features/History/HistoryScreen.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QTemporaryDir>
 
@@ -15,13 +10,13 @@ namespace quorvel::tests {
 
 /// Fakes of everything that the history uses, for tests of its screens. Photos are files in its own
 /// folder. It outlives the history.
-struct HistoryWorld
+struct HistoryWorld : QuietFacilities
 {
     HistoryWorld();
     ~HistoryWorld();
-    Q_DISABLE_COPY_MOVE(HistoryWorld)
 
-    [[nodiscard]] HistoryRoles roles();
+    /// Of a visit that is open.
+    [[nodiscard]] VisitDetail makeDetail(std::shared_ptr<CheckIn> visit);
 
     void savePassword(const QString &password, const QString &ssid);
     void putPhoto(const QImage &photo, const QString &name);
@@ -29,14 +24,8 @@ struct HistoryWorld
     static void finishLoading();
 
     FakeCheckInRepository repository;
-    FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};
-    NotificationCenter center;
-    FakePasteboard pasteboard;
     CardRenderer renderCard = [](VisitDetail &) { return QImage(1, 1, QImage::Format_RGB32); };
-    /// Every thread gets a copy.
-    FakeKeychain keychain;
     QTemporaryDir folder;
-    FakeFileManager fileManager{{folder.path()}};
 };
 
 } // namespace quorvel::tests

@@ -11,7 +11,7 @@ int TerminalWorld::run(const QStringList &arguments)
 {
     terminal.printed.clear();
     terminal.noted.clear();
-    return int(TerminalCommands::run(arguments, context()));
+    return int(TerminalCommands::run(arguments, terminal, *this));
 }
 
 QString TerminalWorld::printed() const
@@ -29,22 +29,18 @@ QJsonObject TerminalWorld::printedJson() const
     return QJsonDocument::fromJson(terminal.printed).object();
 }
 
-TerminalContext TerminalWorld::context()
+CheckInRepository &TerminalWorld::repository()
 {
-    return {.terminal = terminal,
-            .repository = [this]() -> CheckInRepository & {
-                if (storeFailure)
-                    throw FakeCheckInRepository::Failure(*storeFailure);
-                return store;
-            },
-            .loop =
-                [this] {
-                    if (loopFailure)
-                        throw FakeCheckInRepository::Failure(*loopFailure);
-                    return loop.services();
-                },
-            .files = files,
-            .clock = loop.clock};
+    if (storeFailure)
+        throw FakeCheckInRepository::Failure(*storeFailure);
+    return store;
+}
+
+Services TerminalWorld::services()
+{
+    if (loopFailure)
+        throw FakeCheckInRepository::Failure(*loopFailure);
+    return loop.services();
 }
 
 } // namespace quorvel::tests

@@ -2,7 +2,9 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/Terminal/TerminalCommands.h"
+#include "Features/Terminal/TerminalParts.h"
 #include "Platform/Files/FakeFileManager.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/Terminal/FakeTerminal.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
@@ -19,10 +21,10 @@ inline constexpr int noCafe = 4;
 inline constexpr int alreadyCheckedIn = 5;
 
 /// A terminal in the loop's world, with the output of its commands.
-struct TerminalWorld
+struct TerminalWorld final : TerminalParts
 {
     TerminalWorld();
-    ~TerminalWorld();
+    ~TerminalWorld() override;
     Q_DISABLE_COPY_MOVE(TerminalWorld)
 
     /// Runs the command and returns its exit status.
@@ -32,16 +34,20 @@ struct TerminalWorld
     [[nodiscard]] QString noted() const;
     [[nodiscard]] QJsonObject printedJson() const;
 
+    [[nodiscard]] CheckInRepository &repository() override;
+    [[nodiscard]] Services services() override;
+    [[nodiscard]] const FileManager &fileManager() override { return files; }
+    [[nodiscard]] const Clock &clock() override { return loop.clock; }
+    [[nodiscard]] NotificationCenter &notificationCenter() override { return center; }
+
     LoopWorld loop;
     FakeCheckInRepository store;
     FakeTerminal terminal;
     FakeFileManager files{{}};
+    NotificationCenter center;
     /// The error that makes a part unavailable.
     std::optional<FakeCheckInRepository::Failure> storeFailure;
     std::optional<FakeCheckInRepository::Failure> loopFailure;
-
-private:
-    [[nodiscard]] TerminalContext context();
 };
 
 } // namespace quorvel::tests

@@ -21,10 +21,10 @@ private slots:
     {
         QuickTest::failOnWarnings();
         m_world.emplace();
-        m_probe.emplace(m_world->roles());
+        m_probe.reset(new ProbeViewModel(m_world->makeViewModel()));
         m_window.reset(qobject_cast<QQuickWindow *>(
             ViewFactory::make(m_engine, u"Probes"_s, u"ProbeWindow"_s,
-                              {{u"probe"_s, QVariant::fromValue(&*m_probe)}})
+                              {{u"probe"_s, QVariant::fromValue(m_probe.get())}})
                 .release()));
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get(), patienceMilliseconds));
@@ -128,7 +128,7 @@ private:
 
     std::optional<ProbeWorld> m_world;
     // Order: what the window is bound to outlives it.
-    std::optional<ProbeViewModel> m_probe;
+    std::unique_ptr<ProbeViewModel> m_probe;
     QQmlEngine m_engine;
     std::unique_ptr<QQuickWindow> m_window;
 };

@@ -1,6 +1,8 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
 #include "Platform/Appearance/FakeAppearance.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 #include "Tests/Support/Patience.h"
 
 #include <QGuiApplication>
@@ -23,13 +25,9 @@ private slots:
         auto *plugin = qobject_cast<ScenesPlugin *>(loader.instance());
         QVERIFY2(plugin, qPrintable(loader.errorString()));
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nowhere");
-        AppEnvironment environment;
+        AppEnvironment environment(FileManager::standard(), Clock::system());
         FakeAppearance appearance;
-        const auto scenes = plugin->makeScenes(
-            {.environment = &environment,
-             .appearance = &appearance,
-             .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
-             .quit = [] {}});
+        const auto scenes = plugin->makeScenes(environment, appearance);
         scenes->openMenuBarPanel({});
         QVERIFY(scenes->openWindow(u"history"_s));
         QVERIFY(scenes->openWindow(u"probe8"_s));

@@ -3,13 +3,14 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
-#include "Platform/Appearance/FakeAppearance.h"
 #include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QQuickView>
+#include <QSignalSpy>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;
@@ -23,15 +24,9 @@ private slots:
     void init()
     {
         QuickTest::failOnWarnings();
-        m_quits = 0;
-        m_appearance = std::make_unique<FakeAppearance>();
-        m_scenes = std::make_unique<QuickScenes>(
-            SceneContext{
-                .environment = &m_environment,
-                .appearance = m_appearance.get(),
-                .launchAtLogin = {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}},
-                .quit = [this] { ++m_quits; }},
-            m_facilities.menuBar());
+        m_system.emplace();
+        m_scenes =
+            std::make_unique<QuickScenes>(m_environment, m_system->facilities, m_system->window);
     }
 
     void cleanup()
@@ -136,7 +131,28 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Read check-ins"_s));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Copy log"_s));
-        QVERIFY(m_facilities.pasteboard.text.contains(u"check-in(s) stored\n(left out)\n"_s));
+        QVERIFY(m_system->pasteboard.text.contains(u"check-in(s) stored\n(left out)\n"_s));
+    }
+
+    void theProbesLoopAndItsActionsMayAskForThePositionAtOnce()
+    {
+        QList<QPointer<FakeLocationManager>> managers;
+        m_system->facilities.makeLocationManager = [&managers] {
+            auto manager = std::make_unique<FakeLocationManager>();
+            managers.append(manager.get());
+            return manager;
+        };
+        QVERIFY(m_scenes->openWindow(u"probe8"_s));
+        QQuickWindow *window = m_scenes->window(u"probe8"_s);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Run"_s));
+        QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Locate"_s));
+        const auto asked = [&managers] {
+            return std::ranges::count_if(managers, [](const auto &manager) {
+                return manager && manager->calls.contains(u"requestWhenInUseAuthorization"_s);
+            });
+        };
+        QTRY_COMPARE(asked(), 2);
     }
 
     void newCheckInClosesTheHistory()
@@ -164,23 +180,23 @@ private slots:
 
     void quitInThePanelIsPassedOn()
     {
+        const QSignalSpy quits(m_scenes.get(), &QuickScenes::quitRequested);
         emit m_scenes->menuBarPanel().quitRequested();
-        QCOMPARE(m_quits, 1);
+        QCOMPARE(quits.count(), 1);
     }
 
     void appearanceIsTakenOverAndFollowed()
     {
         QCOMPARE(Theme::shared().color()->background(), QColor(0xFBF6EF));
-        m_appearance->setStyle(AppearanceStyle::Dark);
+        m_system->appearance.setStyle(AppearanceStyle::Dark);
         QCOMPARE(Theme::shared().color()->background(), QColor(0x1A1410));
     }
 
     void darkDesktopIsDarkFromTheFirstFrame()
     {
         m_scenes.reset();
-        m_appearance->setStyle(AppearanceStyle::Dark);
-        const QuickScenes scenes({.environment = &m_environment, .appearance = m_appearance.get()},
-                                 m_facilities.menuBar());
+        m_system->appearance.setStyle(AppearanceStyle::Dark);
+        const QuickScenes scenes(m_environment, m_system->facilities, m_system->window);
         QCOMPARE(Theme::shared().color()->background(), QColor(0x1A1410));
     }
 
@@ -195,10 +211,8 @@ private:
             WorkRatings(), std::nullopt, repository->findOrCreateCafe(place)));
     }
 
-    int m_quits = 0;
-    AppEnvironment m_environment;
-    tests::QuietFacilities m_facilities;
-    std::unique_ptr<FakeAppearance> m_appearance;
+    AppEnvironment m_environment{FileManager::standard(), Clock::system()};
+    std::optional<tests::QuietFacilities> m_system;
     std::unique_ptr<QuickScenes> m_scenes;
 };
 

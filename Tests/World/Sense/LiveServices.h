@@ -34,7 +34,7 @@ struct LiveServices
     NetworkManagerWifiClient radio{SystemBus::connection()};
     CoreWLANWifiService wifi{radio};
     SecurityCLIWifiPasswordReader systemPasswords{radio};
-    SecItemKeychainStore keychain{SecItemKeychainStore::wifiService};
+    SecItemKeychainStore keychain{SecItemKeychainStore::wifiService, Keychain::standard()};
 };
 
 /// Returns when the network service has described the radio or failed to. Nothing announces that,

@@ -2,6 +2,7 @@
 
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Core/DesignSystem/Theme/Theme.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Features/MenuBar/Panel/Window/PanelFocusWatch.h"
 #include "Features/MenuBar/Panel/Window/PanelPlacement.h"
 
@@ -35,17 +36,14 @@ QList<ScreenArea> screenAreas()
 
 } // namespace
 
-MenuBarPanel::MenuBarPanel(QQmlEngine &engine, const MenuBarRoles &roles,
-                           LaunchAtLoginSwitch launchAtLogin, PanelToggleGuard guard)
-    : m_scene(roles)
-    , m_launchAtLogin(std::move(launchAtLogin))
+MenuBarPanel::MenuBarPanel(QQmlEngine &engine, MenuBarScene &scene, PanelToggleGuard guard)
+    : m_scene(scene)
     , m_guard(std::move(guard))
     , m_window(std::make_unique<QQuickView>(&engine, nullptr))
 {
     setUpWindow();
     auto view = ViewFactory::make(engine, u"MenuBar"_s, u"MenuBarRootView"_s,
-                                  {{u"scene"_s, QVariant::fromValue(&m_scene)},
-                                   {u"launchAtLogin"_s, QVariant::fromValue(&m_launchAtLogin)}});
+                                  {{u"scene"_s, QVariant::fromValue(&m_scene)}});
     m_view = qobject_cast<QQuickItem *>(view.release());
     m_view->setParent(m_window->contentItem());
     m_view->setParentItem(m_window->contentItem());
@@ -69,7 +67,6 @@ void MenuBarPanel::open(const QRect &anchor)
 {
     if (!m_window->isVisible()) {
         m_anchor = anchor;
-        m_launchAtLogin.refresh();
         m_scene.appear();
         focusNoControl();
         limitHeight();

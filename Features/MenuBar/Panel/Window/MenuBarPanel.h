@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Features/MenuBar/Panel/LaunchAtLoginToggle.h"
-#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Features/MenuBar/Panel/Window/PanelToggleGuard.h"
 
 #include <QObject>
@@ -15,15 +13,17 @@ class QQuickView;
 
 namespace quorvel {
 
-/// The window that drops down from the status item: owns it with what its view is built from, and
-/// opens, places and closes it. Kept alive while hidden, so that opening again takes one frame.
+class MenuBarScene;
+
+/// The window that drops down from the status item, with the scene in it: opens, places and closes
+/// it. Kept alive while hidden, so that opening again takes one frame.
 class MenuBarPanel final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Throws ViewError.
-    MenuBarPanel(QQmlEngine &engine, const MenuBarRoles &roles, LaunchAtLoginSwitch launchAtLogin,
+    /// The scene outlives the panel. Throws ViewError.
+    MenuBarPanel(QQmlEngine &engine, MenuBarScene &scene,
                  PanelToggleGuard guard = PanelToggleGuard());
     ~MenuBarPanel() override;
 
@@ -50,9 +50,7 @@ private:
     [[nodiscard]] bool isOnTheWay() const;
     void closeOnFocusLoss();
 
-    // Order: what the view is bound to outlives it.
-    MenuBarScene m_scene;
-    LaunchAtLoginToggle m_launchAtLogin;
+    MenuBarScene &m_scene;
     PanelToggleGuard m_guard;
     QRect m_anchor;
     std::unique_ptr<QQuickView> m_window;

@@ -1,28 +1,37 @@
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 
+#include "Core/Support/LaunchAtLogin.h"
+#include "Platform/Errors/LocalizedError.h"
 #include "Platform/SystemSettings/SystemSettings.h"
 
 #include <QUrl>
 
 namespace quorvel {
 
-MenuBarScene::MenuBarScene(const MenuBarRoles &roles, QObject *parent)
+MenuBarScene::MenuBarScene(CheckInRepository *checkInRepository, const Services &services,
+                           const WindowFacilities &window, const Clock &clock,
+                           NotificationCenter &notificationCenter, QObject *parent)
     : QObject(parent)
-    , m_roles(roles)
-    , m_menuBarVM(roles.loop, roles.clock)
-    , m_screen(m_menuBarVM, roles.checkInRepository ? MenuBarScreen::CheckInForm::Present
-                                                    : MenuBarScreen::CheckInForm::Absent)
+    , m_checkInRepository(checkInRepository)
+    , m_services(services)
+    , m_window(window)
+    , m_clock(clock)
+    , m_notificationCenter(notificationCenter)
+    , m_menuBarVM(services, clock)
+    , m_screen(m_menuBarVM, checkInRepository ? MenuBarScreen::CheckInForm::Present
+                                              : MenuBarScreen::CheckInForm::Absent)
     , m_secondLook(
-          m_menuBarVM, roles.systemEvents, [this] { return mayInterrupt(); }, this)
+          m_menuBarVM, window.systemEvents, [this] { return mayInterrupt(); }, this)
 {}
 
 MenuBarScene::~MenuBarScene() = default;
 
 void MenuBarScene::appear()
 {
+    readLoginItem();
     setLacksSettings(false);
     m_menuBarVM.send(MenuBarInput::start());
-    if (!m_located && m_roles.checkInRepository)
+    if (!m_located && m_checkInRepository)
         makeForm();
     m_secondLook.appear();
 }
@@ -35,19 +44,25 @@ void MenuBarScene::disappear()
 void MenuBarScene::openSystemSettings()
 {
     const QUrl address{QString(SystemSettings::locationPrivacy)};
-    setLacksSettings(!m_roles.systemSettings.open(address));
+    setLacksSettings(!m_window.systemSettings.open(address));
+}
+
+void MenuBarScene::setLaunchAtLogin(bool enabled)
+{
+    try {
+        LaunchAtLogin::setEnabled(enabled, m_window.loginItem);
+    } catch (const LocalizedError &) {
+        // Silent: the switch, which stays where it was, is the answer.
+    }
+    readLoginItem();
 }
 
 void MenuBarScene::makeForm()
 {
-    m_checkInVM = std::make_unique<CheckInViewModel>(*m_roles.checkInRepository,
-                                                     m_roles.loop.keychain, m_roles.clock);
-    m_located = std::make_unique<LocatedScreen>(
-        m_menuBarVM, *m_checkInVM,
-        WifiScanSection::Inputs{.keychainStore = m_roles.loop.keychain,
-                                .systemPasswordReader = m_roles.systemPasswords,
-                                .wifiService = m_roles.loop.wifi,
-                                .pasteboard = m_roles.pasteboard});
+    m_checkInVM = std::make_unique<CheckInViewModel>(*m_checkInRepository, m_services.keychain,
+                                                     m_clock, m_notificationCenter);
+    m_located =
+        std::make_unique<LocatedScreen>(m_menuBarVM, *m_checkInVM, m_services, m_window.pasteboard);
     connect(m_located.get(), &LocatedScreen::isInUseChanged, &m_secondLook,
             &SecondLook::reconsider);
     emit locatedChanged();
@@ -64,6 +79,15 @@ void MenuBarScene::setLacksSettings(bool lacksSettings)
         return;
     m_lacksSettings = lacksSettings;
     emit lacksSettingsChanged();
+}
+
+void MenuBarScene::readLoginItem()
+{
+    const bool enabled = LaunchAtLogin::isEnabled(m_window.loginItem);
+    if (enabled == m_launchAtLoginEnabled)
+        return;
+    m_launchAtLoginEnabled = enabled;
+    emit launchAtLoginEnabledChanged();
 }
 
 } // namespace quorvel

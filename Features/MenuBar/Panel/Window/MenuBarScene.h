@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Core/DI/WindowFacilities.h"
 #include "Features/CheckIn/LocatedScreen.h"
-#include "Features/MenuBar/Loop/MenuBarRoles.h"
 #include "Features/MenuBar/Loop/SecondLook.h"
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
@@ -19,9 +19,14 @@ class MenuBarScene final : public QObject
     Q_PROPERTY(quorvel::MenuBarScreen *screen READ screen CONSTANT)
     Q_PROPERTY(quorvel::LocatedScreen *located READ located NOTIFY locatedChanged)
     Q_PROPERTY(bool lacksSettings READ lacksSettings NOTIFY lacksSettingsChanged)
+    Q_PROPERTY(
+        bool launchAtLoginEnabled READ launchAtLoginEnabled NOTIFY launchAtLoginEnabledChanged)
 
 public:
-    explicit MenuBarScene(const MenuBarRoles &roles, QObject *parent = nullptr);
+    /// The repository is null when the store could not be opened. All of these outlive the scene.
+    MenuBarScene(CheckInRepository *checkInRepository, const Services &services,
+                 const WindowFacilities &window, const Clock &clock,
+                 NotificationCenter &notificationCenter, QObject *parent = nullptr);
     ~MenuBarScene() override;
 
     /// The panel opens: locates, and on the first time makes the form, if there is a store for it.
@@ -30,28 +35,39 @@ public:
     void disappear();
 
     Q_INVOKABLE void openSystemSettings();
+    /// Asks the desktop for the change, then shows what came of it.
+    Q_INVOKABLE void setLaunchAtLogin(bool enabled);
 
     [[nodiscard]] MenuBarScreen *screen() { return &m_screen; }
     /// Null without a store, and before the first appearance.
     [[nodiscard]] LocatedScreen *located() { return m_located.get(); }
     /// Whether the settings could not be opened since the panel was.
     [[nodiscard]] bool lacksSettings() const { return m_lacksSettings; }
+    /// As the login item was when it was last read: at each opening, and after each change.
+    [[nodiscard]] bool launchAtLoginEnabled() const { return m_launchAtLoginEnabled; }
 
 signals:
     void locatedChanged();
     void lacksSettingsChanged();
+    void launchAtLoginEnabledChanged();
 
 private:
     void makeForm();
     [[nodiscard]] bool mayInterrupt() const;
     void setLacksSettings(bool lacksSettings);
+    void readLoginItem();
 
-    MenuBarRoles m_roles;
+    CheckInRepository *m_checkInRepository;
+    Services m_services;
+    WindowFacilities m_window;
+    const Clock &m_clock;
+    NotificationCenter &m_notificationCenter;
     MenuBarViewModel m_menuBarVM;
     MenuBarScreen m_screen;
     std::unique_ptr<CheckInViewModel> m_checkInVM;
     std::unique_ptr<LocatedScreen> m_located;
     bool m_lacksSettings = false;
+    bool m_launchAtLoginEnabled = false;
     SecondLook m_secondLook;
 };
 

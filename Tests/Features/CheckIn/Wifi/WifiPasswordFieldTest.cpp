@@ -134,9 +134,9 @@ private slots:
     {
         hear();
         m_panel->press(u"B"_s);
-        world().systemPasswords.passwords.willSucceed(u"from the system"_s);
+        world().loop.systemPasswords.passwords.willSucceed(u"from the system"_s);
         m_panel->press(u"Use password saved on this Mac"_s);
-        QCOMPARE(world().systemPasswords.askedFor, QStringList{u"B"_s});
+        QCOMPARE(world().loop.systemPasswords.askedFor, QStringList{u"B"_s});
         QCOMPARE(m_panel->control(u"WiFi password"_s)->property("text"),
                  QVariant(u"from the system"_s));
     }

@@ -1,5 +1,6 @@
 #include "Features/History/Visit/VisitDetail.h"
 
+#include "Core/Persistence/CheckInPhotoStore.h"
 #include "Services/Wifi/WifiQRGenerator.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
@@ -53,7 +54,7 @@ private slots:
 
     void theCardIsThereBeforeItsPictures()
     {
-        const VisitDetail detail(visitOn(u"Blue"_s), m_world->roles());
+        const auto detail = m_world->makeDetail(visitOn(u"Blue"_s));
         QCOMPARE(detail.card().title, u"Blue Door"_s);
         QVERIFY(detail.photoImage().isNull());
         QVERIFY(!detail.hasWifiQR());
@@ -83,13 +84,12 @@ private slots:
 
     void withoutANetworkTheKeychainIsNotAsked()
     {
-        HistoryRoles roles = m_world->roles();
-        roles.makeKeychain = []() -> std::unique_ptr<Keychain> {
+        m_world->facilities.makeKeychain = []() -> std::unique_ptr<Keychain> {
             qFatal("the keychain was asked");
             return nullptr;
         };
         for (const auto &checkIn : {visitOn(std::nullopt), visit(u"2025-03-03T14:05:00Z"_s)}) {
-            VisitDetail detail(checkIn, roles);
+            auto detail = m_world->makeDetail(checkIn);
             detail.load();
             HistoryWorld::finishLoading();
             QVERIFY(!detail.hasWifiQR());
@@ -106,12 +106,11 @@ private slots:
     void theKeychainIsReadOnAnotherThread()
     {
         QThread *reader = nullptr;
-        HistoryRoles roles = m_world->roles();
-        roles.makeKeychain = [&reader] {
+        m_world->facilities.makeKeychain = [&reader] {
             reader = QThread::currentThread();
             return std::make_unique<FakeKeychain>();
         };
-        VisitDetail detail(visitOn(u"Blue"_s), roles);
+        auto detail = m_world->makeDetail(visitOn(u"Blue"_s));
         detail.load();
         HistoryWorld::finishLoading();
         QVERIFY(reader && reader != QThread::currentThread());
@@ -120,7 +119,7 @@ private slots:
     void theCodeArrivesOnceAndTellsSo()
     {
         m_world->savePassword(u"secret"_s, u"Blue"_s);
-        VisitDetail detail(visitOn(u"Blue"_s), m_world->roles());
+        auto detail = m_world->makeDetail(visitOn(u"Blue"_s));
         const QSignalSpy changes(&detail, &VisitDetail::wifiQRImageChanged);
         detail.load();
         HistoryWorld::finishLoading();
@@ -132,14 +131,14 @@ private slots:
     {
         QSemaphore unlocked;
         m_world->savePassword(u"secret"_s, u"Blue"_s);
-        HistoryRoles roles = m_world->roles();
-        roles.makeKeychain = [this, &unlocked] {
+        m_world->facilities.makeKeychain = [this, &unlocked] {
             unlocked.acquire();
             return std::make_unique<FakeKeychain>(m_world->keychain);
         };
-        auto closed = std::make_unique<VisitDetail>(visitOn(u"Blue"_s), roles);
+        std::unique_ptr<VisitDetail> closed(
+            new VisitDetail(m_world->makeDetail(visitOn(u"Blue"_s))));
         closed->load();
-        VisitDetail next(visitOn(u"Red"_s), roles);
+        auto next = m_world->makeDetail(visitOn(u"Red"_s));
         next.load();
         const QSignalSpy changes(&next, &VisitDetail::wifiQRImageChanged);
         closed.reset();
@@ -177,7 +176,7 @@ private slots:
     {
         m_world->renderCard = [](VisitDetail &) { return picture(Qt::red); };
         m_world->pasteboard.acceptances.willSucceed(Acceptance::Accepted);
-        VisitDetail detail(visitOn(std::nullopt), m_world->roles());
+        auto detail = m_world->makeDetail(visitOn(std::nullopt));
         VisitShare &share = *detail.share();
         QCOMPARE(share.label(), u"Share"_s);
         QCOMPARE(share.symbol(), u"square.and.arrow.up"_s);
@@ -228,7 +227,7 @@ private slots:
 private:
     VisitDetail &load(std::shared_ptr<CheckIn> checkIn)
     {
-        m_detail = std::make_unique<VisitDetail>(std::move(checkIn), m_world->roles());
+        m_detail.reset(new VisitDetail(m_world->makeDetail(std::move(checkIn))));
         m_detail->load();
         HistoryWorld::finishLoading();
         return *m_detail;

@@ -55,11 +55,6 @@ LocatedSnapshot LoopWorld::degraded() const
     return {.ssid = wifi.ssid, .hasRememberedPassword = false, .signal = wifi.signal};
 }
 
-MenuBarViewModel::Services LoopWorld::services()
-{
-    return {location, places, weather, wifi, keychain};
-}
-
 void LoopWorld::willAuthorize()
 {
     location.authorize(AuthorizationStatus::AuthorizedAlways);

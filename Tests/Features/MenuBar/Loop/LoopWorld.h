@@ -1,13 +1,9 @@
 #pragma once
 
-#include "Core/Keychain/FakeKeychainStore.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 #include "Platform/Clock/FakeClock.h"
-#include "Services/Location/FakeLocationService.h"
-#include "Services/Places/FakePlacesService.h"
-#include "Services/Weather/FakeWeatherService.h"
-#include "Services/Wifi/FakeWifiService.h"
 #include "Tests/Support/Instants.h"
+#include "Tests/Support/Services/FakeServices.h"
 
 #include <memory>
 
@@ -15,7 +11,7 @@ namespace quorvel::tests {
 
 /// The daily loop over fakes, for tests of the loop and of what depends on it: a user at `home` who
 /// allows the location, two cafés nearby, and sunshine.
-class LoopWorld final
+class LoopWorld final : public FakeServices
 {
 public:
     using State = ViewState<LocatedSnapshot>;
@@ -34,9 +30,6 @@ public:
     [[nodiscard]] LocatedSnapshot full() const;
     [[nodiscard]] LocatedSnapshot degraded() const;
 
-    /// The services of the loop.
-    [[nodiscard]] MenuBarViewModel::Services services();
-
     void willAuthorize();
     void willLocate(double metersNorth = 0);
     void willFindAll(double metersNorth = 0);
@@ -50,11 +43,6 @@ public:
     [[nodiscard]] std::vector<State> newStates();
 
     FakeClock clock{instant(QStringLiteral("2026-11-21T12:00:00Z"))};
-    FakeLocationService location;
-    FakePlacesService places;
-    FakeWeatherService weather;
-    FakeWifiService wifi;
-    FakeKeychainStore keychain;
     std::vector<State> states;
     /// Last, so that it is destroyed before its services.
     std::unique_ptr<MenuBarViewModel> viewModel;

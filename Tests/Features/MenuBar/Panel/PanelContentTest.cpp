@@ -60,7 +60,7 @@ private slots:
 
     void itWaitsWhenLocatedBeforeThereIsAForm()
     {
-        MenuBarScene scene(world().roles());
+        auto scene = world().makeScene();
         world().willFind(LoopWorld::found());
         scene.screen()->retry();
         LoopWorld::settle();

@@ -7,8 +7,8 @@
 namespace quorvel::tests {
 
 PanelOnScreen::PanelOnScreen(PanelWorld::Store store)
-    : panel(engine, world.roles(store),
-            {.isEnabled = [] { return false; }, .setEnabled = [](bool) {}})
+    : scene(world.makeScene(store))
+    , panel(engine, scene)
 {}
 
 PanelOnScreen::~PanelOnScreen() = default;

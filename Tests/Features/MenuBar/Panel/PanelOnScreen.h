@@ -42,6 +42,7 @@ public:
 
     PanelWorld world;
     QQmlEngine engine;
+    MenuBarScene scene;
     MenuBarPanel panel;
 };
 

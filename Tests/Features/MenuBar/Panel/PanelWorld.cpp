@@ -5,15 +5,10 @@ namespace quorvel::tests {
 PanelWorld::PanelWorld() = default;
 PanelWorld::~PanelWorld() = default;
 
-MenuBarRoles PanelWorld::roles(Store store)
+MenuBarScene PanelWorld::makeScene(Store store)
 {
-    return {.checkInRepository = store == Store::Present ? &repository : nullptr,
-            .loop = loop.services(),
-            .systemPasswords = systemPasswords,
-            .pasteboard = pasteboard,
-            .systemSettings = systemSettings,
-            .systemEvents = systemEvents,
-            .clock = loop.clock};
+    return MenuBarScene(store == Store::Present ? &repository : nullptr, loop.services(), window,
+                        loop.clock, center);
 }
 
 void PanelWorld::willFind(const std::vector<PlaceCandidate> &cafes, const WeatherSnapshot &weather)

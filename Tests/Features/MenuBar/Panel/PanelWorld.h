@@ -1,25 +1,22 @@
 #pragma once
 
 #include "Core/Persistence/FakeCheckInRepository.h"
-#include "Features/MenuBar/Loop/MenuBarRoles.h"
-#include "Platform/Pasteboard/FakePasteboard.h"
-#include "Platform/SystemEvents/FakeSystemEvents.h"
-#include "Platform/SystemSettings/FakeSystemSettings.h"
-#include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
+#include "Tests/Support/Services/QuietFacilities.h"
 
 namespace quorvel::tests {
 
 /// Fakes of everything that the panel uses, for tests of its screens. It outlives the panel.
-struct PanelWorld
+struct PanelWorld : QuietFacilities
 {
     enum class Store { Absent, Present };
 
     PanelWorld();
     ~PanelWorld();
-    Q_DISABLE_COPY_MOVE(PanelWorld)
 
-    [[nodiscard]] MenuBarRoles roles(Store store = Store::Present);
+    /// What the panel shows, over this world.
+    [[nodiscard]] MenuBarScene makeScene(Store store = Store::Present);
 
     /// The loop finds these cafés. The Wi-Fi block hears nothing until a test allows it.
     void willFind(const std::vector<PlaceCandidate> &cafes,
@@ -29,10 +26,6 @@ struct PanelWorld
 
     LoopWorld loop;
     FakeCheckInRepository repository;
-    FakeSystemWifiPasswordReader systemPasswords;
-    FakePasteboard pasteboard;
-    FakeSystemSettings systemSettings;
-    FakeSystemEvents systemEvents;
 };
 
 } // namespace quorvel::tests

@@ -1,8 +1,8 @@
 #include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
 
+#include "Core/DI/LoopServices.h"
 #include "Core/DesignSystem/Theme/Theme.h"
-#include "Features/MenuBar/Loop/MenuBarServices.h"
-#include "Platform/Errors/LocalizedError.h"
+#include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
@@ -22,30 +22,6 @@ namespace {
 
 constexpr QRect anchor(400, 0, 22, 22);
 
-struct FakeLoginItem
-{
-    bool enabled = false;
-    bool refuses = false;
-    QList<bool> asked;
-
-    LaunchAtLoginSwitch asSwitch()
-    {
-        return {.isEnabled = [this] { return enabled; },
-                .setEnabled =
-                    [this](bool wanted) {
-                        asked << wanted;
-                        if (refuses)
-                            throw Refusal();
-                        enabled = wanted;
-                    }};
-    }
-
-    struct Refusal final : LocalizedError
-    {
-        [[nodiscard]] QString errorDescription() const override { return u"Not today."_s; }
-    };
-};
-
 } // namespace
 
 class MenuBarPanelTest final : public QObject
@@ -58,16 +34,19 @@ private slots:
     void init()
     {
         QuickTest::failOnWarnings();
-        m_loginItem = {};
+        m_system.emplace();
+        m_services.emplace(m_system->facilities);
+        m_scene.emplace(nullptr, m_services->roles(), m_system->window, m_system->clock,
+                        m_system->center);
         m_now = 1h;
-        m_panel = std::make_unique<MenuBarPanel>(m_engine, m_services.roles(nullptr),
-                                                 m_loginItem.asSwitch(),
+        m_panel = std::make_unique<MenuBarPanel>(m_engine, *m_scene,
                                                  PanelToggleGuard([this] { return m_now; }));
     }
 
     void cleanup()
     {
         m_panel.reset();
+        m_scene.reset();
         QCursor::setPos(0, 0);
         Theme::shared().setStyle(AppearanceStyle::Light);
     }
@@ -125,43 +104,48 @@ private slots:
     {
         open();
         QuickTest::click(loginToggle());
-        QCOMPARE(m_loginItem.asked, QList<bool>{true});
+        QCOMPARE(loginItem().registrations, 1);
         QCOMPARE(loginToggle()->property("checked").toBool(), true);
         QuickTest::click(loginToggle());
-        QCOMPARE(m_loginItem.asked, (QList<bool>{true, false}));
+        QCOMPARE(loginItem().unregistrations, 1);
         QCOMPARE(loginToggle()->property("checked").toBool(), false);
     }
 
     void refusedChangeLeavesTheToggleWhereItWas()
     {
-        m_loginItem.refuses = true;
+        loginItem().failure.emplace(LoginItemError::Operation::Register, u"Not today."_s);
         open();
         QuickTest::click(loginToggle());
-        QCOMPARE(m_loginItem.asked, QList<bool>{true});
+        QCOMPARE(loginItem().registrations, 1);
         QCOMPARE(loginToggle()->property("checked").toBool(), false);
     }
 
     void toggleShowsWhatTheStatusBecameThoughItWasRefused()
     {
-        m_loginItem.refuses = true;
+        loginItem().scriptedStatus = LoginItem::Status::Enabled;
+        loginItem().failure.emplace(LoginItemError::Operation::Unregister, u"Not today."_s);
         open();
-        m_loginItem.enabled = true;
+        loginItem().scriptedStatus = LoginItem::Status::RequiresApproval;
         QuickTest::click(loginToggle());
-        QCOMPARE(loginToggle()->property("checked").toBool(), true);
+        QCOMPARE(loginToggle()->property("checked").toBool(), false);
     }
 
     void openingReadsTheLoginItem()
     {
         QCOMPARE(loginToggle()->property("checked").toBool(), false);
-        m_loginItem.enabled = true;
+        loginItem().scriptedStatus = LoginItem::Status::Enabled;
         open();
         QCOMPARE(loginToggle()->property("checked").toBool(), true);
-        QVERIFY(m_loginItem.asked.isEmpty());
+        QCOMPARE(loginItem().registrations, 0);
+        m_panel->close();
+        loginItem().scriptedStatus = LoginItem::Status::NotFound;
+        open();
+        QCOMPARE(loginToggle()->property("checked").toBool(), false);
     }
 
     void knobIsInItsPlaceFromTheFirstFrame()
     {
-        m_loginItem.enabled = true;
+        loginItem().scriptedStatus = LoginItem::Status::Enabled;
         m_panel->open(anchor);
         const QQuickItem *knob = QuickTest::find(loginToggle(), "radius", 7.0);
         QCOMPARE(knob->x(), 16.0);
@@ -324,13 +308,13 @@ private slots:
 
     void theSystemIsFollowedWhileThePanelIsOpen()
     {
-        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        QVERIFY(!m_system->systemEvents.isFollowed);
         open();
-        QVERIFY(m_facilities.systemEvents.isFollowed);
+        QVERIFY(m_system->systemEvents.isFollowed);
         m_panel->close();
-        QVERIFY(!m_facilities.systemEvents.isFollowed);
+        QVERIFY(!m_system->systemEvents.isFollowed);
         open();
-        QVERIFY(m_facilities.systemEvents.isFollowed);
+        QVERIFY(m_system->systemEvents.isFollowed);
     }
 
 private:
@@ -356,6 +340,7 @@ private:
     {
         return QuickTest::find(view(), property, value);
     }
+    [[nodiscard]] FakeLoginItem &loginItem() { return m_system->loginItem; }
     [[nodiscard]] QQuickItem *loginToggle() { return find("label", u"Launch at Login"_s); }
 
     static double left(const QQuickItem *item) { return item->mapToScene({0, 0}).x(); }
@@ -363,10 +348,10 @@ private:
 
     QQmlEngine m_engine;
     QWindow m_other;
-    FakeLoginItem m_loginItem;
     std::chrono::milliseconds m_now{};
-    tests::QuietFacilities m_facilities;
-    MenuBarServices m_services{m_facilities.menuBar()};
+    std::optional<tests::QuietFacilities> m_system;
+    std::optional<LoopServices> m_services;
+    std::optional<MenuBarScene> m_scene;
     std::unique_ptr<MenuBarPanel> m_panel;
 };
 

@@ -24,7 +24,7 @@ private slots:
 
     void theFormIsMadeOnTheFirstAppearanceOnly()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         const QSignalSpy made(&scene, &MenuBarScene::locatedChanged);
         QCOMPARE(scene.located(), nullptr);
         m_world->willFind(LoopWorld::found());
@@ -39,7 +39,7 @@ private slots:
 
     void withoutAStoreItWaitsWhateverIsFound()
     {
-        MenuBarScene scene(m_world->roles(Store::Absent));
+        auto scene = m_world->makeScene(Store::Absent);
         const QSignalSpy changes(scene.screen(), &MenuBarScreen::changed);
         m_world->willFind(LoopWorld::found());
         appear(scene);
@@ -50,7 +50,7 @@ private slots:
 
     void withoutAStoreARefusalIsStillSaid()
     {
-        MenuBarScene scene(m_world->roles(Store::Absent));
+        auto scene = m_world->makeScene(Store::Absent);
         m_world->loop.location.authorize(AuthorizationStatus::Denied);
         appear(scene);
         QCOMPARE(scene.screen()->kind(), Kind::Denied);
@@ -58,7 +58,7 @@ private slots:
 
     void everyOpeningStartsALoad()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         m_world->willFind(LoopWorld::found());
         appear(scene);
         QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{1, 1, 1}));
@@ -69,7 +69,7 @@ private slots:
 
     void theFormShowsWhatTheLoopFinds()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         m_world->willFind(LoopWorld::found());
         appear(scene);
         QCOMPARE(scene.screen()->kind(), Kind::Located);
@@ -78,7 +78,7 @@ private slots:
 
     void theSettingsOpenAtTheLocation()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         scene.openSystemSettings();
         const auto page =
             u"x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices"_s;
@@ -88,7 +88,7 @@ private slots:
 
     void whereThereAreNoSettingsThatIsSaidUntilTheNextOpening()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         const QSignalSpy notices(&scene, &MenuBarScene::lacksSettingsChanged);
         m_world->systemSettings.canOpen = false;
         scene.openSystemSettings();
@@ -101,9 +101,23 @@ private slots:
         QCOMPARE(notices.count(), 2);
     }
 
+    void theLoginItemIsReadAtEachOpening()
+    {
+        auto scene = m_world->makeScene();
+        m_world->loginItem.scriptedStatus = LoginItem::Status::Enabled;
+        QVERIFY(!scene.launchAtLoginEnabled());
+        const QSignalSpy changes(&scene, &MenuBarScene::launchAtLoginEnabledChanged);
+        m_world->willFind(LoopWorld::found());
+        appear(scene);
+        QVERIFY(scene.launchAtLoginEnabled());
+        m_world->loop.willLocate();
+        appear(scene);
+        QCOMPARE(changes.count(), 1);
+    }
+
     void whatComesBackMendsAnOpenPanel()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         openWithoutCafe(scene);
         comeBack(scene);
         QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{1, 1, 1}));
@@ -112,7 +126,7 @@ private slots:
 
     void whatComesBackWhileTheUserTypesWaitsForThem()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         openWithoutCafe(scene);
         scene.located()->setChoosingOrTyping(true);
         comeBack(scene);
@@ -124,7 +138,7 @@ private slots:
 
     void whatComesBackAfterThePanelHasClosedIsNotHeard()
     {
-        MenuBarScene scene(m_world->roles());
+        auto scene = m_world->makeScene();
         openWithoutCafe(scene);
         scene.disappear();
         QVERIFY(!m_world->systemEvents.isFollowed);
@@ -132,7 +146,7 @@ private slots:
 
     void withoutAStoreNothingIsLookedForTwice()
     {
-        MenuBarScene scene(m_world->roles(Store::Absent));
+        auto scene = m_world->makeScene(Store::Absent);
         openWithoutCafe(scene);
         comeBack(scene);
         QCOMPARE(m_world->loop.newCalls(), (QList<qsizetype>{0, 0, 0}));

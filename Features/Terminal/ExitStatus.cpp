@@ -1,4 +1,4 @@
-#include "Features/Terminal/TerminalContext.h"
+#include "Features/Terminal/ExitStatus.h"
 
 #include "Core/Support/Texts/PrintableText.h"
 #include "Platform/Terminal/Terminal.h"
