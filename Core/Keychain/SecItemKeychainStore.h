@@ -14,7 +14,7 @@ public:
     static constexpr QLatin1StringView wifiService{"com.zantho.quorvel.wifi"};
 
     /// The keychain must outlive the store.
-    explicit SecItemKeychainStore(QString service, Keychain &keychain = Keychain::standard());
+    SecItemKeychainStore(QString service, Keychain &keychain);
 
     void savePassword(const QString &password, const QString &ssid) override;
     [[nodiscard]] std::optional<QString> password(const QString &ssid) override;

@@ -14,8 +14,8 @@ namespace AppModelContainer {
 
 /// Opens the store, in "Quorvel/Quorvel.store" under the user's Application Support folder or in
 /// memory only. Throws FileError or StoreError.
-[[nodiscard]] std::unique_ptr<ModelContainer>
-make(InMemory inMemory, const FileManager &fileManager = FileManager::standard());
+[[nodiscard]] std::unique_ptr<ModelContainer> make(InMemory inMemory,
+                                                   const FileManager &fileManager);
 
 } // namespace AppModelContainer
 

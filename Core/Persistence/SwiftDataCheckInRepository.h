@@ -12,8 +12,7 @@ class SwiftDataCheckInRepository final : public CheckInRepository
 {
 public:
     SwiftDataCheckInRepository(std::unique_ptr<ModelContainer> container,
-                               const CheckInPhotoStore &photoStore,
-                               const Clock &clock = Clock::system());
+                               const CheckInPhotoStore &photoStore, const Clock &clock);
 
     void inTurn(const std::function<void()> &action) override { m_container->inTurn(action); }
     [[nodiscard]] std::vector<std::shared_ptr<CheckIn>> allCheckIns() override;

@@ -1,5 +1,7 @@
 #include "Core/Support/LaunchAtLogin.h"
 
+#include "Platform/LoginItem/LoginItem.h"
+
 namespace quorvel::LaunchAtLogin {
 
 bool isEnabled(const LoginItem &item)

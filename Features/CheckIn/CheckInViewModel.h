@@ -29,8 +29,7 @@ public:
 
     /// All of these outlive the view model.
     CheckInViewModel(CheckInRepository &checkInRepository, KeychainStore &keychainStore,
-                     const Clock &clock = Clock::system(),
-                     NotificationCenter &notificationCenter = NotificationCenter::standard(),
+                     const Clock &clock, NotificationCenter &notificationCenter,
                      QObject *parent = nullptr);
 
     /// To be called whenever another café is on screen, or none.

@@ -30,10 +30,8 @@ public:
     };
 
     /// All of these outlive the view model.
-    explicit HistoryViewModel(
-        CheckInRepository &repository, const Clock &clock = Clock::system(),
-        NotificationCenter &notificationCenter = NotificationCenter::standard(),
-        QObject *parent = nullptr);
+    HistoryViewModel(CheckInRepository &repository, const Clock &clock,
+                     NotificationCenter &notificationCenter, QObject *parent = nullptr);
 
     /// Reads every visit anew, before it returns. A failure takes the place of what was there.
     void load();

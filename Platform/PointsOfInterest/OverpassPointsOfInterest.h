@@ -26,8 +26,8 @@ public:
     static const QList<QUrl> defaultEndpoints;
 
     /// The client and the clock must outlive this. There must be at least one endpoint.
-    explicit OverpassPointsOfInterest(HttpClient &client, const Clock &clock = Clock::system(),
-                                      QList<QUrl> endpoints = defaultEndpoints);
+    OverpassPointsOfInterest(HttpClient &client, const Clock &clock,
+                             QList<QUrl> endpoints = defaultEndpoints);
     ~OverpassPointsOfInterest() override;
 
     void search(const PointsOfInterestRequest &request,

@@ -11,8 +11,7 @@ namespace quorvel {
 class DesktopSystemSettings final : public SystemSettings
 {
 public:
-    explicit DesktopSystemSettings(
-        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
+    explicit DesktopSystemSettings(const QProcessEnvironment &environment);
 
     [[nodiscard]] bool open(const QUrl &address) override;
 

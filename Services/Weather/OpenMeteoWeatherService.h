@@ -15,8 +15,8 @@ public:
     static const QUrl defaultEndpoint;
 
     /// The session and the clock must outlive every call.
-    explicit OpenMeteoWeatherService(HttpClient &session, const Clock &clock = Clock::system(),
-                                     QUrl endpoint = defaultEndpoint);
+    OpenMeteoWeatherService(HttpClient &session, const Clock &clock,
+                            QUrl endpoint = defaultEndpoint);
 
     [[nodiscard]] Task<WeatherSnapshot> currentWeather(Coordinate at) override;
 

@@ -25,6 +25,8 @@ PLATFORM_HEADERS = re.compile(
     r"|QSystemTrayIcon|QSql|QtSql|xcb/|X11/|SQLiteCpp/|sqlite3|libsecret/|gio/|glib|qrcodegen"
     r"|qpa/|QtGui/qpa)"
 )
+BUSES_AND_ENVIRONMENT = ("SessionBus::connection", "SystemBus::connection",
+                         "QProcessEnvironment::systemEnvironment")
 COROUTINES = "Core/Support/Tasks/Task.h"
 POSIX_HEADERS = re.compile(r"<(unistd|fcntl|pwd|dlfcn|sys/\w+)\.h>")
 
@@ -58,13 +60,31 @@ def platform_headers_stay_in_platform(tree):
 
 
 def live_backends_are_picked_in_one_place(tree):
-    """Only Quorvel/ names the class that plays a facility for real."""
-    if not tree.live_backends:
-        return
-    names = rf"\b({'|'.join(sorted(tree.live_backends))})\b"
+    """Only Quorvel/ names the class that plays a facility for real, or calls what gives one."""
+    names = [*sorted(tree.live_backends), *picking_calls(tree)]
     for source in tree.sources:
         if source.is_product() and not source.is_under("Platform", "Quorvel"):
-            yield from source.findings(names, "a live backend is named")
+            yield from source.findings(rf"\b({'|'.join(names)})\b", "a live backend is picked")
+
+
+def defaults_pick_no_live_backend(tree):
+    """Whoever needs a facility is handed it: no default argument picks one."""
+    parameter = r"(?:[\w>]\s+\w+|[&*]\s*\w*)"
+    default = rf"{parameter}\s*=\s*&?({'|'.join(picking_calls(tree))})\b(\(\))?(?=\s*[,)])"
+    for source in tree.sources:
+        if source.is_product():
+            yield from source.findings(default, "a default argument picks a live backend")
+
+
+def picking_calls(tree):
+    """The functions that give a live facility, as a pattern each: those of Platform/'s interfaces
+    that give one of their own kind, and those that give a bus or the environment."""
+    given = r"static (?:const )?(?:(\w+) ?&|std::unique_ptr<(\w+)> )(\w+)\(\)"
+    headers = "\n".join(source.code for source in tree.sources
+                        if source.is_under("Platform") and source.is_header())
+    calls = {f"{reference or pointer}::{name}"
+             for reference, pointer, name in re.findall(given, headers)}
+    return [*sorted(calls), *BUSES_AND_ENVIRONMENT]
 
 
 def fakes_stay_out_of_the_product(tree):
@@ -87,6 +107,7 @@ RULES = [
     includes_stay_below,
     platform_headers_stay_in_platform,
     live_backends_are_picked_in_one_place,
+    defaults_pick_no_live_backend,
     fakes_stay_out_of_the_product,
     coroutine_library_has_one_door,
 ]

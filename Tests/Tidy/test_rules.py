@@ -7,7 +7,9 @@ from tidy import RULES, findings_of
 
 HEADER = "#pragma once\n\nnamespace quorvel {\n\nclass Cup\n{\n};\n\n}\n"
 FACILITY = {
-    "Platform/Radio/Radio.h": "class Radio\n{\n};\n",
+    "Platform/Radio/Radio.h":
+        "class Radio\n{\n    static const Radio &standard();\n"
+        "    static std::unique_ptr<Radio> makeDetached();\n};\n",
     "Platform/Radio/LongWaveRadio.h": "class LongWaveRadio final : public Radio\n{\n};\n",
 }
 QML = "pragma ComponentBehavior: Bound\nimport QtQuick\n"
@@ -21,10 +23,12 @@ SAMPLES = {
             {"Core/Support/Tasks/Task.h": '#include "Core/DI/AppEnvironment.h"\n'},
             {"Services/Wifi/Wifi.cpp": '#include "Features/MenuBar/MenuBarRoot.h"\n'},
             {"Features/MenuBar/Label.cpp": '#include "Quorvel/QuorvelApp.h"\n'},
+            {"Services/Wifi/Wifi.cpp": '#include "Core/DI/Facilities.h"\n'},
         ],
         [
             {"Models/Cafe.h": '#include "Platform/Clock/Clock.h"\n#include <QString>\n'},
             {"Core/DI/AppEnvironment.h": '#include "Core/Persistence/Repository.h"\n'},
+            {"Core/DI/LoopServices.h": '#include "Services/Wifi/WifiModels.h"\n'},
             {"Quorvel/main.cpp": '#include "Features/MenuBar/MenuBarRoot.h"\n'},
             {"Models/Cafe.h": '// #include "Core/Support/AppError.h"\n'},
         ],
@@ -49,10 +53,31 @@ SAMPLES = {
         [
             {**FACILITY, "Features/History/List.cpp": "LongWaveRadio radio;\n"},
             {**FACILITY, "Core/DI/AppEnvironment.cpp": "make<LongWaveRadio>();\n"},
+            {**FACILITY, "Features/History/List.cpp": "listen(Radio::standard());\n"},
+            {**FACILITY, "Services/Music/Music.cpp": "auto radio = Radio::makeDetached();\n"},
+            {"Features/History/List.cpp": "auto bus = SessionBus::connection();\n"},
+            {"Core/DI/Start.cpp": "read(QProcessEnvironment::systemEnvironment());\n"},
         ],
         [
             {**FACILITY, "Quorvel/QuorvelApp.cpp": "LongWaveRadio radio;\n"},
+            {**FACILITY, "Quorvel/QuorvelApp.cpp": "listen(Radio::standard());\n"},
+            {**FACILITY, "Tests/RadioTest.cpp": "listen(Radio::standard());\n"},
             {**FACILITY, "Features/History/List.cpp": "Radio &radio; // a LongWaveRadio\n"},
+            {**FACILITY, "Features/History/List.cpp": "Shelf::standard();\n"},
+        ],
+    ),
+    "defaults_pick_no_live_backend": (
+        [
+            {**FACILITY, "Platform/Music/Music.h": "Music(Radio &radio = Radio::standard());\n"},
+            {**FACILITY, "Quorvel/Music.h": "void play(Radio & = Radio::standard(),\n int);\n"},
+            {**FACILITY, "Quorvel/Music.h": "Music(Maker make = &Radio::makeDetached);\n"},
+            {"Platform/Music/Music.h": "Music(Bus bus = SystemBus::connection());\n"},
+        ],
+        [
+            {**FACILITY, "Quorvel/Music.cpp": "auto &radio = Radio::standard();\n"},
+            {**FACILITY, "Quorvel/Music.cpp": "Music{.radio = Radio::standard(), .on = true};\n"},
+            {**FACILITY, "Platform/Music/Music.h": "Music(Shelf shelf = Shelf::standard());\n"},
+            {**FACILITY, "Tests/RadioTest.cpp": "void f(Radio & = Radio::standard());\n"},
         ],
     ),
     "fakes_stay_out_of_the_product": (
