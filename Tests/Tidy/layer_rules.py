@@ -4,7 +4,10 @@ import re
 
 from source import Finding
 
-# The folders that a file of each layer may include from, besides its own.
+BELOW_FEATURES = ("Core", "Services", "Models", "Platform")
+
+# The folders that a file of each layer may include from, besides its own. A file belongs to the
+# first layer here that its path begins with.
 ALLOWED = {
     "Platform": (),
     "Models": ("Platform",),
@@ -15,7 +18,14 @@ ALLOWED = {
     "Core/DesignSystem": ("Core/Support", "Models", "Platform"),
     "Core/DI": (
         "Services", "Core/Keychain", "Core/Persistence", "Core/Support", "Models", "Platform"),
-    "Features": ("Core", "Services", "Models", "Platform"),
+    "Features/MenuBar/Icon": BELOW_FEATURES,
+    "Features/MenuBar/Loop": BELOW_FEATURES,
+    "Features/CheckIn": ("Features/MenuBar/Loop", *BELOW_FEATURES),
+    "Features/MenuBar/Panel": ("Features/CheckIn", "Features/MenuBar/Loop", *BELOW_FEATURES),
+    "Features/History": BELOW_FEATURES,
+    "Features/Terminal": (
+        "Features/History", "Features/CheckIn", "Features/MenuBar/Loop", *BELOW_FEATURES),
+    "Features": BELOW_FEATURES,
     "_Probes": ("Features", "Core", "Services", "Models", "Platform"),
     "Quorvel": ("_Probes", "Features", "Core", "Services", "Models", "Platform"),
 }
