@@ -2,12 +2,13 @@
 
 #include "Core/Support/AppError.h"
 
+#include <memory>
 #include <variant>
 
 namespace quorvel {
 
 /// The load state of a screen. View models publish it, views choose by it. States are comparable if
-/// their results are.
+/// their results are. Copies of a state share its result, which never changes.
 template <class T>
 class ViewState final
 {
@@ -21,7 +22,8 @@ public:
     }
     [[nodiscard]] static ViewState loaded(T value)
     {
-        return ViewState(std::in_place_index<loadedIndex>, std::move(value));
+        return ViewState(std::in_place_index<loadedIndex>,
+                         Result{std::make_shared<const T>(std::move(value))});
     }
     [[nodiscard]] static ViewState error(AppError error)
     {
@@ -33,8 +35,12 @@ public:
     [[nodiscard]] bool isLoaded() const { return m_case.index() == loadedIndex; }
     [[nodiscard]] bool isError() const { return m_case.index() == errorIndex; }
 
-    /// Null unless loaded. Lives as long as the state.
-    [[nodiscard]] const T *loadedValue() const { return std::get_if<loadedIndex>(&m_case); }
+    /// Null unless loaded. Lives as long as the state and its copies.
+    [[nodiscard]] const T *loadedValue() const
+    {
+        const auto *result = std::get_if<loadedIndex>(&m_case);
+        return result ? result->value.get() : nullptr;
+    }
     /// Null unless in error. Lives as long as the state.
     [[nodiscard]] const AppError *errorValue() const { return std::get_if<errorIndex>(&m_case); }
 
@@ -44,6 +50,16 @@ public:
     }
 
 private:
+    struct Result
+    {
+        std::shared_ptr<const T> value;
+
+        friend bool operator==(const Result &left, const Result &right)
+        {
+            return *left.value == *right.value;
+        }
+    };
+
     static constexpr std::size_t idleIndex = 0;
     static constexpr std::size_t loadingIndex = 1;
     static constexpr std::size_t loadedIndex = 2;
@@ -54,7 +70,7 @@ private:
         : m_case(place, std::move(content)...)
     {}
 
-    std::variant<std::monostate, std::monostate, T, AppError> m_case;
+    std::variant<std::monostate, std::monostate, Result, AppError> m_case;
 };
 
 } // namespace quorvel

@@ -18,9 +18,7 @@ void CheckInViewModel::refreshCheckedInTodayStatus(const std::optional<PlaceCand
     setHasCheckedInToday(candidate && isStoredToday(*candidate));
 }
 
-// A copy: whoever hears that the save begins may put another snapshot in the original's place.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-void CheckInViewModel::submit(LocatedSnapshot snapshot)
+void CheckInViewModel::submit(const LocatedSnapshot &snapshot)
 {
     if (m_hasCheckedInToday || m_saveState.isLoading() || !snapshot.selectedCafe)
         return;

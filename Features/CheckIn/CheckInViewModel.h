@@ -37,8 +37,8 @@ public:
 
     /// Saves the visit. Refused in silence, as the screen says why, without a café, after today's
     /// visit there, also when another process has stored it meanwhile, and while another save is
-    /// under way.
-    void submit(LocatedSnapshot snapshot);
+    /// under way. The snapshot stays as it is until this returns.
+    void submit(const LocatedSnapshot &snapshot);
 
     void setNote(const QString &note);
     void setRatings(const WorkRatings &ratings);

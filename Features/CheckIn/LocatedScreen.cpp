@@ -27,7 +27,7 @@ LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkI
 void LocatedScreen::appear()
 {
     m_isShown = true;
-    m_checkIn.refreshCheckedInTodayStatus(m_snapshot.selectedCafe);
+    m_checkIn.refreshCheckedInTodayStatus(snapshot().selectedCafe);
     m_wifi.appear();
 }
 
@@ -39,8 +39,8 @@ void LocatedScreen::disappear()
 
 void LocatedScreen::selectCafe(int row)
 {
-    if (row >= 0 && std::size_t(row) < m_snapshot.nearbyCandidates.size())
-        m_menuBar.send(MenuBarInput::selectCafe(m_snapshot.nearbyCandidates[std::size_t(row)]));
+    if (row >= 0 && std::size_t(row) < snapshot().nearbyCandidates.size())
+        m_menuBar.send(MenuBarInput::selectCafe(snapshot().nearbyCandidates[std::size_t(row)]));
 }
 
 void LocatedScreen::retry()
@@ -50,7 +50,9 @@ void LocatedScreen::retry()
 
 void LocatedScreen::checkIn()
 {
-    m_checkIn.submit(m_snapshot);
+    // Lifetime: whoever hears that the save begins may have the screen show another place.
+    const auto pressed = m_located;
+    m_checkIn.submit(*pressed.loadedValue());
 }
 
 void LocatedScreen::setRating(int row, int score)
@@ -66,7 +68,7 @@ void LocatedScreen::setRating(int row, int score)
 
 int LocatedScreen::weatherCode() const
 {
-    return m_snapshot.weather ? int(m_snapshot.weather->weatherCode) : 0;
+    return snapshot().weather ? int(snapshot().weather->weatherCode) : 0;
 }
 
 QString LocatedScreen::errorText() const
@@ -76,7 +78,7 @@ QString LocatedScreen::errorText() const
 
 QString LocatedScreen::hintText() const
 {
-    return LocatedTexts::note(m_snapshot, m_checkIn.hasCheckedInToday());
+    return LocatedTexts::note(snapshot(), m_checkIn.hasCheckedInToday());
 }
 
 bool LocatedScreen::isInUse() const
@@ -94,23 +96,19 @@ void LocatedScreen::setChoosingOrTyping(bool isChoosingOrTyping)
 
 void LocatedScreen::followLoop()
 {
-    const auto *snapshot = m_menuBar.state().loadedValue();
-    if (snapshot && *snapshot != m_snapshot)
-        show(*snapshot);
-}
-
-void LocatedScreen::show(const LocatedSnapshot &snapshot)
-{
-    m_snapshot = snapshot;
+    const auto &state = m_menuBar.state();
+    if (!state.isLoaded() || state == m_located)
+        return;
+    m_located = state;
     QList<CafeRow> rows;
-    for (const PlaceCandidate &candidate : snapshot.nearbyCandidates)
+    for (const PlaceCandidate &candidate : snapshot().nearbyCandidates)
         rows.append({.candidateId = candidate.id,
                      .name = candidate.name,
                      .distanceText = LocatedTexts::distance(candidate)});
     m_candidates.setRecords(rows);
-    m_wifi.setCurrentNetwork(snapshot.ssid, snapshot.signal);
+    m_wifi.setCurrentNetwork(snapshot().ssid, snapshot().signal);
     if (m_isShown)
-        m_checkIn.refreshCheckedInTodayStatus(snapshot.selectedCafe);
+        m_checkIn.refreshCheckedInTodayStatus(snapshot().selectedCafe);
     emit snapshotChanged();
     emit checkInChanged();
 }
@@ -127,7 +125,7 @@ void LocatedScreen::updateRatings()
 
 LocatedTexts::CheckInButton LocatedScreen::button() const
 {
-    return LocatedTexts::button(m_snapshot, m_checkIn.saveState(), m_checkIn.hasCheckedInToday());
+    return LocatedTexts::button(snapshot(), m_checkIn.saveState(), m_checkIn.hasCheckedInToday());
 }
 
 } // namespace quorvel

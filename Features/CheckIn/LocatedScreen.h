@@ -58,20 +58,20 @@ public:
     Q_INVOKABLE void setRating(int row, int score);
     void setNote(const QString &note) { m_checkIn.setNote(note); }
 
-    [[nodiscard]] bool hasCafe() const { return m_snapshot.selectedCafe.has_value(); }
-    [[nodiscard]] QString title() const { return LocatedTexts::title(m_snapshot); }
-    [[nodiscard]] QString subtitle() const { return LocatedTexts::subtitle(m_snapshot); }
-    [[nodiscard]] QString headerAction() const { return LocatedTexts::headerAction(m_snapshot); }
-    [[nodiscard]] QString mapCredit() const { return LocatedTexts::mapCredit(m_snapshot); }
-    [[nodiscard]] QString weatherCredit() const { return LocatedTexts::weatherCredit(m_snapshot); }
+    [[nodiscard]] bool hasCafe() const { return snapshot().selectedCafe.has_value(); }
+    [[nodiscard]] QString title() const { return LocatedTexts::title(snapshot()); }
+    [[nodiscard]] QString subtitle() const { return LocatedTexts::subtitle(snapshot()); }
+    [[nodiscard]] QString headerAction() const { return LocatedTexts::headerAction(snapshot()); }
+    [[nodiscard]] QString mapCredit() const { return LocatedTexts::mapCredit(snapshot()); }
+    [[nodiscard]] QString weatherCredit() const { return LocatedTexts::weatherCredit(snapshot()); }
     [[nodiscard]] QAbstractItemModel *candidates() { return &m_candidates; }
     /// Whether there is another café to choose.
-    [[nodiscard]] bool canChange() const { return m_snapshot.nearbyCandidates.size() > 1; }
-    [[nodiscard]] bool hasWeather() const { return m_snapshot.weather.has_value(); }
+    [[nodiscard]] bool canChange() const { return snapshot().nearbyCandidates.size() > 1; }
+    [[nodiscard]] bool hasWeather() const { return snapshot().weather.has_value(); }
     [[nodiscard]] int weatherCode() const;
-    [[nodiscard]] bool isDay() const { return m_snapshot.weather && m_snapshot.weather->isDay; }
-    [[nodiscard]] QString temperature() const { return LocatedTexts::temperature(m_snapshot); }
-    [[nodiscard]] QString feels() const { return LocatedTexts::feels(m_snapshot); }
+    [[nodiscard]] bool isDay() const { return snapshot().weather && snapshot().weather->isDay; }
+    [[nodiscard]] QString temperature() const { return LocatedTexts::temperature(snapshot()); }
+    [[nodiscard]] QString feels() const { return LocatedTexts::feels(snapshot()); }
     [[nodiscard]] QAbstractItemModel *ratings() { return &m_ratings; }
     [[nodiscard]] QString note() const { return m_checkIn.note(); }
     [[nodiscard]] WifiScanSection *wifi() { return &m_wifi; }
@@ -97,14 +97,15 @@ signals:
 
 private:
     void followLoop();
-    void show(const LocatedSnapshot &snapshot);
     void updateRatings();
+    [[nodiscard]] const LocatedSnapshot &snapshot() const { return *m_located.loadedValue(); }
     [[nodiscard]] LocatedTexts::CheckInButton button() const;
 
     MenuBarViewModel &m_menuBar;
     CheckInViewModel &m_checkIn;
     WifiScanSection m_wifi;
-    LocatedSnapshot m_snapshot;
+    /// What the loop last found, loaded also before it has found anything.
+    ViewState<LocatedSnapshot> m_located = ViewState<LocatedSnapshot>::loaded({});
     RecordListModel<CafeRow> m_candidates;
     RecordListModel<RatingRow> m_ratings;
     bool m_isShown = false;

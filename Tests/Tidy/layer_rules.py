@@ -87,8 +87,7 @@ def defaults_pick_no_live_backend(tree):
 
 
 def picking_calls(tree):
-    """The functions that give a live facility, as a pattern each: those of Platform/'s interfaces
-    that give one of their own kind, and those that give a bus or the environment."""
+    """The names of the functions that give a live facility, a bus or the environment."""
     given = r"static (?:const )?(?:(\w+) ?&|std::unique_ptr<(\w+)> )(\w+)\(\)"
     headers = "\n".join(source.code for source in tree.sources
                         if source.is_under("Platform") and source.is_header())

@@ -75,7 +75,10 @@ struct MenuBarViewModel::Load
 
     [[nodiscard]] bool isOver() const { return !viewModel || stop.stop_requested(); }
     /// Whether what is on screen is good enough when the load finds nothing better.
-    [[nodiscard]] bool keepsCache() const { return !needsFresh && viewModel->m_lastSnapshot; }
+    [[nodiscard]] bool keepsCache() const
+    {
+        return !needsFresh && viewModel->m_lastSnapshot.isLoaded();
+    }
 };
 
 MenuBarViewModel::MenuBarViewModel(const Services &services, const Clock &clock, QObject *parent)
@@ -119,8 +122,8 @@ void MenuBarViewModel::locateAndLoad(ForceRefresh forceRefresh, const std::stop_
     const Load load{this, stop, needsFresh(forceRefresh)};
     if (load.isOver())
         return;
-    const bool paintsCache = forceRefresh == ForceRefresh::No && m_lastSnapshot;
-    setState(paintsCache ? State::loaded(*m_lastSnapshot) : State::loading());
+    const bool paintsCache = forceRefresh == ForceRefresh::No && m_lastSnapshot.isLoaded();
+    setState(paintsCache ? m_lastSnapshot : State::loading());
     if (!load.isOver())
         spawn(locateToEnd(load));
 }
@@ -152,7 +155,7 @@ Task<> MenuBarViewModel::locate(Load load)
         co_return;
     }
     if (load.viewModel->isReusable(load, *location)) {
-        load.viewModel->setState(State::loaded(*load.viewModel->m_lastSnapshot));
+        load.viewModel->setState(load.viewModel->m_lastSnapshot);
         co_return;
     }
     const Location here = *location;
@@ -190,10 +193,10 @@ Task<> MenuBarViewModel::loadDetails(Load load, std::vector<PlaceCandidate> cand
     snapshot.nearbyCandidates = std::move(candidates);
     snapshot.weather = weather;
     // Order: whoever hears of the new state may send at once, and finds the cache complete.
-    self.m_lastSnapshot = snapshot;
+    self.m_lastSnapshot = State::loaded(std::move(snapshot));
     self.m_lastLocation = location;
     self.m_lastSnapshotAt = self.m_clock.now();
-    self.setState(State::loaded(std::move(snapshot)));
+    self.setState(self.m_lastSnapshot);
 }
 
 void MenuBarViewModel::selectCafe(const PlaceCandidate &candidate)
@@ -205,9 +208,9 @@ void MenuBarViewModel::selectCafe(const PlaceCandidate &candidate)
     // good as any from now on.
     auto snapshot = *shown;
     snapshot.selectedCafe = candidate;
-    m_lastSnapshot = snapshot;
+    m_lastSnapshot = State::loaded(std::move(snapshot));
     m_lastSnapshotAt = m_clock.now();
-    setState(State::loaded(std::move(snapshot)));
+    setState(m_lastSnapshot);
 }
 
 bool MenuBarViewModel::needsFresh(ForceRefresh forceRefresh) const

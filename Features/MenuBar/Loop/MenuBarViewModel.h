@@ -65,8 +65,9 @@ private:
     std::stop_source m_loadTask;
     bool m_isLocating = false;
 
-    /// The last snapshot that was no fallback, with the place and time of its making.
-    std::optional<LocatedSnapshot> m_lastSnapshot;
+    /// The last state with a snapshot that was no fallback, with the place and time of its making;
+    /// idle before.
+    ViewState<LocatedSnapshot> m_lastSnapshot = ViewState<LocatedSnapshot>::idle();
     std::optional<Location> m_lastLocation;
     std::optional<Instant> m_lastSnapshotAt;
 };

@@ -56,6 +56,15 @@ private slots:
         QVERIFY(*State::error(AppError::noCafeFound()).errorValue() == AppError::noCafeFound());
     }
 
+    void copiesShareTheirResult()
+    {
+        auto state = State::loaded(7);
+        const auto copy = state;
+        QCOMPARE(copy.loadedValue(), state.loadedValue());
+        state = State::idle();
+        QCOMPARE(*copy.loadedValue(), 7);
+    }
+
     void aResultMayBeAnErrorItself()
     {
         using Found = ViewState<AppError>;

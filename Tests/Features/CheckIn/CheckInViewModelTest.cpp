@@ -226,15 +226,6 @@ private slots:
         QCOMPARE(m_world->repository.visits.size(), 1U);
     }
 
-    void whatIsSavedIsWhatWasPressedAlthoughTheScreenMovesOn()
-    {
-        auto shown = snapshot();
-        connect(&*m_form, &CheckInViewModel::saveStateChanged, this,
-                [&shown] { shown = LocatedSnapshot(); });
-        m_form->submit(shown);
-        QCOMPARE(m_world->repository.visits.size(), 1U);
-    }
-
     void aTypedPasswordIsKeptUnderTheNetwork()
     {
         m_form->setWifiPasswordDraft(u"short"_s);

@@ -208,6 +208,22 @@ private slots:
         QVERIFY(!changes.isEmpty());
     }
 
+    void whatIsSavedIsWhatWasPressedAlthoughTheScreenMovesOn()
+    {
+        load();
+        connect(
+            &m_world->form, &CheckInViewModel::saveStateChanged, this,
+            [this] {
+                m_world->loop.send(MenuBarInput::selectCafe(LoopWorld::found()[0]));
+                // From here on nobody but the screen could keep what was pressed.
+                m_world->loop.states.clear();
+            },
+            Qt::SingleShotConnection);
+        screen().checkIn();
+        QCOMPARE(screen().title(), u"Far"_s);
+        QCOMPARE(m_world->repository.visits.front()->cafe()->name(), u"Near"_s);
+    }
+
     void itIsInUseWhileItSaysWhatASaveHasComeTo()
     {
         load();
