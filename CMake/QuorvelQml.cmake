@@ -50,7 +50,7 @@ function(quorvel_qml_module name)
   list(TRANSFORM folders PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   target_include_directories(${name} PRIVATE ${folders})
   target_link_libraries(${name}
-    PUBLIC quorvel_options ${arg_LINKS} Qt6::Quick
+    PUBLIC quorvel_base ${arg_LINKS} Qt6::Quick
     INTERFACE ${name}plugin)
   quorvel_use_precompiled(${name})
 endfunction()

@@ -1,6 +1,5 @@
-# How every target of this tree is built. One static library a layer (in
-# Platform/ one a facility): a file that reaches for a layer which its own
-# target does not link finds no symbols there.
+# How every target of this tree is built: one target a folder. What the program and its modules
+# both use is a part of the shared library `quorvel_base`; everything else is a static library.
 
 add_library(quorvel_options INTERFACE)
 target_compile_features(quorvel_options INTERFACE cxx_std_20)
@@ -40,10 +39,9 @@ set(QUORVEL_TEST_SECONDS 1200)
 # What a test's environment adds in a sanitized build: a leak fails the test, too.
 set(QUORVEL_TEST_ENVIRONMENT)
 if(QUORVEL_SANITIZERS)
-  # The program and its modules share what both define; the first definition is used. Where
-  # clang 14 looks for leaks in the memory of a thread that is ending, it crashes now and then.
-  set(asan_options detect_leaks=1:detect_stack_use_after_return=1)
-  string(APPEND asan_options :detect_odr_violation=0:intercept_tls_get_addr=0)
+  # Where clang 14 looks for leaks in the memory of a thread that is ending, it crashes now and
+  # then: intercept_tls_get_addr=0 keeps it from that.
+  set(asan_options detect_leaks=1:detect_stack_use_after_return=1:intercept_tls_get_addr=0)
   set(QUORVEL_TEST_ENVIRONMENT
     ASAN_OPTIONS=${asan_options}
     UBSAN_OPTIONS=print_stacktrace=1)
@@ -120,12 +118,33 @@ function(quorvel_moc name)
   target_include_directories(${name} PRIVATE ${folder})
 endfunction()
 
+# All other targets link it; its parts add themselves.
+add_library(quorvel_base SHARED)
+set(QUORVEL_BASE_LINKS quorvel_options QCoro6::Core Qt6::Core Qt6::DBus)
+target_link_libraries(quorvel_base PUBLIC ${QUORVEL_BASE_LINKS})
+set_target_properties(quorvel_base PROPERTIES
+  OUTPUT_NAME quorvel
+  LINKER_LANGUAGE CXX
+  AUTOMOC OFF)
+
+# quorvel_part(NAME SOURCES ... [LINKS ...])
+# A folder of the shared library.
+function(quorvel_part name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_library(${name} OBJECT ${arg_SOURCES})
+  quorvel_moc(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${QUORVEL_BASE_LINKS} ${arg_LINKS})
+  target_sources(quorvel_base PRIVATE $<TARGET_OBJECTS:${name}>)
+  target_link_libraries(quorvel_base PRIVATE ${arg_LINKS})
+  quorvel_use_precompiled(${name})
+endfunction()
+
 # quorvel_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
 function(quorvel_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;PRIVATE_LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
   quorvel_moc(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
+  target_link_libraries(${name} PUBLIC quorvel_base ${arg_LINKS} PRIVATE ${arg_PRIVATE_LINKS})
   quorvel_use_precompiled(${name})
 endfunction()
 
@@ -135,7 +154,7 @@ function(quorvel_tests_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
   quorvel_moc(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC quorvel_options ${arg_LINKS} Qt6::Test)
+  target_link_libraries(${name} PUBLIC quorvel_base ${arg_LINKS} Qt6::Test)
   target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
   target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
   set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
@@ -147,7 +166,7 @@ function(quorvel_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS;LAUNCHER;LABELS")
   add_executable(${name} ${arg_SOURCES})
   quorvel_moc(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE quorvel_options ${arg_LINKS} Qt6::Test)
+  target_link_libraries(${name} PRIVATE quorvel_base ${arg_LINKS} Qt6::Test)
   target_compile_options(${name} PRIVATE ${QUORVEL_TEST_OPTIONS})
   target_precompile_headers(${name} REUSE_FROM quorvel_tests_headers)
   set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)

@@ -1,10 +1,10 @@
 """Starting the program again, starting it where it cannot write, and ending it."""
 
 import os
-import shutil
 import unittest
 
 from desktop_case import DIAGNOSTICS, PANEL, PROGRAM, DesktopCase
+from incomplete_program import copy_without_modules
 
 
 def without_override():
@@ -74,7 +74,7 @@ class RefusalTest(DesktopCase):
         self.assertIn("http://weather.example.org", said)
 
     def test_a_program_without_its_scenes_says_so_and_keeps_its_icon(self):
-        alone = shutil.copy(PROGRAM, self.desktop.folder)
+        alone = copy_without_modules(PROGRAM, self.desktop.folder / "alone")
         self.desktop.start_tray("trayer")
         program = self.desktop.start_program(alone)
         self.desktop.click_icon()

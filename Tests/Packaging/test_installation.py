@@ -88,11 +88,11 @@ class InstallationTest(unittest.TestCase):
         self.assertEqual(self.output("quorvel", "--version"),
                          f"Quorvel {help_texts.version()}\n")
 
-    def test_the_program_finds_its_modules(self):
+    def test_the_program_finds_its_library_and_its_modules(self):
         self.assertEqual(self.output("quorvel", "history"), "No check-ins yet\n")
-        [folder] = {path.parent for path in self.prefix.rglob("quorvel-*.so")}
+        [folder] = {path.parent for path in self.prefix.rglob("*.so")}
         self.assertEqual({path.name for path in folder.iterdir()},
-                         {"quorvel-scenes.so", "quorvel-terminal.so"})
+                         {"libquorvel.so", "quorvel-scenes.so", "quorvel-terminal.so"})
 
     def test_the_bus_starts_the_program_of_this_prefix(self):
         service = entry(self.share / f"dbus-1/services/{ID}.service")["D-BUS Service"]

@@ -17,9 +17,14 @@ VERSION = os.environ["QUORVEL_VERSION"]
 # Of nobody: what is installed for it goes elsewhere.
 PREFIX = "/quorvel-of-this-test"
 PROGRAM = "bin/quorvel"
-SCENES = "lib/quorvel/quorvel-scenes.so"
-TYPE_OF_CAFES = "_ZTIN7quorvel4CafeE"
-MODULES = {SCENES, "lib/quorvel/quorvel-terminal.so"}
+LIBRARY = "lib/quorvel/libquorvel.so"
+MODULES = ("lib/quorvel/quorvel-scenes.so", "lib/quorvel/quorvel-terminal.so")
+RUNPATHS = {
+    PROGRAM: ["$ORIGIN/../lib/quorvel"],
+    LIBRARY: [],
+    **{module: ["$ORIGIN"] for module in MODULES},
+}
+TYPE_OF_ERRORS = "typeinfo for quorvel::AppError"
 
 
 class InstallCase(unittest.TestCase):
@@ -59,8 +64,8 @@ class PrefixTest(InstallCase):
         super().setUp()
         self.install(self.place)
 
-    def test_it_is_the_program_and_its_modules_besides_what_desktops_look_for(self):
-        self.assertEqual(self.files_besides_data(self.place), {PROGRAM, *MODULES})
+    def test_it_is_the_program_and_its_libraries_besides_what_desktops_look_for(self):
+        self.assertEqual(self.files_besides_data(self.place), {PROGRAM, LIBRARY, *MODULES})
 
     def test_the_program_runs_from_there(self):
         self.assert_runs(self.place)
@@ -69,26 +74,25 @@ class PrefixTest(InstallCase):
         moved = self.place.rename(self.folder / "moved")
         self.assert_runs(moved)
 
-    def test_nothing_looks_for_libraries_in_folders_of_its_own(self):
-        for name in (PROGRAM, *MODULES):
+    def test_libraries_are_looked_for_only_in_the_folder_of_the_program(self):
+        for name, looked_for in RUNPATHS.items():
             with self.subTest(name):
-                read = subprocess.run(["readelf", "--dynamic", self.place / name], check=True,
-                                      capture_output=True, text=True).stdout
+                read = self.output_about(name, "readelf", "--dynamic")
                 self.assertIn("(NEEDED)", read)
-                self.assertIsNone(re.search(r"\((RPATH|RUNPATH)\)", read))
+                self.assertEqual(re.findall(r"\((?:RPATH|RUNPATH)\).*\[(.*)\]", read), looked_for)
 
-    def test_the_scenes_name_only_what_they_share_with_the_program(self):
-        shared = self.names(SCENES) & self.names(PROGRAM)
-        own = self.names(SCENES) - shared
-        self.assertEqual(own, {"qt_plugin_instance", "qt_plugin_query_metadata_v2"})
-        self.assertIn(TYPE_OF_CAFES, shared)
+    def test_the_modules_take_classes_from_the_library(self):
+        self.assertIn(f" D {TYPE_OF_ERRORS}\n", self.names(LIBRARY))
+        for name in MODULES:
+            with self.subTest(name):
+                self.assertIn(f" U {TYPE_OF_ERRORS}\n", self.names(name))
 
     def names(self, file):
-        listed = subprocess.run(
-            ["nm", "--dynamic", "--defined-only", "--format=posix", self.place / file],
-            check=True, capture_output=True, text=True,
-        ).stdout
-        return {line.split()[0] for line in listed.splitlines()}
+        return self.output_about(file, "nm", "--dynamic", "--demangle")
+
+    def output_about(self, file, *command):
+        return subprocess.run([*command, self.place / file], check=True, capture_output=True,
+                              text=True).stdout
 
 
 class ModesTest(InstallCase):

@@ -6,7 +6,6 @@ import io
 import json
 import os
 import pty
-import shutil
 import signal
 import stat
 import subprocess
@@ -14,6 +13,7 @@ import time
 import unittest
 
 from accessible_program import AccessibleProgram
+from incomplete_program import copy_without_modules
 from patience import PATIENCE_SECONDS, wait_for
 from virtual_desktop import VirtualDesktop
 from world import World
@@ -174,7 +174,7 @@ class LocateFailureTest(TerminalCase):
         self.assertIn("QUORVEL_PLACES_ENDPOINT", self.noted)
 
     def test_a_program_without_its_module_says_so(self):
-        alone = shutil.copy(PROGRAM, self.folder)
+        alone = copy_without_modules(PROGRAM, self.folder / "alone")
         ended = subprocess.run([alone, "locate"], env=self.world.environment, check=False,
                                capture_output=True, text=True, timeout=PATIENCE_SECONDS)
         self.assertEqual((ended.returncode, ended.stdout), (FAILURE, ""))
