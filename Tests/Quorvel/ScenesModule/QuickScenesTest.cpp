@@ -144,7 +144,7 @@ private slots:
         };
         QVERIFY(m_scenes->openWindow(u"probe8"_s));
         QQuickWindow *window = m_scenes->window(u"probe8"_s);
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        QVERIFY(QTest::qWaitForWindowActive(window, patienceMilliseconds));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Run"_s));
         QuickTest::click(QuickTest::find(window->contentItem(), "label", u"Locate"_s));
         const auto asked = [&managers] {
