@@ -5,12 +5,11 @@ what no test noticed. Everything happens in a copy of the tree, `build/mutants`.
 
 The folder's tests are the compiled ones of Tests/FOLDER, or of the nearest folder above it that has
 any, and those of Tests/Contract that link a library of FOLDER; without the label `world` or
-`desktop`. Each runs in a box in which it can
-write nothing but its own home and /tmp, both in memory. A test that does not end counts as one
-that noticed.
+`desktop`. Each runs in a box in which it can write nothing but its own home and /tmp, both in
+memory. A test that does not end counts as one that noticed.
 
-With --again only those changes are tried that survived the last time.
-Ends well if at least 90 % were noticed of those that compile.
+With --again only those changes are tried that were not noticed the last time; the others count as
+they did. Ends well if at least 90 % were noticed of those that compile.
 """
 
 import argparse
@@ -25,6 +24,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 
 import mutation
@@ -138,15 +138,19 @@ class Box:
             self.environment["QUORVEL_MUTANTS_REACHED"] = reached
 
     def passes(self, number=0, patience=600):
+        """Ends with the first case that fails."""
         environment = {**self.environment, "QUORVEL_MUTANT": str(number)}
         with subprocess.Popen([*self.command, *self.test.command], env=environment,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.DEVNULL) as process:
-            try:
-                return process.wait(patience) == 0
-            except subprocess.TimeoutExpired:
+            timer = threading.Timer(patience, process.kill)
+            timer.start()
+            failed = any(line.startswith(b"FAIL!") for line in process.stdout)
+            if failed:
                 process.kill()
-                return False
+            status = process.wait()
+            timer.cancel()
+            return status == 0 and not failed
 
 
 def try_unchanged(test, count):
@@ -290,11 +294,10 @@ def build_mutants(folder, tests):
 
 # --- the runs
 
-def survivors(numbers, tests):
-    """The numbers that no test notices, and those that none comes to."""
+def outcomes(numbers, count, tests):
+    """For each number, in its time, what the tests say of it: caught, survived or not reached."""
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        unchanged = list(pool.map(lambda test: try_unchanged(test, max(numbers, default=0)),
-                                  tests))
+        unchanged = list(pool.map(lambda test: try_unchanged(test, count), tests))
         for test, result in zip(tests, unchanged):
             if not result:
                 say(f"left out, since it fails without any change: {test.name}")
@@ -302,20 +305,40 @@ def survivors(numbers, tests):
                        key=lambda each: each[0])
         say(f"the tests take {sum(each[0] for each in known):.1f} s; trying each change")
 
-        def survives(number):
-            return all(Box(test).passes(number, PATIENCE_SECONDS + PATIENCE_FACTOR * duration)
-                       for duration, reached, test in known if number in reached)
+        def outcome(number):
+            concerned = [(test, PATIENCE_SECONDS + PATIENCE_FACTOR * duration)
+                         for duration, reached, test in known if number in reached]
+            if not concerned:
+                return "not reached"
+            passed = all(Box(test).passes(number, seconds) for test, seconds in concerned)
+            return "survived" if passed else "caught"
 
-        everywhere = set().union(*(reached for _, reached, _ in known))
-        reached = [number for number in numbers if number in everywhere]
-        outcome = list(zip(reached, pool.map(survives, reached)))
-    return {number for number, alive in outcome if alive}, set(numbers) - everywhere
+        yield from zip(numbers, pool.map(outcome, numbers))
 
 
 def describe(mutant, word):
     path = pathlib.Path(mutant.path).relative_to(COPY)
     after = mutant.after or "(nothing)"
     return f"{path}:{mutant.line}: {word}: {mutant.before}  →  {after}"
+
+
+def key(mutant):
+    """What tells a change from others, also after lines came in above it."""
+    return mutant.path, mutant.before, mutant.after
+
+
+def prepare(folder):
+    """The copy with its changes, and the tests."""
+    copy_tree()
+    configure()
+    if output := build("quorvel_headers"):
+        fail(output)
+    tests = tests_of(folder)
+    if not tests:
+        fail(f"{folder} has no tests")
+    code = build_mutants(folder, tests)
+    # Only now CMake knows every command.
+    return code, tests_of(folder)
 
 
 def main():
@@ -326,30 +349,24 @@ def main():
     folder = arguments.folder
     if not (ROOT / folder).is_dir():
         fail(f"there is no folder {folder}")
-    copy_tree()
-    configure()
-    if output := build("quorvel_headers"):
-        fail(output)
-    tests = tests_of(folder)
-    if not tests:
-        fail(f"{folder} has no tests")
-    code = build_mutants(folder, tests)
-    tests = tests_of(folder)
-    numbers = {number: mutant for mutant, number in code.numbers.items()
+    code, tests = prepare(folder)
+    mutants = {number: mutant for mutant, number in code.numbers.items()
                if mutant not in code.uncompiled}
-    memory = COPY / "build" / (folder.replace("/", "-") + "-survivors.json")
+    memory = COPY / "build" / (folder.replace("/", "-") + "-missed.json")
+    last = None
     if arguments.again and memory.exists():
         last = {tuple(each) for each in json.loads(memory.read_text())}
-        numbers = {number: mutant for number, mutant in numbers.items() if mutant in last}
-    alive, unreached = survivors(sorted(numbers), tests)
-    for number, mutant in sorted(numbers.items()):
-        if number in alive | unreached:
-            print(describe(mutant, "survived" if number in alive else "not reached"))
-    memory.write_text(json.dumps([numbers[number] for number in sorted(alive | unreached)]))
-    caught = len(numbers) - len(alive) - len(unreached)
-    share = caught / len(numbers) if numbers else 1
-    print(f"{folder}: {len(numbers) + len(code.uncompiled)} made, {caught} caught "
-          f"({100 * share:.1f} %), {len(alive)} survived, {len(unreached)} not reached, "
+    tried = [number for number, mutant in mutants.items() if last is None or key(mutant) in last]
+    missed = {"survived": [], "not reached": []}
+    for number, outcome in outcomes(sorted(tried), len(code.numbers), tests):
+        if outcome in missed:
+            missed[outcome].append(mutants[number])
+            print(describe(mutants[number], outcome), flush=True)
+    memory.write_text(json.dumps([key(mutant) for mutant in sum(missed.values(), [])]))
+    caught = len(mutants) - sum(map(len, missed.values()))
+    share = caught / len(mutants) if mutants else 1
+    print(f"{folder}: {len(code.numbers)} made, {caught} caught ({100 * share:.1f} %), "
+          f"{len(missed['survived'])} survived, {len(missed['not reached'])} not reached, "
           f"{len(code.uncompiled)} do not compile")
     return 0 if share >= WANTED else 1
 
