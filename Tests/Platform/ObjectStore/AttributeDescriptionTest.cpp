@@ -54,6 +54,36 @@ private slots:
         QVERIFY(!book->author());
     }
 
+    void aValueThatIsNeverAbsentComesBackAsItWasSaved()
+    {
+        Library library;
+        const Format format{.widthMillimeters = 3, .pageCount = 2, .isHardcover = false};
+        {
+            const auto bookmark = std::make_shared<Bookmark>(nullptr);
+            bookmark->setFormat(format);
+            library.context.insert(bookmark);
+            library.context.save();
+        }
+        library.reopen();
+        QCOMPARE(library.container->mainContext().fetch<Bookmark>().front()->format(), format);
+    }
+
+    void anAbsentValueIsNotThatOfTheRowBefore()
+    {
+        Library library;
+        {
+            const auto sized = std::make_shared<Book>(u"A"_s);
+            sized->setFormat(Format{.widthMillimeters = 3, .pageCount = 2, .isHardcover = true});
+            library.context.insert(sized);
+            library.context.insert(std::make_shared<Book>(u"B"_s));
+            library.context.save();
+        }
+        library.reopen();
+        const auto books = library.container->mainContext().fetch<Book>();
+        QVERIFY(books.front()->format());
+        QVERIFY(!books.back()->format());
+    }
+
     void everyTextComesBackToTheLastCharacter_data()
     {
         QTest::addColumn<QString>("text");

@@ -125,16 +125,20 @@ public:
         static const EntityDescription description{
             .name = "Bookmark",
             .make = &makeFromStore<Bookmark>,
-            .attributes = {uniqueAttribute<&Bookmark::m_id>("id")},
+            .attributes = {uniqueAttribute<&Bookmark::m_id>("id"),
+                           compositeAttribute<&Bookmark::m_format>()},
             .relationships = {toOne<&Bookmark::m_book>("book", DeleteRule::Cascade)}};
         return description;
     }
     const EntityDescription &entityDescription() const override { return entity(); }
 
     const std::shared_ptr<Book> &book() const { return m_book; }
+    const Format &format() const { return m_format; }
+    void setFormat(const Format &format) { write(m_format, format); }
 
 private:
     QUuid m_id = QUuid::createUuid();
+    Format m_format;
     std::shared_ptr<Book> m_book;
 };
 

@@ -88,6 +88,60 @@ private slots:
         QCOMPARE(library.count("Author"), 2);
     }
 
+    void whatAnObjectPointsToComesWithWhatThatPointsTo()
+    {
+        Library library;
+        const auto author = std::make_shared<Author>(u"Nam Cao"_s);
+        library.context.insert(std::make_shared<Bookmark>(library.add(u"Chí Phèo"_s, author)));
+        library.context.save();
+        library.reopen();
+        const auto bookmark = library.container->mainContext().fetch<Bookmark>().front();
+        QCOMPARE(bookmark->book()->author()->name(), u"Nam Cao"_s);
+    }
+
+    void whatPointsToNothingStaysSoBesideOthers()
+    {
+        Library library;
+        library.add(u"with an author"_s, std::make_shared<Author>(u"A"_s));
+        library.add(u"without"_s);
+        library.reopen();
+        const auto books = library.container->mainContext().fetch<Book>();
+        QVERIFY(books.front()->author());
+        QVERIFY(!books.back()->author());
+    }
+
+    void aFetchListsItsOwnKindOnly()
+    {
+        Library library;
+        library.context.insert(std::make_shared<Author>(u"A"_s));
+        QVERIFY(library.context.fetch<Book>().empty());
+    }
+
+    void anObjectOfAnotherStoreIsNotRemoved()
+    {
+        Library library;
+        Library other;
+        const auto book = other.add(u"theirs"_s);
+        library.context.remove(book);
+        QVERIFY(!library.context.hasChanges());
+        QVERIFY(book->isStored());
+    }
+
+    void aRemovedObjectCanBeStoredAnew()
+    {
+        Library library;
+        const auto book = library.add(u"A"_s);
+        book->setTitle(u"B"_s);
+        library.context.remove(book);
+        library.context.save();
+        library.context.insert(book);
+        library.context.save();
+        QCOMPARE(titles(library.context.fetch<Book>()), QStringList{u"B"_s});
+        book->setTitle(u"C"_s);
+        library.context.save();
+        QCOMPARE(library.count("Book WHERE title = 'C'"), 1);
+    }
+
     void aSecondRowWithTheSameUniqueValueIsRefused()
     {
         Library library;

@@ -45,6 +45,24 @@ private slots:
         QCOMPARE(changes.count(), 1);
     }
 
+    void aFetchFollowsWhatAnotherProcessTookAwayOrPointedElsewhere()
+    {
+        Library library;
+        const auto book = library.add(u"A"_s, std::make_shared<Author>(u"first"_s));
+        book->setFormat(Format{.widthMillimeters = 3, .pageCount = 2, .isHardcover = true});
+        library.context.save();
+        const auto author = std::make_shared<Author>(u"second"_s);
+        library.context.insert(author);
+        library.context.save();
+        (void)library.context.fetch<Book>();
+        library.inspect().exec("UPDATE Book SET widthMillimeters = NULL, pageCount = NULL, "
+                               "isHardcover = NULL, author = "
+                               "(SELECT pk FROM Author WHERE name = 'second')");
+        (void)library.context.fetch<Book>();
+        QVERIFY(!book->format());
+        QCOMPARE(book->author(), author);
+    }
+
     void anObserverMayFetchWhileAFetchAnnounces()
     {
         Library library;

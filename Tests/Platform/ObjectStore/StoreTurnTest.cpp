@@ -3,6 +3,7 @@
 #include "Platform/ObjectStore/StoreError.h"
 #include "Tests/Platform/ObjectStore/LibraryEntities.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 #include <sys/wait.h>
@@ -56,6 +57,26 @@ private slots:
         QVERIFY(error);
         QCOMPARE(error->code(), StoreError::Code::Busy);
         QCOMPARE(error->errorDescription(), u"The store is in use by another program."_s);
+    }
+
+    void othersStayOutWhileAContainerHasItsTurn()
+    {
+        ModelContainer container(librarySchema(), {m_path});
+        std::optional<StoreError> refused;
+        container.inTurn([&] { refused = refusalOf(m_path); });
+        QVERIFY(refused);
+        QVERIFY(!refusalOf(m_path));
+    }
+
+    void aTurnThatIsRefusedLeavesNoFileOpen()
+    {
+        const StoreTurn other(m_path);
+        const auto openFiles = [] {
+            return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
+        };
+        const qsizetype before = openFiles();
+        QVERIFY(refusalOf(m_path));
+        QCOMPARE(openFiles(), before);
     }
 
     void aProcessThatIsKilledLeavesItsTurn()
