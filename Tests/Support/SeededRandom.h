@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRandomGenerator>
+#include <QString>
 #include <QtGlobal>
 
 namespace quorvel::tests {

@@ -30,6 +30,14 @@ SHALLOW = [
 ]
 
 
+def is_generated(command, build):
+    return build in pathlib.Path(command["file"]).parents
+
+
+def is_test(command):
+    return "/Tests/" in command["file"]
+
+
 def project_commands(build):
     """The compile commands of what the tree ships and measures, not of generated files. Tests are
     compiled with every warning; linting them too would double the time."""
@@ -37,8 +45,7 @@ def project_commands(build):
     return {
         command["file"]: command
         for command in commands
-        if build not in pathlib.Path(command["file"]).parents
-        and "/Tests/" not in command["file"]
+        if not is_generated(command, build) and not is_test(command)
     }
 
 

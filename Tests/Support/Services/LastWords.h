@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QScopeGuard>
+#include <QString>
 #include <QtGlobal>
 #include <sys/wait.h>
 
