@@ -2,8 +2,12 @@
 
 import unittest
 
+import include_rules
+import tidy
 from source import Tree
-from tidy import RULES, findings_of
+from tidy import findings_of
+
+RULES = [*tidy.RULES, *include_rules.RULES]
 
 HEADER = "#pragma once\n\nnamespace quorvel {\n\nclass Cup\n{\n};\n\n}\n"
 FACILITY = {
@@ -134,6 +138,60 @@ SAMPLES = {
         [
             {"Models/Cup.h": HEADER, "Models/Cup.cpp": '#include "Models/Cup.h"\n'},
             {"Tests/Models/CupTest.cpp": '#include "CupTest.moc"\n'},
+        ],
+    ),
+    "files_include_what_they_name": (
+        [
+            {"Models/Cup.h": f"{named}\n"}
+            for named in ("std::optional<int> sugar;", "std::ranges::sort(cups);",
+                          "using namespace std::chrono_literals;", "std::unheard_of<int> cup;",
+                          "QString name;", "QUrl url; QUrl other;", "QVariantMap cups;")
+        ] + [
+            {"Models/Cup.cpp": 'auto name = u"cup"_s;\n'},
+            {"Models/Cup.cpp": "#include <QString>\nQUrl url;\n"},
+            {"Tests/CupTest.cpp": "QVERIFY(cup);\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "Cup cup;\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "class Cup;\n",
+             "Models/Tray.cpp": "Cup cup;\n"},
+            {"Models/Tray.h": "#include <vector>\n",
+             "Models/Bar.cpp": '#include "Models/Tray.h"\nstd::vector<int> cups;\n'},
+        ],
+        [
+            {"Models/Cup.h": "#include <optional>\nstd::optional<int> sugar;\n"},
+            {"Models/Cup.h": "#include <QtCore/QUrl>\nQUrl url;\nQString name;\n"},
+            {"Models/Cup.h": "#include <vector>\nstd::size_t count = std::size(cups);\n"},
+            {"Models/Cup.h": "class QUrl;\nvoid fill(const QUrl &from);\n"},
+            {"Models/Cup.h": "#include <QVariant>\nQVariantMap cups;\n"},
+            {"Models/Cup.h": "#include <QVariantMap>\nQVariantMap cups;\n"},
+            {"Models/Cup.h": 'log("QUrl std::optional"); // QUrl\n'},
+            {"Models/Cup.h": "#include <vector>\n", "Models/Cup.cpp": "std::vector<int> cups;\n"},
+            {"Models/Cup.h": "#include <vector>\n", "Models/Cup+Tea.cpp": "std::vector<int> v;\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": '#include "Models/Cup.h"\nCup cup;\n'},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "class Cup;\nCup *cup;\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "enum class Kind { Tea, Cup };\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "Kind kind = Kind::Cup;\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": '#include "Models/Cup.h"\n',
+             "Models/Bar.cpp": '#include "Models/Tray.h"\nCup cup;\n'},
+        ],
+    ),
+    "files_use_what_they_include": (
+        [
+            {"Models/Cup.h": "#include <optional>\nint sugar;\n"},
+            {"Models/Cup.h": "#include <vector>\nvector cups;\n"},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": '#include "Models/Cup.h"\n'},
+        ],
+        [
+            {"Models/Cup.h": "#include <optional>\nauto sugar = std::nullopt;\n"},
+            {"Models/Cup.h": "#include <cmath>\nauto sugar = floor(2.5);\n"},
+            {"Models/Cup.h": "#include <csignal>\nstop(SIGTERM);\n"},
+            {"Models/Cup.h": "#include <QUrl>\n#include <unistd.h>\n"},
+            {"Models/Cup.h": "struct Cup\n{\n};\n", "Models/Cup.cpp": '#include "Models/Cup.h"\n'},
+            {"Models/Cup.h": "struct Sugar\n{\n};\n",
+             "Models/Tray.h": '#include "Models/Cup.h"\nSugar sugar;\n'},
+            {"Models/Cup.h": "int sugarOf(int cup);\n",
+             "Models/Tray.h": '#include "Models/Cup.h"\nint sugar = sugarOf(1);\n'},
+            {"Models/Cup.h": HEADER, "Models/Tray.h": "class Cup;\nclass Tray;\n",
+             "Models/Bar.cpp": '#include "Models/Cup.h"\n#include "Models/Tray.h"\nTray tray;\n'},
         ],
     ),
     "product_has_one_build": (
