@@ -1,8 +1,10 @@
 #include "Benchmarks/Comparison.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvel::benchmarks {

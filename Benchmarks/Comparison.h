@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <functional>
+#include <ratio>
 #include <string_view>
 
 namespace quorvel::benchmarks {

@@ -4,6 +4,8 @@
 #include "Core/Keychain/FakeKeychainStore.h"
 #include "Core/Support/Tasks/Task.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Platform/Clock/Clock.h"
 #include "Services/Location/FakeLocationService.h"
 #include "Services/Places/FakePlacesService.h"
@@ -12,6 +14,8 @@
 #include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
 
 #include <QCoreApplication>
+
+#include <vector>
 
 using namespace quorvel;
 using namespace quorvel::benchmarks;

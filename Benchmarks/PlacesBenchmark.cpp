@@ -6,7 +6,8 @@
 #include <QRandomGenerator>
 
 #include <algorithm>
-#include <cstdio>
+#include <utility>
+#include <vector>
 
 namespace quorvel::benchmarks {
 

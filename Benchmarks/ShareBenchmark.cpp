@@ -2,16 +2,26 @@
 #include "Core/Keychain/SecItemKeychainStore.h"
 #include "Features/History/Share/VisitPicture.h"
 #include "Features/History/Visit/VisitDetail.h"
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/Keychain/FakeKeychain.h"
 #include "Platform/Pasteboard/PictureOffer.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QSGRendererInterface>
 #include <QThreadPool>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
 
 using namespace quorvel;
 using namespace quorvel::benchmarks;

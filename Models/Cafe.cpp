@@ -3,6 +3,11 @@
 #include "Models/CheckIn.h"
 #include "Platform/ObjectStore/ModelContext.h"
 
+#include <QUuid>
+
+#include <memory>
+#include <utility>
+
 namespace quorvel {
 
 Cafe::Cafe(QUuid id, QString name, double latitude, double longitude,

@@ -2,7 +2,12 @@
 
 #include "Platform/Geodesy/Coordinate.h"
 #include "Platform/ObjectStore/FetchDescriptor.h"
+#include "Platform/ObjectStore/PersistentObject.h"
 
+#include <QString>
+#include <QUuid>
+
+#include <memory>
 #include <optional>
 #include <vector>
 

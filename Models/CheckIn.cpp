@@ -1,5 +1,13 @@
 #include "Models/CheckIn.h"
 
+#include "Platform/ObjectStore/Schema/EntityDescription.h"
+
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+#include <utility>
+
 namespace quorvel {
 
 CheckIn::CheckIn(QUuid id, Instant date, QString note, std::optional<QString> address,

@@ -3,6 +3,13 @@
 #include "Models/Cafe.h"
 #include "Models/WeatherSnapshot.h"
 #include "Models/WorkRatings.h"
+#include "Platform/ObjectStore/PersistentObject.h"
+#include "Platform/ObjectStore/Schema/EntityDescription.h"
+
+#include <QUuid>
+
+#include <memory>
+#include <optional>
 
 namespace quorvel {
 

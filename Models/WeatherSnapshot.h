@@ -2,6 +2,8 @@
 
 #include "Platform/ObjectStore/Schema/Composite.h"
 
+#include <tuple>
+
 namespace quorvel {
 
 /// The weather at the time of a visit, as the forecast service reported it.

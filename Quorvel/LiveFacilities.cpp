@@ -9,6 +9,10 @@
 #include "Quorvel/Endpoints.h"
 #include "Services/Weather/OpenMeteoWeatherService.h"
 
+#include <functional>
+#include <memory>
+#include <utility>
+
 namespace quorvel {
 namespace {
 

@@ -4,6 +4,8 @@
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 
+#include <functional>
+
 namespace quorvel {
 
 struct Endpoints;

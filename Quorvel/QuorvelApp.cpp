@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

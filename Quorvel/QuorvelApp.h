@@ -10,6 +10,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace quorvel {
 
 class Appearance;

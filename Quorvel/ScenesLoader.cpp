@@ -1,5 +1,10 @@
 #include "Quorvel/ScenesLoader.h"
 
+#include "Core/DI/AppEnvironment.h"
+#include "Platform/Appearance/Appearance.h"
+
+#include <memory>
+
 namespace quorvel {
 
 ScenesLoader::ScenesLoader()

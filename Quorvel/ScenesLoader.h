@@ -1,7 +1,11 @@
 #pragma once
 
+#include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
+#include "Platform/Appearance/Appearance.h"
 #include "Quorvel/ProgramModule.h"
+
+#include <memory>
 
 namespace quorvel {
 

@@ -9,9 +9,12 @@
 #include "Quorvel/TerminalStart.h"
 
 #include <QApplication>
+#include <QCoreApplication>
+#include <QMetaObject>
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace quorvel {
 

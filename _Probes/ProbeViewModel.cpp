@@ -12,7 +12,9 @@
 #include "_Probes/Log/ShareableText.h"
 
 #include <algorithm>
+#include <memory>
 #include <span>
+#include <vector>
 
 namespace quorvel {
 

@@ -13,7 +13,9 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace quorvel {
 

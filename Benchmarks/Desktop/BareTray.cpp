@@ -4,7 +4,12 @@
 #include "Core/DesignSystem/Theme/Palette.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QObject>
 #include <QPainter>
+#include <QPen>
+#include <QPixmap>
+#include <QPointF>
 #include <QSystemTrayIcon>
 #include <QTimer>
 

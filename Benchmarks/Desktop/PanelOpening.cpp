@@ -10,11 +10,14 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QGuiApplication>
+#include <QObject>
 #include <QPluginLoader>
 #include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 using namespace quorvel;

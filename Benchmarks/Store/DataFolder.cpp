@@ -7,6 +7,7 @@
 #include <QFile>
 #include <sys/wait.h>
 
+#include <memory>
 #include <unistd.h>
 
 namespace quorvel::benchmarks {

@@ -5,6 +5,8 @@
 
 #include <QTemporaryDir>
 
+#include <memory>
+
 namespace quorvel::benchmarks {
 
 /// A data folder on a disk. It is removed with this object.

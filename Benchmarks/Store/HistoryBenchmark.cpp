@@ -6,12 +6,17 @@
 #include "Features/History/HistoryScreen.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
+#include <QObject>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QVariant>
 
 #include <cmath>
+#include <memory>
 #include <optional>
 
 namespace quorvel::benchmarks {

@@ -1,6 +1,11 @@
 #include "Benchmarks/Store/SampleVisits.h"
 
+#include <QUuid>
+
 #include <array>
+#include <chrono>
+#include <optional>
+#include <utility>
 
 namespace quorvel::benchmarks {
 

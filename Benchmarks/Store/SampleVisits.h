@@ -3,8 +3,10 @@
 #include "Models/CheckIn.h"
 
 #include <QRandomGenerator>
+#include <QUuid>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quorvel::benchmarks {

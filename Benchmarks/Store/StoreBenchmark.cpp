@@ -6,12 +6,20 @@
 #include "Benchmarks/Store/SampleVisits.h"
 #include "Features/History/List/HistoryGrouping.h"
 #include "Features/History/List/HistoryListModel.h"
+#include "Platform/Clock/Clock.h"
 
 #include <QFile>
 #include <QStorageInfo>
+#include <QTimeZone>
+#include <QUuid>
 
+#include <algorithm>
+#include <cstdio>
 #include <malloc.h>
+#include <memory>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace quorvel::benchmarks {
 

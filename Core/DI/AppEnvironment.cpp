@@ -3,7 +3,10 @@
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
 
+#include <QString>
+
 #include <exception>
+#include <utility>
 
 namespace quorvel {
 

@@ -2,6 +2,8 @@
 
 #include "Core/Persistence/CheckInRepository.h"
 
+#include <QString>
+
 #include <memory>
 #include <optional>
 

@@ -6,6 +6,8 @@
 #include <QMap>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvel {
 
 /// Passwords in memory. Records the networks that it was asked about, and fails when a test says

@@ -5,6 +5,9 @@
 
 #include <QStringDecoder>
 
+#include <optional>
+#include <utility>
+
 namespace quorvel {
 
 namespace {

@@ -3,6 +3,8 @@
 #include "Core/Keychain/KeychainStore.h"
 #include "Platform/Keychain/Keychain.h"
 
+#include <optional>
+
 namespace quorvel {
 
 /// Passwords in the user's keychain, as UTF-8 without a terminator. Network names that differ only

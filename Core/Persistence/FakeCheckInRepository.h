@@ -1,9 +1,17 @@
 #pragma once
 
 #include "Core/Persistence/CheckInRepository.h"
+#include "Models/Cafe.h"
 #include "Platform/Errors/LocalizedError.h"
 
 #include <QStringList>
+#include <QUuid>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel {
 

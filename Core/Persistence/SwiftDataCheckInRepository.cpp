@@ -1,7 +1,16 @@
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
 
+#include "Models/Cafe.h"
+#include "Platform/ObjectStore/FetchDescriptor.h"
+
+#include <QUuid>
+
 #include <algorithm>
 #include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel {
 

@@ -2,8 +2,14 @@
 
 #include "Core/Persistence/CheckInPhotoStore.h"
 #include "Core/Persistence/CheckInRepository.h"
+#include "Models/Cafe.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/ObjectStore/ModelContainer.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace quorvel {
 

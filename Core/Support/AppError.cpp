@@ -1,5 +1,7 @@
 #include "Core/Support/AppError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

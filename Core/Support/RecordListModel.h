@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QMetaProperty>
+#include <QModelIndex>
+#include <QVariant>
 
 #include <algorithm>
 

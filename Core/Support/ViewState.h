@@ -3,6 +3,7 @@
 #include "Core/Support/AppError.h"
 
 #include <memory>
+#include <utility>
 #include <variant>
 
 namespace quorvel {

@@ -1,5 +1,14 @@
 #include "Features/CheckIn/CheckInViewModel.h"
 
+#include "Models/Cafe.h"
+#include "Models/WorkRatings.h"
+#include "Platform/Errors/LocalizedError.h"
+
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+
 namespace quorvel {
 
 CheckInViewModel::CheckInViewModel(CheckInRepository &checkInRepository,

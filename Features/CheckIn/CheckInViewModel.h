@@ -4,10 +4,15 @@
 #include "Core/Persistence/CheckInRepository.h"
 #include "Core/Support/ViewState.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
+#include "Models/Cafe.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 
 #include <QObject>
+
+#include <memory>
+#include <optional>
 
 namespace quorvel {
 

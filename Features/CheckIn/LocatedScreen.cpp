@@ -1,5 +1,8 @@
 #include "Features/CheckIn/LocatedScreen.h"
 
+#include "Models/PlaceCandidate.h"
+#include "Models/WorkRatings.h"
+
 namespace quorvel {
 
 LocatedScreen::LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn,

@@ -8,6 +8,8 @@
 #include "Features/CheckIn/Wifi/WifiScanSection.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
+#include <QAbstractItemModel>
+
 namespace quorvel {
 
 /// The check-in screen as its view binds it: the place that the daily loop found, and the form for

@@ -1,6 +1,7 @@
 #include "Features/CheckIn/LocatedTexts.h"
 
 #include "Core/Support/Texts/RoundedNumber.h"
+#include "Platform/Errors/LocalizedError.h"
 
 namespace quorvel::LocatedTexts {
 

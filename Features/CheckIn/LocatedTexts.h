@@ -2,6 +2,7 @@
 
 #include "Features/CheckIn/CheckInViewModel.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
+#include "Platform/Errors/LocalizedError.h"
 
 /// What the check-in screen says, from the state that it shows. Numbers are rounded to the nearest
 /// integer, halves away from zero.

@@ -1,6 +1,13 @@
 #include "Features/History/HistoryScreen.h"
 
 #include "Features/History/List/HistoryTexts.h"
+#include "Models/CheckIn.h"
+#include "Platform/Pasteboard/Pasteboard.h"
+
+#include <QVariant>
+
+#include <memory>
+#include <utility>
 
 namespace quorvel {
 

@@ -3,9 +3,14 @@
 #include "Features/History/HistoryViewModel.h"
 #include "Features/History/List/HistoryListModel.h"
 #include "Features/History/Visit/VisitDetail.h"
+#include "Models/CheckIn.h"
+#include "Platform/Pasteboard/Pasteboard.h"
 
+#include <QAbstractItemModel>
+#include <QVariant>
 #include <qqmlintegration.h>
 
+#include <memory>
 #include <optional>
 
 namespace quorvel {

@@ -1,8 +1,13 @@
 #include "Features/History/HistoryViewModel.h"
 
 #include "Features/History/List/HistoryGrouping.h"
+#include "Platform/Errors/LocalizedError.h"
 
+#include <QMetaObject>
 #include <QSet>
+#include <QUuid>
+
+#include <utility>
 
 namespace quorvel {
 

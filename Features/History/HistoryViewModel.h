@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include <vector>
+
 namespace quorvel {
 
 /// What the history lists: all visits in sections, loaded when asked and again after every check-in

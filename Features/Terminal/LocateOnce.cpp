@@ -1,9 +1,12 @@
 #include "Features/Terminal/LocateOnce.h"
 
+#include "Models/PlaceCandidate.h"
 #include "Platform/Terminal/Terminal.h"
 
 #include <QEventLoop>
 #include <QTimer>
+
+#include <chrono>
 
 namespace quorvel {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
+#include "Models/PlaceCandidate.h"
 
 namespace quorvel {
 

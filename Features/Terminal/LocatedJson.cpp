@@ -3,6 +3,10 @@
 #include "Services/Share/Export/VisitJson.h"
 
 #include <QJsonArray>
+#include <QJsonValue>
+
+#include <optional>
+#include <vector>
 
 namespace quorvel::LocatedJson {
 

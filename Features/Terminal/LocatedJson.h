@@ -4,6 +4,9 @@
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 
 #include <QJsonObject>
+#include <QJsonValue>
+
+#include <optional>
 
 /// What the daily loop found, as other programs read it. The keys are a promise: what is there
 /// keeps its name and its kind, what is absent is null, and only new keys may come.

@@ -2,6 +2,7 @@
 
 #include "Features/Terminal/ExitStatus.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Terminal/Terminal.h"
 
 #include <QStringList>
 

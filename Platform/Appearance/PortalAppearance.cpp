@@ -7,7 +7,9 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
+#include <QMetaType>
 #include <QPalette>
+#include <QVariant>
 
 #include <chrono>
 

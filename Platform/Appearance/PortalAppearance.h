@@ -3,6 +3,7 @@
 #include "Platform/Appearance/Appearance.h"
 
 #include <QDBusConnection>
+#include <QVariant>
 
 #include <optional>
 

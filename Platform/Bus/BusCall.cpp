@@ -2,6 +2,7 @@
 
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
+#include <QMetaObject>
 #include <QObject>
 
 #include <algorithm>

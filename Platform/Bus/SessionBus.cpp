@@ -1,6 +1,7 @@
 #include "Platform/Bus/SessionBus.h"
 
 #include <QFile>
+#include <QLatin1String>
 #include <QProcessEnvironment>
 #include <sys/stat.h>
 

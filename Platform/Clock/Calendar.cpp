@@ -1,5 +1,8 @@
 #include "Platform/Clock/Calendar.h"
 
+#include <QDate>
+#include <QTime>
+
 namespace quorvel {
 
 namespace {

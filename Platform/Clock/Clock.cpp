@@ -1,5 +1,7 @@
 #include "Platform/Clock/Clock.h"
 
+#include <chrono>
+
 namespace quorvel {
 
 namespace {

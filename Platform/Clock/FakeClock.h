@@ -2,6 +2,8 @@
 
 #include "Platform/Clock/Clock.h"
 
+#include <QTimeZone>
+
 namespace quorvel {
 
 /// A clock that stands still until a test moves it.

@@ -2,12 +2,14 @@
 
 #include "Platform/Errors/Outcome.h"
 
+#include <QMetaObject>
 #include <QObject>
 
 #include <algorithm>
 #include <deque>
 #include <list>
 #include <optional>
+#include <utility>
 #include <variant>
 #include <vector>
 

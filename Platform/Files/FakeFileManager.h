@@ -5,6 +5,8 @@
 
 #include <QHash>
 
+#include <utility>
+
 namespace quorvel {
 
 /// A file system in memory. It answers with the scripted folders and failures, and records the

@@ -2,6 +2,8 @@
 
 #include "Platform/Errors/SystemReason.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

@@ -4,6 +4,8 @@
 #include "Platform/Http/HttpClient.h"
 #include "Platform/Http/HttpError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 /// A web whose answers a test writes down.

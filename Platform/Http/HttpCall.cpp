@@ -1,5 +1,10 @@
 #include "Platform/Http/HttpCall.h"
 
+#include <QNetworkRequest>
+#include <QObject>
+#include <QVariant>
+
+#include <chrono>
 #include <utility>
 
 namespace quorvel {

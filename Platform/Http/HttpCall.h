@@ -5,8 +5,11 @@
 #include "Platform/Http/HttpResponse.h"
 
 #include <QNetworkReply>
+#include <QObject>
+#include <QScopedPointerDeleteLater>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 

@@ -1,5 +1,7 @@
 #include "Platform/Http/HttpError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

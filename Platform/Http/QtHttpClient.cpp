@@ -3,7 +3,11 @@
 #include "Platform/Http/HttpCall.h"
 
 #include <QCoreApplication>
+#include <QNetworkRequest>
+#include <QObject>
 #include <QPointer>
+
+#include <utility>
 
 namespace quorvel {
 

@@ -3,6 +3,8 @@
 #include "Platform/Http/HttpClient.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QObject>
 
 namespace quorvel {
 

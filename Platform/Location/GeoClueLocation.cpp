@@ -2,7 +2,10 @@
 
 #include <QDBusArgument>
 #include <QDBusMessage>
+#include <QMetaType>
+#include <QVariant>
 
+#include <chrono>
 #include <cmath>
 
 namespace quorvel::GeoClueLocation {

@@ -1,5 +1,7 @@
 #include "Platform/Location/GeoClueLocationManager.h"
 
+#include <QMetaObject>
+
 namespace quorvel {
 
 GeoClueLocationManager::GeoClueLocationManager(const QDBusConnection &bus, Limits limits,

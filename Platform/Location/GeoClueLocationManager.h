@@ -6,6 +6,8 @@
 #include <QDeadlineTimer>
 #include <QPointer>
 
+#include <chrono>
+
 namespace quorvel {
 
 /// Locations from the GeoClue daemon. Only a start tells whether the daemon allows one, so the

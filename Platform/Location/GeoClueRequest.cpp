@@ -7,7 +7,12 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
+#include <QMetaObject>
 #include <QPointer>
+#include <QVariant>
+
+#include <chrono>
+#include <utility>
 
 namespace quorvel {
 

@@ -5,6 +5,9 @@
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QTimer>
+#include <QVariant>
+
+#include <chrono>
 
 class QDBusMessage;
 class QDBusObjectPath;

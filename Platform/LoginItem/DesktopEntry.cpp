@@ -2,6 +2,8 @@
 
 #include <QStringView>
 
+#include <utility>
+
 namespace quorvel::DesktopEntry {
 
 using namespace Qt::StringLiterals;

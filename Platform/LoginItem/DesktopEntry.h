@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 /// Reads and writes the notation of desktop entry files, for our own entry.
 namespace quorvel::DesktopEntry {

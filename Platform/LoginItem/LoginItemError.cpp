@@ -1,5 +1,7 @@
 #include "Platform/LoginItem/LoginItemError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

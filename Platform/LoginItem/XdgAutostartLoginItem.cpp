@@ -8,10 +8,15 @@
 #include "Platform/LoginItem/LoginItemError.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
 
 namespace quorvel {
 

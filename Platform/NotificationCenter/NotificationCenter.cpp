@@ -1,5 +1,7 @@
 #include "Platform/NotificationCenter/NotificationCenter.h"
 
+#include <utility>
+
 namespace quorvel {
 
 NotificationCenter &NotificationCenter::standard()

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "Platform/ObjectStore/PersistentObject.h"
+#include "Platform/ObjectStore/Schema/ColumnCoding.h"
 #include "Platform/ObjectStore/Schema/EntityDescription.h"
+
+#include <QByteArray>
 
 #include <functional>
 #include <optional>

@@ -3,6 +3,8 @@
 #include "Platform/ObjectStore/Sql/StoreConnection.h"
 #include "Platform/ObjectStore/Sql/StoreTurn.h"
 
+#include <optional>
+
 namespace quorvel {
 
 ModelContainer::ModelContainer(const Schema &schema, const StoreConfiguration &configuration)

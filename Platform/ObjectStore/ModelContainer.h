@@ -6,8 +6,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace quorvel {
+
+class StoreConnection;
 
 /// Where a store keeps its rows.
 struct StoreConfiguration

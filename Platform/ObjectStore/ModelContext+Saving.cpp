@@ -5,6 +5,8 @@
 
 #include <SQLiteCpp/Transaction.h>
 
+#include <utility>
+
 namespace quorvel {
 
 void ModelContext::save()

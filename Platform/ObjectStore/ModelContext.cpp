@@ -1,6 +1,8 @@
 #include "Platform/ObjectStore/ModelContext.h"
 
+#include "Platform/ObjectStore/Schema/RelationshipDescription.h"
 #include "Platform/ObjectStore/Sql/EntitySql.h"
+#include "Platform/ObjectStore/Sql/RowReader.h"
 #include "Platform/ObjectStore/Sql/StoreConnection.h"
 #include "Platform/ObjectStore/StoreError.h"
 
@@ -10,6 +12,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace quorvel {
 

@@ -2,11 +2,13 @@
 
 #include "Platform/ObjectStore/FetchDescriptor.h"
 #include "Platform/ObjectStore/PersistentObject.h"
+#include "Platform/ObjectStore/Sql/RowReader.h"
 #include "Platform/ObjectStore/Sql/RowTable.h"
 
 #include <QHash>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace quorvel {

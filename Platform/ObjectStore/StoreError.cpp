@@ -1,5 +1,7 @@
 #include "Platform/ObjectStore/StoreError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 StoreError::StoreError(Code code, QString description)

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 namespace quorvel {
 
 /// A pasteboard that records its calls.

@@ -1,8 +1,13 @@
 #include "Platform/Pasteboard/PictureOffer.h"
 
 #include <QBuffer>
+#include <QColor>
 #include <QImageWriter>
+#include <QMetaType>
 #include <QPainter>
+#include <QVariant>
+
+#include <utility>
 
 namespace quorvel {
 

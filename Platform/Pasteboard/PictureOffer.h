@@ -2,7 +2,10 @@
 
 #include "Platform/Pasteboard/Pasteboard.h"
 
+#include <QLatin1String>
+#include <QMetaType>
 #include <QMimeData>
+#include <QVariant>
 
 namespace quorvel {
 

@@ -8,6 +8,10 @@
 #include <QMimeData>
 #include <QTimer>
 
+#include <chrono>
+#include <optional>
+#include <utility>
+
 namespace quorvel {
 
 using namespace std::chrono_literals;

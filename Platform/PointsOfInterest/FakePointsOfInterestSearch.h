@@ -4,6 +4,9 @@
 #include "Platform/PointsOfInterest/PointsOfInterestError.h"
 #include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
 
+#include <utility>
+#include <vector>
+
 namespace quorvel {
 
 /// A map whose answers a test writes down.

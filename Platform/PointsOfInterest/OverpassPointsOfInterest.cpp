@@ -3,9 +3,15 @@
 #include "Platform/Http/HttpError.h"
 #include "Platform/PointsOfInterest/OverpassReply.h"
 
+#include <QMetaObject>
 #include <QPointer>
+#include <QUrl>
 
+#include <chrono>
 #include <cmath>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel {
 

@@ -6,8 +6,12 @@
 #include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
 
 #include <QObject>
+#include <QUrl>
 
+#include <chrono>
 #include <deque>
+#include <optional>
+#include <vector>
 
 namespace quorvel {
 

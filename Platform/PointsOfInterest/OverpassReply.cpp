@@ -5,9 +5,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QJsonValue>
 #include <QStringList>
 
 #include <cmath>
+#include <optional>
 
 namespace quorvel::OverpassReply {
 

@@ -1,5 +1,7 @@
 #include "Platform/PointsOfInterest/PointsOfInterestError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,8 @@
 #include "Platform/SessionLock/ScreenSaverSessionLock.h"
 
 #include <QDBusMessage>
+#include <QMetaType>
+#include <QVariant>
 
 namespace quorvel {
 

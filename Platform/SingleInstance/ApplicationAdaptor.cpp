@@ -1,6 +1,9 @@
 #include "Platform/SingleInstance/ApplicationAdaptor.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
+#include <QMetaObject>
+#include <QVariant>
 
 #include <algorithm>
 #include <array>

@@ -4,6 +4,7 @@
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusMessage>
+#include <QVariant>
 #include <QVariantMap>
 
 namespace quorvel {

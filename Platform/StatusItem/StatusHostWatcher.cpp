@@ -4,6 +4,8 @@
 #include "Platform/StatusItem/NotifierWatcherClient.h"
 #include "Platform/StatusItem/XEmbedManagerWatcher.h"
 
+#include <QMetaObject>
+
 namespace quorvel {
 
 StatusHostWatcher::StatusHostWatcher(const StatusHostLimits &limits, QObject *parent)

@@ -3,6 +3,9 @@
 #include "Platform/X11/X11Server.h"
 
 #include <QGuiApplication>
+#include <QMetaObject>
+
+#include <cstdlib>
 
 namespace quorvel {
 

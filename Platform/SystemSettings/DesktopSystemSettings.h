@@ -3,6 +3,7 @@
 #include "Platform/SystemSettings/SystemSettings.h"
 
 #include <QProcessEnvironment>
+#include <QUrl>
 
 namespace quorvel {
 

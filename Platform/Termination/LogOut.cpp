@@ -1,6 +1,7 @@
 #include "Platform/Termination/LogOut.h"
 
 #include <QGuiApplication>
+#include <QObject>
 #include <QSessionManager>
 
 namespace quorvel {

@@ -3,6 +3,10 @@
 #include "Platform/Errors/FakeAnswers.h"
 #include "Platform/Wifi/WifiClient.h"
 
+#include <optional>
+#include <utility>
+#include <variant>
+
 namespace quorvel {
 
 /// A radio that answers from a test's script.

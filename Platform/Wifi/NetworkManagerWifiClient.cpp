@@ -7,10 +7,14 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerJoin.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerSecret.h"
 
+#include <QDBusConnection>
 #include <QObject>
 
+#include <optional>
 #include <pwd.h>
 #include <unistd.h>
+#include <utility>
+#include <variant>
 
 namespace quorvel {
 

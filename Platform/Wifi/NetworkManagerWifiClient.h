@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <variant>
 
 class QDBusConnection;
 class QObject;

@@ -5,6 +5,9 @@
 
 #include <QList>
 
+#include <optional>
+#include <variant>
+
 namespace quorvel {
 
 /// One access point of a scan.

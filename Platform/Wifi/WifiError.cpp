@@ -1,5 +1,7 @@
 #include "Platform/Wifi/WifiError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 using namespace Qt::StringLiterals;

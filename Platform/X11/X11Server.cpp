@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include <cstdint>
+
 namespace quorvel::X11Server {
 
 xcb_connection_t *connection()

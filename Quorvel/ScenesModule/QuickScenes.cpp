@@ -15,6 +15,8 @@
 
 #include <QHash>
 #include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 

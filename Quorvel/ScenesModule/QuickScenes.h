@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
 #include "Core/DI/WindowFacilities.h"
 
 #include <QObject>
 #include <QQmlEngine>
+#include <QVariant>
 #include <QVariantMap>
 
 #include <map>

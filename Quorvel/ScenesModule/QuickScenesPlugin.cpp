@@ -1,5 +1,7 @@
 #include "Quorvel/ScenesModule/QuickScenesPlugin.h"
 
+#include "Core/DI/AppEnvironment.h"
+#include "Platform/Appearance/Appearance.h"
 #include "Platform/ApplicationId.h"
 #include "Platform/Bus/SessionBus.h"
 #include "Platform/Bus/SystemBus.h"
@@ -13,9 +15,12 @@
 #include "Quorvel/LiveFacilities.h"
 #include "Quorvel/ScenesModule/QuickScenes.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QProcessEnvironment>
+
+#include <memory>
 
 namespace quorvel {
 namespace {

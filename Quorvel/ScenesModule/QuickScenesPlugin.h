@@ -1,8 +1,12 @@
 #pragma once
 
+#include "Core/DI/AppEnvironment.h"
 #include "Core/DI/Scenes.h"
+#include "Platform/Appearance/Appearance.h"
 
 #include <QObject>
+
+#include <memory>
 
 namespace quorvel {
 

@@ -8,8 +8,12 @@
 #include "Quorvel/Endpoints.h"
 
 #include <QEventLoop>
+#include <QMetaObject>
 #include <QProcessEnvironment>
 #include <QTimer>
+
+#include <chrono>
+#include <utility>
 
 namespace quorvel {
 

@@ -3,6 +3,8 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DI/LoopServices.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/Files/FileManager.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Quorvel/LiveFacilities.h"
 

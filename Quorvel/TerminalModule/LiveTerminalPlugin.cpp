@@ -2,6 +2,7 @@
 
 #include "Core/Support/Tasks/Task.h"
 #include "Features/Terminal/TerminalCommands.h"
+#include "Platform/Terminal/Terminal.h"
 #include "Quorvel/TerminalModule/LiveTerminal.h"
 
 namespace quorvel {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/Terminal/Terminal.h"
 #include "Quorvel/TerminalPlugin.h"
 
 #include <QObject>

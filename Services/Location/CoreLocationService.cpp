@@ -1,6 +1,12 @@
 #include "Services/Location/CoreLocationService.h"
 
 #include "Core/Support/AppError.h"
+#include "Platform/Location/Location.h"
+
+#include <QMetaObject>
+
+#include <memory>
+#include <utility>
 
 namespace quorvel {
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "Core/Support/Tasks/OneShotSlot.h"
+#include "Platform/Location/Location.h"
 #include "Services/Location/LocationService.h"
 
 #include <QObject>
+
+#include <memory>
 
 namespace quorvel {
 

@@ -2,11 +2,15 @@
 
 #include "Core/Support/AppError.h"
 #include "Core/Support/Tasks/OneShotSlot.h"
+#include "Platform/Errors/Outcome.h"
+#include "Platform/Location/Location.h"
 #include "Services/Location/LocationService.h"
 
 #include <QStringList>
 
 #include <deque>
+#include <optional>
+#include <utility>
 
 namespace quorvel {
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "Platform/Errors/FakeAnswers.h"
+#include "Platform/Geodesy/Coordinate.h"
 #include "Services/Places/PlacesService.h"
+
+#include <vector>
 
 namespace quorvel {
 

@@ -6,6 +6,8 @@
 #include "Platform/PointsOfInterest/PointsOfInterestError.h"
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace quorvel {
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Platform/Geodesy/Coordinate.h"
 #include "Platform/PointsOfInterest/PointsOfInterestSearch.h"
 #include "Services/Places/PlacesService.h"
 
 #include <array>
+#include <vector>
 
 namespace quorvel {
 

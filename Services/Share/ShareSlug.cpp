@@ -1,5 +1,6 @@
 #include "Services/Share/ShareSlug.h"
 
+#include <QDate>
 #include <QTextBoundaryFinder>
 
 #include <array>

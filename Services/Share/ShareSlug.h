@@ -3,6 +3,8 @@
 #include "Models/CheckIn.h"
 #include "Platform/Clock/Calendar.h"
 
+#include <QDate>
+
 /// Makes a file name from a visit.
 namespace quorvel::ShareSlug {
 

@@ -1,7 +1,9 @@
 #include "Services/Weather/OpenMeteoDTO.h"
 
+#include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QJsonValue>
 
 #include <algorithm>
 #include <cmath>

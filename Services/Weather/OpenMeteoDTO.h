@@ -2,6 +2,8 @@
 
 #include "Platform/Errors/LocalizedError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 /// The current weather in Open-Meteo's reply. Each member's comment names its key.

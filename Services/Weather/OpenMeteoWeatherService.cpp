@@ -5,7 +5,11 @@
 #include "Platform/Http/HttpError.h"
 #include "Services/Weather/OpenMeteoDTO.h"
 
+#include <QUrl>
 #include <QUrlQuery>
+
+#include <chrono>
+#include <utility>
 
 namespace quorvel {
 

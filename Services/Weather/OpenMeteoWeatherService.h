@@ -4,6 +4,8 @@
 #include "Platform/Http/HttpClient.h"
 #include "Services/Weather/WeatherService.h"
 
+#include <QUrl>
+
 namespace quorvel {
 
 /// The weather from Open-Meteo's public forecast. It needs no key, but its name must be shown. Each

@@ -5,6 +5,9 @@
 #include "Services/Wifi/WifiNetworkRanking.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
+#include <variant>
 
 namespace quorvel {
 

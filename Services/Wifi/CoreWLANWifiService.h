@@ -3,6 +3,8 @@
 #include "Platform/Wifi/WifiClient.h"
 #include "Services/Wifi/WifiModels.h"
 
+#include <optional>
+
 namespace quorvel {
 
 /// The radio, over the system's wireless client. It caches nothing: every call asks the client.

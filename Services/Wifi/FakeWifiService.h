@@ -3,6 +3,9 @@
 #include "Platform/Errors/FakeAnswers.h"
 #include "Services/Wifi/WifiModels.h"
 
+#include <optional>
+#include <variant>
+
 namespace quorvel {
 
 /// A radio that answers from a test's script and records what it was asked.

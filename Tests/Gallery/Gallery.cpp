@@ -2,6 +2,9 @@
 
 #include "Core/DesignSystem/Theme/Theme.h"
 
+#include <QQmlEngine>
+#include <QQuickItem>
+
 namespace quorvel::tests {
 
 Gallery::Gallery(QQmlEngine &engine)

@@ -2,6 +2,9 @@
 
 #include "Tests/Gallery/States/GalleryStates.h"
 
+#include <QObject>
+#include <QQmlEngine>
+#include <QQuickItem>
 #include <QStringList>
 
 #include <optional>

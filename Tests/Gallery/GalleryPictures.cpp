@@ -1,14 +1,17 @@
 #include "Tests/Gallery/GalleryPictures.h"
 
 #include "Core/DesignSystem/Theme/Theme.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/GalleryStage.h"
 #include "Tests/Gallery/States/GalleryStates.h"
 #include "Tests/Support/Patience.h"
 
 #include <QDir>
+#include <QQmlEngine>
 #include <QQuickWindow>
 #include <QTest>
 
+#include <algorithm>
 #include <functional>
 
 namespace quorvel::tests {

@@ -8,6 +8,10 @@
 #include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QUrl>
+#include <QVariant>
 
 #include <cstdio>
 #include <string_view>

@@ -1,11 +1,19 @@
 #include "Tests/Gallery/GalleryStage.h"
 
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Core/Support/AppError.h"
 #include "Features/History/Share/VisitPicture.h"
+#include "Platform/LoginItem/LoginItem.h"
 #include "Tests/Support/QuickTest.h"
 
 #include <QAbstractItemModel>
+#include <QMetaObject>
 #include <QQmlComponent>
+#include <QQmlEngine>
+#include <QSizeF>
+#include <QVariant>
+
+#include <initializer_list>
 
 namespace quorvel::tests {
 

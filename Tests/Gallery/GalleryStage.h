@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Features/CheckIn/Wifi/WifiScanSection.h"
 #include "Features/History/HistoryScreen.h"
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 #include "Tests/Features/History/HistoryWorld.h"
@@ -9,7 +10,10 @@
 
 #include <QImage>
 #include <QMarginsF>
+#include <QObject>
 #include <QQuickItem>
+#include <QSizeF>
+#include <QVariant>
 
 #include <memory>
 #include <optional>

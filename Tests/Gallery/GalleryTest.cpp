@@ -1,13 +1,23 @@
 #include "Tests/Gallery/Gallery.h"
 
 #include "Core/DesignSystem/Theme/Theme.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/GalleryPictures.h"
+#include "Tests/Gallery/GalleryStage.h"
 #include "Tests/Gallery/Inspection/ViewInspection.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 
+#include <QDir>
+#include <QImage>
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QSGRendererInterface>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <QVariant>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,22 @@
 #include "Models/CheckIn.h"
 #include "Models/PlaceCandidate.h"
+#include "Platform/ObjectStore/FetchDescriptor.h"
 #include "Platform/ObjectStore/ModelContainer.h"
+#include "Platform/ObjectStore/Sql/RowReader.h"
 #include "Platform/ObjectStore/StoreError.h"
 
 #include <QTest>
+#include <QUuid>
 #include <SQLiteCpp/SQLiteCpp.h>
+
+#include <chrono>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -2,7 +2,12 @@
 #include "Platform/Clock/FakeClock.h"
 #include "Tests/Support/Instants.h"
 
+#include <QDate>
 #include <QTest>
+#include <QTime>
+#include <QTimeZone>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QUrl>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

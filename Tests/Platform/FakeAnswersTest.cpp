@@ -3,6 +3,12 @@
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Services/LastWords.h"
 
+#include <QCoreApplication>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

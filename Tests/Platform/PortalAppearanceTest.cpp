@@ -2,6 +2,7 @@
 
 #include "Tests/Support/Patience.h"
 
+#include <QColor>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -9,8 +10,8 @@
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariant>
 
-#include <memory>
 #include <optional>
 
 using namespace quorvel;

@@ -6,6 +6,9 @@
 #include <QDBusMessage>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariant>
+
+#include <optional>
 
 namespace quorvel::tests {
 

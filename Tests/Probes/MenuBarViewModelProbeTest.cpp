@@ -1,9 +1,12 @@
 #include "_Probes/Loop/MenuBarViewModelProbe.h"
 
+#include "Core/Support/AppError.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,8 @@
 #include "_Probes/Log/ProbeTexts.h"
 
 #include "Core/Support/AppError.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Support/SilentError.h"
 
 #include <QTest>

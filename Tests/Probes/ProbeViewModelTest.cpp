@@ -1,9 +1,18 @@
 #include "_Probes/ProbeViewModel.h"
 
+#include "Core/Support/AppError.h"
+#include "Platform/Errors/Outcome.h"
+#include "Platform/Location/Location.h"
+#include "Services/Places/FakePlacesService.h"
 #include "Tests/Probes/ProbeWorld.h"
 
+#include <QHash>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <memory>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

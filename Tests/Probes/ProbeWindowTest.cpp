@@ -7,7 +7,17 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QColor>
+#include <QFont>
+#include <QGuiApplication>
+#include <QKeySequence>
 #include <QQmlEngine>
+#include <QRectF>
+#include <QSGRendererInterface>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,15 @@
 #include "Tests/Probes/ProbeWorld.h"
 
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/WorkRatings.h"
+#include "Platform/Location/Location.h"
+
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+
 namespace quorvel::tests {
 
 ProbeWorld::ProbeWorld() = default;

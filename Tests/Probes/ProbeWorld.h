@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/Persistence/FakeCheckInRepository.h"
+#include "Platform/Location/Location.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Support/Services/FakeServices.h"
 #include "Tests/Support/Services/QuietFacilities.h"

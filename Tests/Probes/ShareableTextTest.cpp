@@ -1,5 +1,6 @@
 #include "_Probes/Log/ShareableText.h"
 
+#include <QDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -4,6 +4,8 @@
 
 #include <QDateTime>
 
+#include <chrono>
+
 namespace quorvel::tests {
 
 /// The instant of an ISO 8601 text with its zone, such as "2026-11-21T12:00:00Z".

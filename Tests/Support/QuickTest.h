@@ -1,8 +1,13 @@
 #pragma once
 
+#include <QColor>
+#include <QPoint>
+#include <QPointF>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRegularExpression>
 #include <QTest>
+#include <QVariant>
 
 namespace quorvel {
 

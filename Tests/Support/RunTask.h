@@ -3,9 +3,16 @@
 #include "Core/Support/Tasks/Task.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
+#include <exception>
+#include <memory>
+#include <optional>
 #include <stdexcept>
+#include <type_traits>
+#include <utility>
+#include <variant>
 
 namespace quorvel::tests {
 

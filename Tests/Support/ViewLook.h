@@ -3,7 +3,11 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Support/QuickTest.h"
 
+#include <QColor>
+#include <QFont>
 #include <QMarginsF>
+#include <QRectF>
+#include <QSizeF>
 
 namespace quorvel {
 

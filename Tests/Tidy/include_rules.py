@@ -16,6 +16,7 @@ from standard_library import HOMES, STANDARD, WITH_ANY_CONTAINER, pattern_of
 TOOLKIT_HOMES = {
     "QByteArrayLiteral": "QByteArray", "QCoro": "QCoroTask", "QRgb": "QColor",
     "QStringLiteral": "QString", "QVariantList": "QVariant", "QVariantMap": "QVariant",
+    "QX11Application": "QGuiApplication",
 }
 TOOLKIT_NAMESPACES = {"QDBus", "QNativeInterface", "QtPrivate"}
 # Texts and lists come with any of its headers, and a base with what is made of it.

@@ -2,12 +2,8 @@
 
 import unittest
 
-import include_rules
-import tidy
 from source import Tree
-from tidy import findings_of
-
-RULES = [*tidy.RULES, *include_rules.RULES]
+from tidy import RULES, findings_of
 
 HEADER = "#pragma once\n\nnamespace quorvel {\n\nclass Cup\n{\n};\n\n}\n"
 FACILITY = {

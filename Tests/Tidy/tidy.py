@@ -3,11 +3,12 @@
 import sys
 
 import code_rules
+import include_rules
 import layer_rules
 import text_rules
 from source import read_tree
 
-RULES = [*layer_rules.RULES, *code_rules.RULES, *text_rules.RULES]
+RULES = [*layer_rules.RULES, *code_rules.RULES, *include_rules.RULES, *text_rules.RULES]
 
 
 def findings_of(rule, tree):

@@ -2,6 +2,7 @@
 
 #include "Core/Support/Texts/RoundedNumber.h"
 #include "Features/CheckIn/LocatedTexts.h"
+#include "Platform/Geodesy/Coordinate.h"
 
 #include <algorithm>
 

@@ -3,6 +3,7 @@
 #include "Core/Support/ViewState.h"
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Platform/Errors/LocalizedError.h"
+#include "Platform/Geodesy/Coordinate.h"
 #include "Platform/Location/LocationManager.h"
 
 #include <QStringList>

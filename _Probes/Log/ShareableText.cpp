@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace quorvel::ShareableText {
 

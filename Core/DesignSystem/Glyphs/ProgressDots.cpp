@@ -1,6 +1,7 @@
 #include "Core/DesignSystem/Glyphs/ProgressDots.h"
 
 #include <QPainter>
+#include <QPointF>
 
 #include <algorithm>
 #include <cmath>

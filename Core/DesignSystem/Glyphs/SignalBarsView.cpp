@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 
 #include <QPainter>
+#include <QRectF>
 
 #include <algorithm>
 

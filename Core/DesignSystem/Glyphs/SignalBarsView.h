@@ -2,6 +2,8 @@
 
 #include "Core/DesignSystem/Theme/ThemedItem.h"
 
+#include <QPainter>
+
 namespace quorvel {
 
 /// A network's strength: bars that grow to the right, `bars` of them lit. A text beside it gives

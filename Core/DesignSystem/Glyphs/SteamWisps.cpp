@@ -2,6 +2,8 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPen>
+#include <QPointF>
 
 #include <cmath>
 #include <numbers>

@@ -3,6 +3,7 @@
 #include "Core/DesignSystem/Theme/ThemedItem.h"
 
 #include <QColor>
+#include <QPainter>
 
 namespace quorvel {
 

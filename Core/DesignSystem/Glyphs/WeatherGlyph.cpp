@@ -4,6 +4,9 @@
 #include "Core/DesignSystem/Symbols/SymbolDrawing.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 
+#include <QColor>
+#include <QPainter>
+
 namespace quorvel {
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include "Core/DesignSystem/Theme/ThemedItem.h"
 
+#include <QPainter>
+
 namespace quorvel {
 
 /// The weather as a symbol, in the colour of its condition. `conditionLabel` names the condition.

@@ -4,6 +4,8 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 
 #include <QPainter>
+#include <QQuickItem>
+#include <QRectF>
 
 namespace quorvel {
 namespace {

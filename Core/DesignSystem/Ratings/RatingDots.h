@@ -2,6 +2,9 @@
 
 #include "Core/DesignSystem/Theme/ThemedItem.h"
 
+#include <QPainter>
+#include <QQuickItem>
+
 namespace quorvel {
 
 /// Shows a score: five dots in a row, `score` of them lit. A text beside them says what is rated.

@@ -2,10 +2,14 @@
 
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickRenderControl>
 #include <QQuickRenderTarget>
 #include <QQuickWindow>
+#include <QSize>
+#include <QSizeF>
+#include <QVariant>
 
 namespace quorvel::ImageRenderer {
 

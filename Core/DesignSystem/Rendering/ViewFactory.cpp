@@ -1,6 +1,8 @@
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 
+#include <QObject>
 #include <QQmlComponent>
+#include <QQmlEngine>
 
 using namespace Qt::StringLiterals;
 

@@ -6,6 +6,7 @@
 #include <QVariantMap>
 
 #include <memory>
+#include <utility>
 
 class QObject;
 class QQmlEngine;

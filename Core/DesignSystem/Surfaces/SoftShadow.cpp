@@ -3,6 +3,11 @@
 #include "Core/DesignSystem/Theme/Palette.h"
 
 #include <QPainter>
+#include <QPen>
+#include <QQuickItem>
+#include <QRectF>
+
+#include <algorithm>
 
 namespace quorvel {
 namespace {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPainter>
+#include <QQuickItem>
 #include <QQuickPaintedItem>
 #include <qqmlintegration.h>
 

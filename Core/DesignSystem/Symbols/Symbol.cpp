@@ -2,6 +2,9 @@
 
 #include "Core/DesignSystem/Symbols/SymbolDrawing.h"
 
+#include <QPainter>
+#include <QQuickItem>
+
 namespace quorvel {
 
 Symbol::Symbol(QQuickItem *parent)

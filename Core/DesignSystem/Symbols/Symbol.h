@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QColor>
+#include <QPainter>
+#include <QQuickItem>
 #include <QQuickPaintedItem>
 #include <qqmlintegration.h>
 

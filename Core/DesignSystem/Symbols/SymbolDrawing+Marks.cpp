@@ -1,6 +1,8 @@
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
 #include <QPainter>
+#include <QPointF>
+#include <QPolygonF>
 
 #include <cmath>
 #include <numbers>

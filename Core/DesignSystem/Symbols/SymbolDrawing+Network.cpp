@@ -1,6 +1,9 @@
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
 #include <QPainter>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
 #include <QPainter>
+#include <QPointF>
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,12 @@
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
+#include <QLineF>
 #include <QPainter>
+#include <QPointF>
+#include <QTransform>
 
 #include <cmath>
+#include <initializer_list>
 #include <numbers>
 
 using namespace Qt::StringLiterals;

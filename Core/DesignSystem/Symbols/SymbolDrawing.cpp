@@ -2,7 +2,11 @@
 
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
+#include <QColor>
 #include <QPainter>
+#include <QPen>
+#include <QRectF>
+#include <QSizeF>
 
 #include <algorithm>
 

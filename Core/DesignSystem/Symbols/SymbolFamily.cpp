@@ -1,6 +1,13 @@
 #include "Core/DesignSystem/Symbols/SymbolFamily.h"
 
+#include <QBrush>
 #include <QPainter>
+#include <QPen>
+#include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
+
+#include <initializer_list>
 
 namespace quorvel {
 namespace {

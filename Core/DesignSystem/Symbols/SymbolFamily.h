@@ -2,7 +2,11 @@
 
 #include <QHash>
 #include <QPainterPath>
+#include <QPointF>
+#include <QRectF>
 #include <QString>
+
+#include <initializer_list>
 
 class QPainter;
 

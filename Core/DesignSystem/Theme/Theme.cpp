@@ -1,5 +1,6 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 
+#include <QJSEngine>
 #include <QQmlEngine>
 
 namespace quorvel {

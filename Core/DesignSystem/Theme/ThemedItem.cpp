@@ -2,6 +2,8 @@
 
 #include "Core/DesignSystem/Theme/Theme.h"
 
+#include <QQuickItem>
+
 namespace quorvel {
 
 ThemedItem::ThemedItem(QQuickItem *parent)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QQuickItem>
 #include <QQuickPaintedItem>
 #include <qqmlintegration.h>
 

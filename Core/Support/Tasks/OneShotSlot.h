@@ -2,6 +2,8 @@
 
 #include "Core/Support/Tasks/Task.h"
 
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace quorvel {

@@ -4,6 +4,12 @@
 
 #include <QThreadPool>
 
+#include <exception>
+#include <memory>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
 namespace quorvel {
 
 /// The result of a function: its value, or its exception of any type. The function and everything

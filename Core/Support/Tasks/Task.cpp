@@ -1,7 +1,10 @@
 #include "Core/Support/Tasks/Task.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QMetaObject>
+
+#include <exception>
 
 namespace quorvel {
 

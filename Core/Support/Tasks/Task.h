@@ -4,10 +4,11 @@
 
 #include <QCoroTask>
 
+#include <coroutine>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <type_traits>
 #include <utility>
 
 namespace quorvel {

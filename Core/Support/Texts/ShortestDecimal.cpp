@@ -1,5 +1,8 @@
 #include "Core/Support/Texts/ShortestDecimal.h"
 
+#include <QLatin1Char>
+#include <QLatin1String>
+
 #include <array>
 #include <charconv>
 #include <cmath>

@@ -2,6 +2,8 @@
 
 #include "Core/Keychain/KeychainError.h"
 
+#include <optional>
+
 namespace quorvel {
 
 StoredPasswords::StoredPasswords(KeychainStore &keychainStore)

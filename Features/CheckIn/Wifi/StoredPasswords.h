@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <optional>
+
 namespace quorvel {
 
 /// Which of the networks nearby have their password in our keychain, for the Wi-Fi block. It asks

@@ -3,6 +3,9 @@
 #include "Features/CheckIn/Wifi/WifiScanSection.h"
 #include "Features/CheckIn/Wifi/WifiTexts.h"
 
+#include <optional>
+#include <utility>
+
 namespace quorvel {
 
 namespace {

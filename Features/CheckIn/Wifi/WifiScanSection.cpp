@@ -6,6 +6,9 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
+#include <utility>
 
 namespace quorvel {
 

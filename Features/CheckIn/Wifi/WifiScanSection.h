@@ -12,7 +12,9 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
+#include <optional>
 #include <stop_token>
 
 namespace quorvel {

@@ -2,8 +2,15 @@
 
 #include "Core/DesignSystem/Theme/Palette.h"
 
+#include <QBrush>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QQuickItem>
+#include <QRectF>
+#include <QTransform>
+
+#include <algorithm>
 
 namespace quorvel {
 namespace {

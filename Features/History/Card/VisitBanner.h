@@ -2,7 +2,11 @@
 
 #include "Features/History/Visit/VisitDetail.h"
 
+#include <QBrush>
+#include <QPainter>
+#include <QQuickItem>
 #include <QQuickPaintedItem>
+#include <QSize>
 
 class QPainterPath;
 

@@ -2,6 +2,7 @@
 
 #include "Features/History/Visit/VisitDetail.h"
 
+#include <QPainter>
 #include <QQuickPaintedItem>
 
 namespace quorvel {

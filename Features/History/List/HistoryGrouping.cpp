@@ -2,6 +2,11 @@
 
 #include "Features/History/List/HistoryTexts.h"
 
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace quorvel::HistoryGrouping {
 
 namespace {

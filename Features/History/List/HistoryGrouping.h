@@ -5,6 +5,9 @@
 
 #include <QLocale>
 
+#include <memory>
+#include <vector>
+
 /// Cuts a list of visits into the sections of the history.
 namespace quorvel::HistoryGrouping {
 

@@ -1,8 +1,16 @@
 #include "Features/History/List/HistoryListModel.h"
 
 #include "Features/History/List/HistoryTexts.h"
+#include "Models/WorkRatings.h"
+
+#include <QHash>
+#include <QModelIndex>
+#include <QVariant>
 
 #include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <vector>
 
 namespace quorvel {
 

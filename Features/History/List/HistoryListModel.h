@@ -4,7 +4,14 @@
 #include "Platform/Clock/Calendar.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QLocale>
+#include <QModelIndex>
+#include <QVariant>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
 
 namespace quorvel {
 

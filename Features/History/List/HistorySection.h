@@ -2,6 +2,8 @@
 
 #include "Models/CheckIn.h"
 
+#include <QString>
+
 #include <memory>
 #include <vector>
 

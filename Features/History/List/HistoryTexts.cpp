@@ -1,6 +1,12 @@
 #include "Features/History/List/HistoryTexts.h"
 
 #include "Core/Support/Texts/RoundedNumber.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Clock/Calendar.h"
+#include "Platform/Errors/LocalizedError.h"
+
+#include <QLocale>
 
 namespace quorvel::HistoryTexts {
 

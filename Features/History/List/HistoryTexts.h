@@ -1,6 +1,12 @@
 #pragma once
 
 #include "Features/History/HistoryViewModel.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Clock/Calendar.h"
+#include "Platform/Errors/LocalizedError.h"
+
+#include <QLocale>
 
 /// What the history says, from the visits and the state that it shows.
 namespace quorvel::HistoryTexts {

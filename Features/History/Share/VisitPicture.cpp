@@ -3,6 +3,9 @@
 #include "Core/DesignSystem/Rendering/ImageRenderer.h"
 #include "Features/History/Visit/VisitDetail.h"
 
+#include <QQmlEngine>
+#include <QVariant>
+
 namespace quorvel::VisitPicture {
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,11 @@
 
 #include "Services/Share/ClipboardImageWriter.h"
 
+#include <QObject>
+
+#include <chrono>
+#include <utility>
+
 namespace quorvel {
 
 VisitShare::VisitShare(Source source, Pasteboard &pasteboard, const FileManager &files,

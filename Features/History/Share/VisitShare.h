@@ -5,9 +5,13 @@
 #include "Platform/Files/FileManager.h"
 #include "Platform/Pasteboard/Pasteboard.h"
 
+#include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <qqmlintegration.h>
+
+#include <chrono>
+#include <functional>
 
 namespace quorvel {
 

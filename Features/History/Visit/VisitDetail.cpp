@@ -8,6 +8,12 @@
 #include "Platform/Clock/Clock.h"
 #include "Services/Share/ShareSlug.h"
 
+#include <QSize>
+
+#include <memory>
+#include <optional>
+#include <utility>
+
 namespace quorvel {
 
 namespace {

@@ -7,6 +7,10 @@
 #include <QImage>
 #include <QPointer>
 
+#include <functional>
+#include <memory>
+#include <optional>
+
 namespace quorvel {
 
 class VisitDetail;

@@ -4,7 +4,9 @@
 
 #include <QColorSpace>
 #include <QFileInfo>
+#include <QImageIOHandler>
 #include <QImageReader>
+#include <QSize>
 
 namespace quorvel::VisitPhoto {
 

@@ -4,6 +4,7 @@
 #include "Core/Support/Tasks/Task.h"
 
 #include <QImage>
+#include <QSize>
 
 #include <optional>
 

@@ -2,10 +2,16 @@
 
 #include "Core/DesignSystem/Theme/Palette.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvel {
 

@@ -4,6 +4,7 @@
 #include "Models/WeatherSnapshot.h"
 #include "Services/Wifi/WifiModels.h"
 
+#include <optional>
 #include <vector>
 
 namespace quorvel {

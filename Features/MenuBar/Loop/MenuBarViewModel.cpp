@@ -10,6 +10,11 @@
 
 #include <QPointer>
 
+#include <chrono>
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace quorvel {
 
 namespace {

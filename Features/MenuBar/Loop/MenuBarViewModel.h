@@ -10,7 +10,9 @@
 
 #include <QObject>
 
+#include <optional>
 #include <stop_token>
+#include <vector>
 
 namespace quorvel {
 

@@ -1,5 +1,8 @@
 #include "Features/MenuBar/Loop/SecondLook.h"
 
+#include <chrono>
+#include <utility>
+
 namespace quorvel {
 
 using namespace std::chrono_literals;

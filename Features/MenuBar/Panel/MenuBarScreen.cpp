@@ -1,5 +1,6 @@
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
+#include "Core/Support/AppError.h"
 #include "Features/MenuBar/Panel/PanelTexts.h"
 
 namespace quorvel {

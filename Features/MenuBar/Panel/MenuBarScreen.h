@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Support/AppError.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
 #include <qqmlintegration.h>

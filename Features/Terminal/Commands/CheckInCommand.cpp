@@ -1,11 +1,18 @@
 #include "Features/Terminal/Commands/CheckInCommand.h"
 
+#include "Core/Persistence/CheckInRepository.h"
+#include "Core/Support/AppError.h"
 #include "Core/Support/Texts/PrintableText.h"
 #include "Features/CheckIn/LocatedTexts.h"
 #include "Features/Terminal/LocateOnce.h"
 #include "Features/Terminal/LocatedJson.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Terminal/Terminal.h"
 #include "Services/Share/Export/VisitJson.h"
+
+#include <optional>
+#include <vector>
 
 namespace quorvel::CheckInCommand {
 

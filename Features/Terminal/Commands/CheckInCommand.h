@@ -3,6 +3,7 @@
 #include "Features/Terminal/CommandArguments.h"
 #include "Features/Terminal/ExitStatus.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Terminal/Terminal.h"
 
 /// "quorvel check-in": a visit from the terminal, as the form would store it.
 namespace quorvel::CheckInCommand {

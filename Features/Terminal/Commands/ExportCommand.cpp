@@ -7,6 +7,10 @@
 
 #include <QFileInfo>
 
+#include <memory>
+#include <optional>
+#include <vector>
+
 namespace quorvel::ExportCommand {
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,24 @@
 #include "Features/Terminal/Commands/HistoryCommand.h"
 
+#include "Core/Support/AppError.h"
 #include "Core/Support/Texts/PrintableText.h"
+#include "Features/History/List/HistorySection.h"
 #include "Features/History/List/HistoryTexts.h"
+#include "Models/WorkRatings.h"
+#include "Platform/Clock/Calendar.h"
+#include "Platform/Clock/Clock.h"
 #include "Platform/Terminal/Terminal.h"
 #include "Services/Share/Export/VisitExport.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QLocale>
+#include <QTime>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace quorvel::HistoryCommand {
 

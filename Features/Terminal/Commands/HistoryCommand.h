@@ -3,6 +3,7 @@
 #include "Features/Terminal/CommandArguments.h"
 #include "Features/Terminal/ExitStatus.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Terminal/Terminal.h"
 
 /// "quorvel history": the visits, newest first.
 namespace quorvel::HistoryCommand {

@@ -5,6 +5,7 @@
 #include "Features/Terminal/CommandArguments.h"
 #include "Features/Terminal/ExitStatus.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Terminal/Terminal.h"
 
 /// "quorvel locate": the daily loop without a window.
 namespace quorvel::LocateCommand {

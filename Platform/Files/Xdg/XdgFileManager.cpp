@@ -4,6 +4,8 @@
 #include "Platform/Files/PrivateFile.h"
 #include "Platform/Files/Xdg/XdgUserDirectories.h"
 
+#include <utility>
+
 namespace quorvel {
 
 XdgFileManager::XdgFileManager(XdgBaseDirectories directories)

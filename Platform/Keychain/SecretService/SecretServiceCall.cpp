@@ -3,6 +3,9 @@
 #include "Platform/Keychain/SecretService/SecretAttributes.h"
 #include "Platform/Keychain/SecretService/SecretServiceFailure.h"
 
+#include <chrono>
+#include <memory>
+
 namespace quorvel {
 
 namespace {

@@ -2,9 +2,11 @@
 
 #include "Platform/ObjectStore/Schema/Composite.h"
 #include "Platform/ObjectStore/Schema/MemberAccess.h"
+#include "Platform/ObjectStore/Sql/RowReader.h"
 
 #include <QByteArray>
 
+#include <tuple>
 #include <vector>
 
 namespace quorvel {

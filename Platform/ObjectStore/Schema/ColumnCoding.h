@@ -3,6 +3,7 @@
 #include "Platform/Clock/Calendar.h"
 #include "Platform/ObjectStore/Sql/RowReader.h"
 
+#include <chrono>
 #include <optional>
 
 namespace quorvel {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/ObjectStore/PersistentObject.h"
 #include "Platform/ObjectStore/Schema/AttributeDescription.h"
 #include "Platform/ObjectStore/Schema/RelationshipDescription.h"
 

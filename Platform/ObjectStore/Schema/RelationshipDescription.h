@@ -5,8 +5,11 @@
 #include <QByteArray>
 
 #include <memory>
+#include <utility>
 
 namespace quorvel {
+
+struct EntityDescription;
 
 /// What happens to an object when its target is deleted.
 enum class DeleteRule { Nullify, Cascade };

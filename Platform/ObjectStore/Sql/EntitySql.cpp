@@ -1,5 +1,7 @@
 #include "Platform/ObjectStore/Sql/EntitySql.h"
 
+#include "Platform/ObjectStore/Schema/RelationshipDescription.h"
+
 #include <QByteArrayList>
 
 namespace quorvel::EntitySql {

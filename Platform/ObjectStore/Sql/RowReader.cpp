@@ -3,12 +3,13 @@
 #include "Platform/ObjectStore/StoreError.h"
 
 #include <QStringConverter>
+#include <QStringDecoder>
 #include <QVarLengthArray>
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
 
-#include <array>
 #include <cmath>
+#include <optional>
 
 namespace quorvel {
 

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QUuid>
 
+#include <optional>
+
 namespace SQLite {
 class Statement;
 }

@@ -1,5 +1,7 @@
 #include "Platform/ObjectStore/Sql/RowTable.h"
 
+#include <utility>
+
 namespace quorvel {
 
 RowTable::Object RowTable::find(qint64 row) const

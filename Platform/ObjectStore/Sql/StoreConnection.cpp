@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sqlite3.h>
+#include <string>
 #include <unistd.h>
 
 namespace quorvel {

@@ -3,6 +3,7 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
 
 #include <QDBusArgument>
+#include <QDBusObjectPath>
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,11 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
 
 #include <QDBusMetaType>
+#include <QObject>
 
 #include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 namespace quorvel {
 

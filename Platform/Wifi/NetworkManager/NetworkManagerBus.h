@@ -7,6 +7,7 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QMap>
+#include <QObject>
 #include <QVariant>
 
 #include <chrono>

@@ -4,6 +4,7 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerStates.h"
 
 #include <QDBusArgument>
+#include <QObject>
 
 #include <utility>
 

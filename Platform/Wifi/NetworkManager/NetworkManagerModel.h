@@ -3,8 +3,10 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
 
 #include <QDBusServiceWatcher>
+#include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>

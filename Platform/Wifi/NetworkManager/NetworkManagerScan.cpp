@@ -2,6 +2,13 @@
 
 #include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/AccessPoint.h"
+#include "Platform/Wifi/WifiError.h"
+
+#include <QMetaObject>
+#include <QObject>
+#include <QVariant>
+
+#include <utility>
 
 namespace quorvel {
 

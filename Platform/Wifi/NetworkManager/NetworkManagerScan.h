@@ -2,7 +2,12 @@
 
 #include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
 #include "Platform/Wifi/WifiClient.h"
+#include "Platform/Wifi/WifiError.h"
 #include "Platform/Wifi/WifiLimits.h"
+
+#include <QDBusMessage>
+#include <QObject>
+#include <QVariant>
 
 namespace quorvel {
 

@@ -1,5 +1,7 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerStates.h"
 
+#include <QString>
+
 namespace quorvel::NetworkManagerStates {
 
 namespace {

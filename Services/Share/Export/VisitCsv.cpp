@@ -4,7 +4,11 @@
 #include "Core/Support/Texts/ShortestDecimal.h"
 #include "Services/Share/Export/VisitJson.h"
 
+#include <QUuid>
+
 #include <cmath>
+#include <memory>
+#include <optional>
 
 namespace quorvel::VisitCsv {
 

@@ -2,6 +2,8 @@
 
 #include "Models/CheckIn.h"
 
+#include <QByteArray>
+
 /// Visits as a table for spreadsheets (RFC 4180), one per line. An apostrophe keeps a spreadsheet
 /// from calculating a text. Control characters, which the format does not allow, are replaced.
 namespace quorvel::VisitCsv {

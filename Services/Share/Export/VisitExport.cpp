@@ -5,6 +5,11 @@
 #include "Services/Share/Export/VisitGeoJson.h"
 #include "Services/Share/Export/VisitJson.h"
 
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace quorvel::VisitExport {
 
 using namespace Qt::StringLiterals;

@@ -2,7 +2,13 @@
 
 #include "Models/CheckIn.h"
 
+#include <QByteArrayView>
+#include <QStringView>
+
 #include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
 
 /// Writes visits as text for other programs. Passwords are never part of it; they stay in the
 /// keychain.

@@ -3,8 +3,10 @@
 #include "Services/Share/Export/VisitJson.h"
 
 #include <QJsonArray>
+#include <QJsonValue>
 
 #include <cmath>
+#include <memory>
 
 namespace quorvel::VisitGeoJson {
 

@@ -1,5 +1,12 @@
 #include "Services/Share/Export/VisitJson.h"
 
+#include <QDateTime>
+#include <QJsonValue>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+
 namespace quorvel::VisitJson {
 
 using namespace Qt::StringLiterals;

@@ -3,6 +3,9 @@
 #include "Models/CheckIn.h"
 
 #include <QJsonObject>
+#include <QJsonValue>
+
+#include <optional>
 
 /// The program's records as JSON for other programs. The keys are a promise: a key keeps its name
 /// and type, an absent value is null, and we only add keys.

@@ -3,6 +3,8 @@
 #include "Platform/Errors/FakeAnswers.h"
 #include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
 
+#include <optional>
+
 namespace quorvel {
 
 /// A reader that returns the passwords of a test's script.

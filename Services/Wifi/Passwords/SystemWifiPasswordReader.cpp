@@ -2,6 +2,8 @@
 
 #include "Platform/Wifi/WifiError.h"
 
+#include <utility>
+
 namespace quorvel {
 
 namespace {

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <memory>
+
 namespace quorvel::tests {
 
 class FakeFileManagerContractTest final : public FileManagerContract

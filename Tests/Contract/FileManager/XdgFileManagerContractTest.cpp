@@ -2,8 +2,12 @@
 #include "Tests/Contract/FileManager/FileManagerContract.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
 #include <QTest>
+
+#include <memory>
 
 namespace quorvel::tests {
 

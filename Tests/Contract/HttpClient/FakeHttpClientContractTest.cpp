@@ -1,7 +1,12 @@
+#include "Platform/Errors/Outcome.h"
 #include "Platform/Http/FakeHttpClient.h"
+#include "Platform/Http/HttpResponse.h"
 #include "Tests/Contract/HttpClient/HttpClientContract.h"
 
 #include <QTest>
+#include <QUrl>
+
+#include <memory>
 
 namespace quorvel::tests {
 

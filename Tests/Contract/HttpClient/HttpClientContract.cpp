@@ -3,6 +3,12 @@
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
+
+#include <chrono>
+#include <optional>
+#include <utility>
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

@@ -4,6 +4,7 @@
 #include "Platform/Http/HttpError.h"
 
 #include <QObject>
+#include <QUrl>
 
 #include <memory>
 

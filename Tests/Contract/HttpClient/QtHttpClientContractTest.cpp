@@ -1,9 +1,12 @@
+#include "Platform/Http/HttpResponse.h"
 #include "Platform/Http/QtHttpClient.h"
 #include "Tests/Contract/HttpClient/HttpClientContract.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
 #include <QPointer>
 #include <QTest>
+
+#include <memory>
 
 namespace quorvel::tests {
 

@@ -2,6 +2,8 @@
 #include "Tests/Contract/Keychain/KeychainContract.h"
 #include "Tests/World/Daemons/KeyringWorld.h"
 
+#include <memory>
+
 namespace quorvel::tests {
 
 /// Uses the real keyring daemon.

@@ -1,8 +1,10 @@
 #include "Platform/Location/FakeLocationManager.h"
+#include "Platform/Location/Location.h"
 #include "Tests/Contract/LocationManager/LocationManagerContract.h"
 
 #include <QTest>
 
+#include <memory>
 #include <optional>
 
 namespace quorvel::tests {

@@ -3,6 +3,9 @@
 #include "Tests/Contract/LocationManager/LocationManagerContract.h"
 #include "Tests/World/Daemons/GeoClueWorld.h"
 
+#include <chrono>
+#include <memory>
+
 namespace quorvel::tests {
 
 using namespace std::chrono_literals;

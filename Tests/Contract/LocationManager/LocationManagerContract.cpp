@@ -2,6 +2,7 @@
 
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 namespace quorvel::tests {

@@ -1,5 +1,6 @@
 #include "Platform/Http/QtHttpClient.h"
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
+#include "Platform/PointsOfInterest/PointOfInterest.h"
 #include "Tests/Contract/PointsOfInterestSearch/PointsOfInterestSearchContract.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
@@ -7,6 +8,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
+
+#include <memory>
 
 namespace quorvel::tests {
 

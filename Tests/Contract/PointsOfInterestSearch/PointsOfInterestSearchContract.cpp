@@ -3,7 +3,12 @@
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel::tests {
 

@@ -3,7 +3,11 @@
 #include "Tests/Platform/SystemEvents/LoginManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 
+#include <QCoreApplication>
 #include <QTest>
+#include <QVariant>
+
+#include <memory>
 
 namespace quorvel::tests {
 

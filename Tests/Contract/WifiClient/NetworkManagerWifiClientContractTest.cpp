@@ -4,9 +4,11 @@
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
+#include <QDBusConnection>
 #include <QTest>
 
 #include <cmath>
+#include <memory>
 
 namespace quorvel::tests {
 

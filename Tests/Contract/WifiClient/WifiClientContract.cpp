@@ -2,7 +2,10 @@
 
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
+#include <optional>
 
 namespace quorvel::tests {
 

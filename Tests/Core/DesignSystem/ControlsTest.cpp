@@ -2,9 +2,20 @@
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 #include "Tests/Support/Patience.h"
 
+#include <QAccessibleActionInterface>
+#include <QColor>
+#include <QCoreApplication>
+#include <QFont>
+#include <QInputMethodEvent>
+#include <QPointF>
+#include <QQuickItem>
 #include <QSignalSpy>
+#include <QSizeF>
+#include <QVariant>
 
 #include <cmath>
+#include <memory>
+#include <utility>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

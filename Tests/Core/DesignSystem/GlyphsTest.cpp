@@ -4,9 +4,19 @@
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 #include "Tests/Support/Patience.h"
 
+#include <QColor>
+#include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <QQuickItem>
+#include <QRectF>
 #include <QSignalSpy>
+#include <QSizeF>
+#include <QVariant>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

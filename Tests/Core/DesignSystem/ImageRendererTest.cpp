@@ -3,8 +3,15 @@
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
 #include "Tests/Support/QuickTest.h"
 
+#include <QColor>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QQmlEngine>
+#include <QSGRendererInterface>
+#include <QWindowList>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 

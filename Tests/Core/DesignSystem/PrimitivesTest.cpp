@@ -1,11 +1,24 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 
+#include <QAccessibleActionInterface>
+#include <QColor>
+#include <QCoreApplication>
 #include <QDirIterator>
+#include <QEvent>
+#include <QFont>
+#include <QKeyEvent>
+#include <QObject>
+#include <QPoint>
+#include <QPointF>
 #include <QQmlComponent>
+#include <QQuickItem>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <cmath>
+#include <memory>
+#include <tuple>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

@@ -2,9 +2,21 @@
 #include "Tests/Core/DesignSystem/Sheets/OpenSheet.h"
 #include "Tests/Support/Patience.h"
 
+#include <QAccessibleActionInterface>
+#include <QAccessibleInterface>
 #include <QAnimationDriver>
+#include <QColor>
+#include <QCoreApplication>
 #include <QEasingCurve>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPointF>
+#include <QQuickItem>
 #include <QSignalSpy>
+#include <QVariant>
+
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

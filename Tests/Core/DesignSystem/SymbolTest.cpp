@@ -2,10 +2,17 @@
 
 #include "Core/DesignSystem/Symbols/SymbolDrawing.h"
 
+#include <QHash>
 #include <QImage>
 #include <QPainter>
+#include <QRect>
+#include <QRegularExpression>
 #include <QSignalSpy>
+#include <QSize>
 #include <QTest>
+
+#include <algorithm>
+#include <utility>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

@@ -1,12 +1,18 @@
 #include "Core/DesignSystem/Theme/Theme.h"
 
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Core/DesignSystem/Theme/DynamicColor.h"
 
+#include <QColor>
+#include <QFont>
+#include <QMetaObject>
 #include <QMetaProperty>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <memory>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <exception>
 #include <iostream>
 #include <string>
 

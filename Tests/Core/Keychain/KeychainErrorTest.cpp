@@ -1,6 +1,10 @@
 #include "Core/Keychain/KeychainError.h"
 
+#include <QLocale>
+#include <QSet>
 #include <QTest>
+
+#include <limits>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

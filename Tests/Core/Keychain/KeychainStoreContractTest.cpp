@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <memory>
+#include <optional>
 
 namespace quorvel::tests {
 

@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include <functional>
+#include <optional>
 
 namespace quorvel::tests {
 

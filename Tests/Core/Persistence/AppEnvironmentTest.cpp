@@ -2,19 +2,28 @@
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Models/CheckIn.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/FakeClock.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 #include "Platform/ObjectStore/StoreError.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUuid>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
+
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -3,10 +3,18 @@
 
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Models/CheckIn.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 
 #include <QFile>
+#include <QUuid>
 
+#include <chrono>
+#include <memory>
+#include <optional>
 #include <unistd.h>
 
 using namespace quorvel;

@@ -1,13 +1,28 @@
 #include "Core/Persistence/ModelContainer+App.h"
 #include "Core/Persistence/SwiftDataCheckInRepository.h"
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/FakeClock.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/ObjectStore/StoreError.h"
 #include "Tests/Support/Instants.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
+#include <QUuid>
 #include <SQLiteCpp/SQLiteCpp.h>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -4,10 +4,12 @@
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/SeededRandom.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUuid>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 using namespace Qt::StringLiterals;

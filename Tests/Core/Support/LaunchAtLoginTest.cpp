@@ -2,6 +2,7 @@
 
 #include "Platform/LoginItem/FakeLoginItem.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 

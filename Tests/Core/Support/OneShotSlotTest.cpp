@@ -3,6 +3,9 @@
 #include "Core/Support/AppError.h"
 #include "Tests/Support/RunTask.h"
 
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

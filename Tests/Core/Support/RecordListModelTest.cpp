@@ -2,6 +2,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QTest>
+#include <QVariant>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

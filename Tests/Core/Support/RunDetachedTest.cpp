@@ -6,6 +6,12 @@
 #include <QSemaphore>
 #include <QThread>
 
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

@@ -6,6 +6,10 @@
 
 #include <QThread>
 
+#include <exception>
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

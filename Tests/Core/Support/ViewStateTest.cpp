@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

@@ -2,12 +2,24 @@
 
 #include "Core/Keychain/FakeKeychainStore.h"
 #include "Core/Persistence/FakeCheckInRepository.h"
+#include "Core/Support/AppError.h"
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/FakeClock.h"
 #include "Tests/Support/Instants.h"
 
 #include <QTest>
+#include <QUuid>
 
+#include <functional>
+#include <memory>
+#include <optional>
 #include <set>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,19 @@
+#include "Features/CheckIn/LocatedScreen.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 #include "Tests/Support/ViewLook.h"
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QTest>
+#include <QVariant>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

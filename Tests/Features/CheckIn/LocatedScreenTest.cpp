@@ -1,13 +1,26 @@
 #include "Features/CheckIn/LocatedScreen.h"
 
 #include "Core/Persistence/FakeCheckInRepository.h"
+#include "Core/Support/AppError.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
+#include "Models/CheckIn.h"
+#include "Models/WorkRatings.h"
+#include "Platform/Errors/Outcome.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
+#include <QAbstractItemModel>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 

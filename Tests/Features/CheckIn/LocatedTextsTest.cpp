@@ -1,5 +1,8 @@
 #include "Features/CheckIn/LocatedTexts.h"
 
+#include "Core/Support/AppError.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Support/SilentError.h"
 
 #include <QTest>

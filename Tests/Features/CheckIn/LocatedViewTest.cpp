@@ -1,7 +1,22 @@
+#include "Features/CheckIn/LocatedScreen.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 #include "Tests/Support/Patience.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
+#include <QPoint>
+#include <QPointF>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QSet>
+#include <QVariant>
+#include <QWheelEvent>
+
+#include <chrono>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

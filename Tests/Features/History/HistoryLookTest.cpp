@@ -1,5 +1,15 @@
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Features/History/HistoryOnScreen.h"
 #include "Tests/Support/ViewLook.h"
+
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QPointF>
+#include <QQuickItem>
+#include <QRectF>
+#include <QTest>
+#include <QVariant>
 
 #include <optional>
 

@@ -4,6 +4,9 @@
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/RunTask.h"
 
+#include <QSGRendererInterface>
+#include <QVariant>
+
 namespace quorvel::tests {
 
 HistoryOnScreen::HistoryOnScreen(const Visits &visits)

@@ -6,6 +6,9 @@
 #include "Tests/Support/QuickTest.h"
 
 #include <QQmlEngine>
+#include <QVariant>
+
+#include <memory>
 
 namespace quorvel::tests {
 

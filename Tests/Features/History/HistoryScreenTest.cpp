@@ -3,11 +3,17 @@
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
 
+#include <QAbstractItemModel>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariant>
 
+#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;

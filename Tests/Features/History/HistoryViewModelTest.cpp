@@ -1,13 +1,17 @@
 #include "Features/History/HistoryViewModel.h"
 
 #include "Core/Persistence/FakeCheckInRepository.h"
+#include "Core/Support/AppError.h"
 #include "Platform/Clock/FakeClock.h"
 #include "Tests/Features/History/Visits.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTest>
+#include <QTimeZone>
 
 #include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

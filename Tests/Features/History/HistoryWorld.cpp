@@ -2,10 +2,16 @@
 
 #include "Core/Keychain/SecItemKeychainStore.h"
 #include "Core/Persistence/CheckInPhotoStore.h"
+#include "Models/CheckIn.h"
 #include "Tests/Support/RunTask.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QImage>
 #include <QThreadPool>
+
+#include <memory>
+#include <utility>
 
 namespace quorvel::tests {
 

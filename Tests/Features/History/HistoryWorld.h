@@ -2,9 +2,13 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/History/HistoryScreen.h"
+#include "Models/CheckIn.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
+#include <QImage>
 #include <QTemporaryDir>
+
+#include <memory>
 
 namespace quorvel::tests {
 

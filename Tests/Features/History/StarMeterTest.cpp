@@ -4,8 +4,12 @@
 #include "Tests/Support/QuickTest.h"
 
 #include <QAccessible>
+#include <QColor>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QSizeF>
+#include <QVariant>
 
 #include <memory>
 

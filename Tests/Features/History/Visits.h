@@ -3,6 +3,13 @@
 #include "Models/CheckIn.h"
 #include "Tests/Support/Instants.h"
 
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
 namespace quorvel::tests {
 
 using Visits = std::vector<std::shared_ptr<CheckIn>>;

@@ -1,9 +1,13 @@
 #include "Features/Terminal/Commands/CheckInCommand.h"
 
 #include "Features/CheckIn/CheckInViewModel.h"
+#include "Models/CheckIn.h"
+#include "Models/WorkRatings.h"
 #include "Tests/Features/Terminal/TerminalWorld.h"
 
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

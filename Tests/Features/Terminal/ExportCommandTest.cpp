@@ -1,12 +1,18 @@
 #include "Features/Terminal/Commands/ExportCommand.h"
 
+#include "Models/CheckIn.h"
+#include "Models/WorkRatings.h"
+#include "Platform/Files/FileError.h"
 #include "Tests/Features/Terminal/TerminalWorld.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUuid>
 
 #include <cerrno>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,18 @@
 #include "Features/Terminal/Commands/HistoryCommand.h"
 
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
 #include "Tests/Features/Terminal/TerminalWorld.h"
 
 #include <QJsonArray>
 #include <QTest>
+#include <QTimeZone>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

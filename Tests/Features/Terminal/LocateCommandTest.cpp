@@ -1,11 +1,14 @@
 #include "Features/Terminal/Commands/LocateCommand.h"
 
+#include "Core/Support/AppError.h"
 #include "Tests/Features/Terminal/TerminalWorld.h"
 
 #include <QJsonArray>
+#include <QJsonValue>
 #include <QTest>
 
 #include <cerrno>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

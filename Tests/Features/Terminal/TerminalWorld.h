@@ -3,12 +3,15 @@
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/Terminal/TerminalCommands.h"
 #include "Features/Terminal/TerminalParts.h"
+#include "Platform/Clock/Clock.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/Terminal/FakeTerminal.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QJsonObject>
+
+#include <optional>
 
 namespace quorvel::tests {
 

@@ -1,5 +1,7 @@
 #include "Tests/Gallery/Inspection/Contrast.h"
 
+#include <QRect>
+
 #include <algorithm>
 #include <cmath>
 #include <optional>

@@ -2,6 +2,10 @@
 
 #include "Tests/Support/QuickTest.h"
 
+#include <QSizeF>
+
+#include <algorithm>
+
 namespace quorvel::tests {
 
 namespace {

@@ -6,8 +6,10 @@
 #include "Tests/Support/QuickTest.h"
 
 #include <QAccessible>
+#include <QFont>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvel::tests {
 

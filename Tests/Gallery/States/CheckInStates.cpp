@@ -1,4 +1,14 @@
+#include "Core/Support/AppError.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/States/GalleryStates.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <vector>
 
 namespace quorvel::tests {
 

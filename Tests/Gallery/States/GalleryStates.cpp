@@ -1,5 +1,7 @@
 #include "Tests/Gallery/States/GalleryStates.h"
 
+#include "Core/Support/AppError.h"
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

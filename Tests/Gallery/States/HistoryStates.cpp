@@ -1,7 +1,20 @@
+#include "Models/Cafe.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
+#include "Models/WorkRatings.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/States/GalleryStates.h"
 #include "Tests/Support/Instants.h"
 
+#include <QColor>
+#include <QImage>
+#include <QLinearGradient>
 #include <QPainter>
+#include <QPoint>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
 
 namespace quorvel::tests {
 

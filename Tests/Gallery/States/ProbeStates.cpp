@@ -1,4 +1,10 @@
+#include "Core/Support/AppError.h"
+#include "Platform/Location/Location.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/States/GalleryStates.h"
+
+#include <QList>
+#include <QString>
 
 namespace quorvel::tests {
 

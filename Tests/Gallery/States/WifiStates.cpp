@@ -1,4 +1,9 @@
+#include "Core/Support/AppError.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Gallery/States/GalleryStates.h"
+
+#include <QList>
+#include <QString>
 
 namespace quorvel::tests {
 

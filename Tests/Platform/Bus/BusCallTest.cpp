@@ -6,7 +6,9 @@
 #include <QDBusReply>
 #include <QDBusVirtualObject>
 #include <QTest>
+#include <QVariant>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <thread>

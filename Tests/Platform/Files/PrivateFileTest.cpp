@@ -3,6 +3,7 @@
 #include "Platform/Files/FileError.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QScopeGuard>

@@ -1,9 +1,12 @@
 #include "Platform/Files/Xdg/XdgBaseDirectories.h"
 
+#include <QFile>
 #include <QTest>
 
+#include <initializer_list>
 #include <pwd.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

@@ -3,7 +3,10 @@
 #include "Platform/Files/FileError.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QProcessEnvironment>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>

@@ -1,10 +1,19 @@
 #include "Platform/Http/QtHttpClient.h"
 
+#include "Platform/Http/HttpRequest.h"
+#include "Platform/Http/HttpResponse.h"
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
+#include <QCoreApplication>
 #include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace quorvel::tests {
 

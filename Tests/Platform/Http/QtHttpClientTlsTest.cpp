@@ -1,12 +1,17 @@
+#include "Platform/Http/HttpResponse.h"
 #include "Platform/Http/QtHttpClient.h"
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
 #include <QFile>
 #include <QProcess>
+#include <QSsl>
 #include <QSslCertificate>
 #include <QSslKey>
 #include <QTemporaryDir>
+
+#include <memory>
+#include <utility>
 
 namespace quorvel::tests {
 

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <chrono>
+
 namespace quorvel::tests {
 
 using namespace std::chrono_literals;

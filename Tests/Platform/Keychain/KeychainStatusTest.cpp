@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace quorvel;
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,13 @@
 #include "Platform/Location/GeoClueLocationManager.h"
 
 #include "Platform/Bus/SystemBus.h"
+#include "Platform/Location/Location.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/World/Daemons/GeoClueWorld.h"
 
 #include <QSignalSpy>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,13 +1,17 @@
 #include "Platform/Location/GeoClueRequest.h"
 
 #include "Platform/Location/GeoClueLocationManager.h"
+#include "Platform/Location/Location.h"
 #include "Tests/Platform/Location/ScriptedGeoClue.h"
 #include "Tests/Support/Patience.h"
 
 #include <QDBusMetaType>
 #include <QTest>
+#include <QVariant>
 
+#include <chrono>
 #include <cmath>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -6,9 +6,13 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
+#include <QLatin1Char>
+#include <QMap>
+#include <QMetaType>
 #include <QStringList>
+#include <QVariant>
 
-#include <optional>
+#include <utility>
 
 namespace quorvel::tests {
 

@@ -3,8 +3,11 @@
 #include "Platform/LoginItem/LoginItemError.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>

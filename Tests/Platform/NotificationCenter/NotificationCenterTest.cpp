@@ -3,6 +3,8 @@
 #include <QTest>
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

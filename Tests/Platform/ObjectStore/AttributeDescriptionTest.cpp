@@ -2,6 +2,10 @@
 
 #include <QTest>
 
+#include <chrono>
+#include <memory>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

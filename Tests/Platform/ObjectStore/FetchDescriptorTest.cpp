@@ -1,6 +1,12 @@
+#include "Platform/ObjectStore/FetchDescriptor.h"
+
 #include "Tests/Platform/ObjectStore/Library.h"
 
 #include <QTest>
+
+#include <memory>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -7,6 +7,12 @@
 #include <QTemporaryDir>
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace quorvel::tests {
 
 /// A store in its own file, and a second connection to that file.

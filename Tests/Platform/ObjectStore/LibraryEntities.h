@@ -1,6 +1,15 @@
 #pragma once
 
 #include "Platform/ObjectStore/ModelContainer.h"
+#include "Platform/ObjectStore/PersistentObject.h"
+#include "Platform/ObjectStore/Schema/EntityDescription.h"
+
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+#include <tuple>
+#include <utility>
 
 namespace quorvel::tests {
 

@@ -5,13 +5,19 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

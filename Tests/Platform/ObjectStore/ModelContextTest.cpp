@@ -1,8 +1,10 @@
 #include "Tests/Platform/ObjectStore/Library.h"
 
 #include <QTest>
+#include <QUuid>
 
 #include <limits>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 

@@ -5,6 +5,8 @@
 #include <QTest>
 
 #include <limits>
+#include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <optional>
 #include <sqlite3.h>
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,6 @@
 #include "Platform/ObjectStore/Sql/StoreTurn.h"
 
+#include "Platform/ObjectStore/ModelContext.h"
 #include "Platform/ObjectStore/StoreError.h"
 #include "Tests/Platform/ObjectStore/LibraryEntities.h"
 
@@ -9,7 +10,11 @@
 #include <sys/wait.h>
 
 #include <csignal>
+#include <exception>
+#include <memory>
+#include <optional>
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,8 @@
 #include "Platform/Pasteboard/PictureOffer.h"
 
+#include <QColor>
+#include <QImage>
+#include <QSize>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -1,12 +1,15 @@
 #include "Platform/Pasteboard/QtPasteboard.h"
 
+#include "Platform/Errors/Outcome.h"
 #include "Tests/Support/Patience.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QMimeData>
 #include <QTest>
 
+#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,14 @@
+#include "Platform/Errors/Outcome.h"
 #include "Platform/Pasteboard/QtPasteboard.h"
 #include "Platform/X11/X11Server.h"
 #include "Tests/Support/Patience.h"
 
+#include <QColor>
 #include <QGuiApplication>
+#include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QSize>
 #include <QTest>
 #include <QWindow>
 

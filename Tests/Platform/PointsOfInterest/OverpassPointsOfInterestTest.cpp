@@ -2,12 +2,22 @@
 
 #include "Platform/Clock/FakeClock.h"
 #include "Platform/Http/FakeHttpClient.h"
+#include "Platform/Http/HttpRequest.h"
+#include "Platform/Http/HttpResponse.h"
 #include "Platform/Http/QtHttpClient.h"
+#include "Platform/PointsOfInterest/PointOfInterest.h"
 #include "Tests/Support/Heard.h"
 #include "Tests/Support/Instants.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel::tests {
 

@@ -4,6 +4,9 @@
 
 #include <QTest>
 
+#include <optional>
+#include <vector>
+
 Q_DECLARE_METATYPE(quorvel::PointsOfInterestError::Case)
 
 namespace quorvel::tests {

@@ -5,13 +5,16 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariant>
 #include <sys/wait.h>
 
+#include <chrono>
 #include <csignal>
 #include <memory>
 

@@ -1,6 +1,7 @@
 #include "Platform/SingleInstance/DBusSingleInstance.h"
 
 #include <QCoreApplication>
+#include <QObject>
 #include <QSocketNotifier>
 
 #include <cstdio>

@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include <chrono>
 #include <limits>
 
 using namespace quorvel;

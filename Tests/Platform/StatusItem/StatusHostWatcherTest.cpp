@@ -3,10 +3,15 @@
 #include "Tests/Platform/StatusItem/FakeNotifierWatcher.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
+#include <QIODevice>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <chrono>
 
 using namespace quorvel;
 using namespace std::chrono_literals;

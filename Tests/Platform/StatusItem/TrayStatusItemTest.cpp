@@ -5,10 +5,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QIcon>
 #include <QMenu>
+#include <QPixmap>
 #include <QSignalSpy>
 #include <QSystemTrayIcon>
 #include <QTest>
+
+#include <chrono>
+#include <memory>
 
 using namespace quorvel;
 using namespace std::chrono_literals;

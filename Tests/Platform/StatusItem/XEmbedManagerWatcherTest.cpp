@@ -7,6 +7,7 @@
 #include <QTest>
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 

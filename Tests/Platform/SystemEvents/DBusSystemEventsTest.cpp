@@ -3,7 +3,12 @@
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
+#include <QDBusMessage>
 #include <QTest>
+#include <QVariant>
+
+#include <memory>
 
 namespace quorvel::tests {
 

@@ -5,7 +5,12 @@
 #include "Tests/Support/Patience.h"
 
 #include <QDBusMetaType>
+#include <QDBusVariant>
 #include <QTest>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

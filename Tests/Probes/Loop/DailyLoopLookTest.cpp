@@ -5,6 +5,14 @@
 #include "_Probes/ProbeViewModel.h"
 
 #include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QSizeF>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -7,6 +7,7 @@
 
 #include <QGuiApplication>
 #include <QPluginLoader>
+#include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
 

@@ -3,14 +3,26 @@
 #include "Core/DI/AppEnvironment.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Features/MenuBar/Panel/Window/MenuBarPanel.h"
+#include "Models/CheckIn.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WorkRatings.h"
 #include "Platform/Clock/Clock.h"
 #include "Platform/Files/FileManager.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
+#include <QColor>
+#include <QGuiApplication>
+#include <QPointer>
 #include <QQuickView>
+#include <QSGRendererInterface>
 #include <QSignalSpy>
+#include <QUuid>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

@@ -2,7 +2,12 @@
 
 #include "Core/Support/AppError.h"
 #include "Platform/Location/FakeLocationManager.h"
+#include "Platform/Location/Location.h"
 #include "Tests/Support/RunTask.h"
+
+#include <chrono>
+#include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -3,6 +3,8 @@
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/LastWords.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

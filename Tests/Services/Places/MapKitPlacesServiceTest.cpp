@@ -1,14 +1,23 @@
 #include "Services/Places/MapKitPlacesService.h"
 
 #include "Core/Support/AppError.h"
+#include "Models/PlaceCandidate.h"
 #include "Platform/Clock/FakeClock.h"
+#include "Platform/Errors/Outcome.h"
 #include "Platform/Geodesy/DistanceMeters.h"
 #include "Platform/Http/QtHttpClient.h"
 #include "Platform/PointsOfInterest/FakePointsOfInterestSearch.h"
 #include "Platform/PointsOfInterest/OverpassPointsOfInterest.h"
+#include "Platform/PointsOfInterest/PointOfInterest.h"
 #include "Services/Places/FakePlacesService.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
+
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quorvel::tests {
 

@@ -4,8 +4,10 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace quorvel::tests {
 

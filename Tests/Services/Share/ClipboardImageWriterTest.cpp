@@ -3,9 +3,13 @@
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 
+#include <QColor>
 #include <QDir>
+#include <QSize>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -3,6 +3,11 @@
 #include "Models/CheckIn.h"
 #include "Tests/Support/Instants.h"
 
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+
 namespace quorvel::tests {
 
 inline const QUuid visitId(QStringLiteral("{00000000-0000-0000-0000-000000000001}"));

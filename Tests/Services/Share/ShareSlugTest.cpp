@@ -1,10 +1,19 @@
 #include "Services/Share/ShareSlug.h"
 
+#include "Models/Cafe.h"
+#include "Models/WorkRatings.h"
 #include "Tests/Support/Instants.h"
 
+#include <QDate>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,13 @@
 #include "Services/Share/Export/VisitCsv.h"
 
+#include "Models/Cafe.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Services/Share/SampleVisit.h"
 
 #include <QTest>
+
+#include <limits>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 

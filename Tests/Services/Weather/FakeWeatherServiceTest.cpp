@@ -1,7 +1,12 @@
 #include "Services/Weather/FakeWeatherService.h"
 
 #include "Core/Support/AppError.h"
+#include "Platform/Geodesy/Coordinate.h"
 #include "Tests/Support/RunTask.h"
+
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace quorvel::tests {
 

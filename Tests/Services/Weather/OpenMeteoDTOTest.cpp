@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 namespace quorvel::tests {
 
 using namespace Qt::StringLiterals;

@@ -1,12 +1,22 @@
 #include "Services/Weather/OpenMeteoWeatherService.h"
 
 #include "Core/Support/AppError.h"
+#include "Models/WeatherSnapshot.h"
 #include "Platform/Clock/FakeClock.h"
+#include "Platform/Errors/Outcome.h"
+#include "Platform/Geodesy/Coordinate.h"
 #include "Platform/Http/FakeHttpClient.h"
+#include "Platform/Http/HttpRequest.h"
+#include "Platform/Http/HttpResponse.h"
 #include "Platform/Http/QtHttpClient.h"
 #include "Tests/Support/Instants.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/ScriptedHttpServer.h"
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace quorvel::tests {
 

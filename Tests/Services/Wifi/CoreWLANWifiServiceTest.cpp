@@ -3,10 +3,15 @@
 #include "Core/Support/AppError.h"
 #include "Platform/Wifi/FakeWifiClient.h"
 #include "Platform/Wifi/WifiError.h"
+#include "Platform/Wifi/WifiName.h"
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/LastWords.h"
 
 #include <QTest>
+
+#include <memory>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;

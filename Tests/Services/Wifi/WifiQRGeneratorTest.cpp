@@ -3,6 +3,7 @@
 #include "Platform/QRCode/QRCode.h"
 #include "Tests/Support/QRReader.h"
 
+#include <QPoint>
 #include <QTest>
 
 #include <cmath>

@@ -2,6 +2,7 @@
 
 #include "Tests/Support/Patience.h"
 
+#include <QProcessEnvironment>
 #include <sys/wait.h>
 
 #include <csignal>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMessageLogContext>
 #include <QScopeGuard>
 #include <QString>
 #include <QtGlobal>

@@ -17,6 +17,8 @@
 #include "Platform/Wifi/FakeWifiClient.h"
 #include "Tests/Support/Instants.h"
 
+#include <memory>
+
 namespace quorvel::tests {
 
 /// A system on which nothing happens: the user never decides about the location, so a panel waits

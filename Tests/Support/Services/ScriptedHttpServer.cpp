@@ -1,6 +1,11 @@
 #include "Tests/Support/Services/ScriptedHttpServer.h"
 
+#include <QHostAddress>
+#include <QMetaObject>
+#include <QObject>
 #include <QSslServer>
+
+#include <utility>
 
 namespace quorvel::tests {
 

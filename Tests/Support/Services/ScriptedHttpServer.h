@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <QObject>
 #include <QSslConfiguration>
 #include <QTcpServer>
 #include <QTcpSocket>

@@ -13,6 +13,8 @@
 #include "Services/Wifi/CoreWLANWifiService.h"
 #include "Services/Wifi/Passwords/SystemWifiPasswordReader.h"
 
+#include <memory>
+
 namespace quorvel::tests {
 
 /// All services of the program over their live backends, on this machine or in the simulated

@@ -1,9 +1,14 @@
 // Calls the program's services on request, and answers a beat in every turn of the event loop in
 // which it is asked for one. heartbeat.py controls it.
 
+#include "Core/Support/Tasks/Task.h"
+#include "Platform/Errors/LocalizedError.h"
+#include "Platform/Geodesy/Coordinate.h"
+#include "Platform/Location/Location.h"
 #include "Tests/World/Sense/LiveServices.h"
 
 #include <QCoreApplication>
+#include <QObject>
 #include <QProcessEnvironment>
 #include <QSocketNotifier>
 

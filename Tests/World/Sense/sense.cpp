@@ -2,6 +2,9 @@
 // network and the networks nearby. It asks the services of this machine or, inside the district,
 // the simulated ones. It never prints a password.
 
+#include "Core/Support/Tasks/Task.h"
+#include "Platform/Errors/LocalizedError.h"
+#include "Platform/Geodesy/Coordinate.h"
 #include "Services/Places/PlacesRanking.h"
 #include "Tests/World/Sense/LiveServices.h"
 
@@ -10,6 +13,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace quorvel::tests {
 

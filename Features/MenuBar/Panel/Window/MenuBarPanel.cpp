@@ -8,9 +8,16 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QMargins>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
 #include <QScreen>
+#include <QSizeF>
+#include <QVariant>
+#include <QWindow>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

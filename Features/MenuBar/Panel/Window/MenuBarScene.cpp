@@ -1,9 +1,15 @@
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 
+#include "Core/DI/Services.h"
+#include "Core/Persistence/CheckInRepository.h"
 #include "Core/Support/LaunchAtLogin.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
+#include "Platform/Clock/Clock.h"
 #include "Platform/Errors/LocalizedError.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
 #include "Platform/SystemSettings/SystemSettings.h"
 
+#include <QObject>
 #include <QUrl>
 
 namespace quorvel {

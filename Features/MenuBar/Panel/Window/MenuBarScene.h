@@ -1,9 +1,15 @@
 #pragma once
 
+#include "Core/DI/Services.h"
 #include "Core/DI/WindowFacilities.h"
+#include "Core/Persistence/CheckInRepository.h"
 #include "Features/CheckIn/LocatedScreen.h"
 #include "Features/MenuBar/Loop/SecondLook.h"
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
+#include "Platform/Clock/Clock.h"
+#include "Platform/NotificationCenter/NotificationCenter.h"
+
+#include <QObject>
 
 #include <memory>
 

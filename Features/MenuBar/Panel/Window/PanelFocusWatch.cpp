@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QWindow>
 
+#include <utility>
+
 namespace quorvel {
 
 namespace {

@@ -3,7 +3,15 @@
 #include "Platform/Bus/BusCall.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 
+#include <QDBusObjectPath>
+#include <QMetaObject>
+#include <QObject>
+#include <QVariant>
+
 #include <algorithm>
+#include <optional>
+#include <utility>
+#include <variant>
 
 namespace quorvel {
 

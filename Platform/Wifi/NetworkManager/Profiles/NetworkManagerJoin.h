@@ -6,6 +6,11 @@
 #include "Platform/Wifi/WifiClient.h"
 #include "Platform/Wifi/WifiLimits.h"
 
+#include <QDBusMessage>
+#include <QObject>
+
+#include <variant>
+
 namespace quorvel {
 
 /// One attempt to join a network. Its profile disappears with its connection, so a failure leaves

@@ -3,8 +3,12 @@
 #include "Platform/Bus/BusCall.h"
 
 #include <QDBusArgument>
+#include <QMap>
+#include <QVariant>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace quorvel {
 

@@ -3,6 +3,9 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerProfiles.h"
 #include "Platform/Wifi/WifiLimits.h"
 
+#include <chrono>
+#include <functional>
+
 namespace quorvel {
 
 /// Makes NetworkManager remember a temporary connection that has worked. If the user may change

@@ -5,6 +5,8 @@
 #include <QDBusArgument>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace quorvel {
 

@@ -1,10 +1,15 @@
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerSecret.h"
 
 #include "Platform/Bus/BusCall.h"
+#include "Platform/Wifi/WifiError.h"
 
 #include <QDBusArgument>
+#include <QMetaType>
+#include <QVariant>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace quorvel {
 

@@ -3,7 +3,12 @@
 #include "Platform/Wifi/NetworkManager/NetworkManagerModel.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerProfiles.h"
 #include "Platform/Wifi/WifiClient.h"
+#include "Platform/Wifi/WifiError.h"
 #include "Platform/Wifi/WifiLimits.h"
+
+#include <QDBusMessage>
+
+#include <optional>
 
 namespace quorvel {
 

@@ -4,7 +4,10 @@
 #include "Tests/Support/QuickTest.h"
 
 #include <QAccessible>
+#include <QAccessibleInterface>
 #include <QQuickView>
+#include <QSGRendererInterface>
+#include <QUrl>
 
 #include <memory>
 

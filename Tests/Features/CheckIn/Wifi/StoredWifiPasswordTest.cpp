@@ -1,7 +1,10 @@
+#include "Core/Keychain/KeychainError.h"
 #include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
 #include "Tests/Support/Patience.h"
 
 #include <QTest>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,6 +1,9 @@
+#include "Core/Keychain/KeychainError.h"
 #include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
 
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,18 @@
+#include "Core/Support/AppError.h"
+#include "Platform/Errors/Outcome.h"
+#include "Services/Wifi/FakeWifiService.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
+
+#include <QObject>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QTest>
+#include <QVariant>
+
+#include <optional>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 

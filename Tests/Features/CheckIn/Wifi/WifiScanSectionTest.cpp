@@ -1,8 +1,13 @@
+#include "Core/Keychain/KeychainError.h"
 #include "Core/Support/AppError.h"
+#include "Features/CheckIn/Wifi/WifiRow.h"
 #include "Tests/Features/CheckIn/Wifi/WifiSectionCase.h"
 
+#include <QAbstractItemModel>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,10 @@
 #include "Core/Support/AppError.h"
 #include "Tests/Support/RunTask.h"
 
+#include <QCoreApplication>
 #include <QTest>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

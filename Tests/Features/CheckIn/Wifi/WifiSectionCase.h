@@ -6,6 +6,8 @@
 #include "Services/Wifi/FakeWifiService.h"
 #include "Services/Wifi/Passwords/FakeSystemWifiPasswordReader.h"
 
+#include <QObject>
+
 #include <optional>
 
 namespace quorvel::tests {

@@ -1,8 +1,16 @@
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Features/History/HistoryOnScreen.h"
 #include "Tests/Support/ViewLook.h"
 
+#include <QColor>
+#include <QObject>
+#include <QQuickItem>
+#include <QTest>
+#include <QVariant>
+
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

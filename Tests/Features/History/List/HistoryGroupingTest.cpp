@@ -1,8 +1,15 @@
 #include "Features/History/List/HistoryGrouping.h"
 
+#include "Models/WorkRatings.h"
 #include "Tests/Features/History/Visits.h"
 
 #include <QTest>
+#include <QTimeZone>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -1,11 +1,17 @@
 #include "Features/History/List/HistoryListModel.h"
 
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Features/History/Visits.h"
 
 #include <QAbstractItemModelTester>
+#include <QModelIndex>
 #include <QTest>
+#include <QTimeZone>
+#include <QVariant>
 
+#include <memory>
 #include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

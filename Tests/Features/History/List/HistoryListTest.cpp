@@ -2,6 +2,13 @@
 #include "Tests/Features/History/HistoryOnScreen.h"
 
 #include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QColor>
+#include <QObject>
+#include <QPoint>
+#include <QPointF>
+#include <QQuickItem>
+#include <QTest>
 
 #include <optional>
 

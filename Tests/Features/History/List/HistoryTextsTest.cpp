@@ -1,9 +1,14 @@
 #include "Features/History/List/HistoryTexts.h"
 
+#include "Core/Support/AppError.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Clock/Calendar.h"
 #include "Tests/Features/History/Visits.h"
 #include "Tests/Support/SilentError.h"
 
+#include <QLocale>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,15 @@
 #include "Features/History/Card/VisitCard.h"
 
+#include "Models/Cafe.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Features/History/Visits.h"
 
 #include <QTest>
+#include <QTimeZone>
+#include <QUuid>
+
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

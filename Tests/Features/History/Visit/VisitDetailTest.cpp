@@ -1,17 +1,26 @@
 #include "Features/History/Visit/VisitDetail.h"
 
 #include "Core/Persistence/CheckInPhotoStore.h"
+#include "Features/History/Share/ShareState.h"
+#include "Platform/Keychain/FakeKeychain.h"
+#include "Platform/Keychain/Keychain.h"
 #include "Services/Wifi/WifiQRGenerator.h"
 #include "Tests/Features/History/HistoryWorld.h"
 #include "Tests/Features/History/Visits.h"
 #include "Tests/Support/Patience.h"
 
+#include <QColor>
+#include <QFile>
 #include <QSemaphore>
 #include <QSignalSpy>
+#include <QSize>
 #include <QTest>
 #include <QThread>
+#include <QVariant>
 
+#include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

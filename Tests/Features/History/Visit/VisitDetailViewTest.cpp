@@ -1,9 +1,15 @@
+#include "Models/CheckIn.h"
+#include "Platform/Errors/Outcome.h"
 #include "Tests/Features/History/HistoryOnScreen.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QRReader.h"
 
 #include <QAccessible>
+#include <QColor>
+#include <QDir>
+#include <QQuickItem>
 
+#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;

@@ -4,14 +4,22 @@
 #include "Tests/Support/RunTask.h"
 
 #include <QBuffer>
+#include <QColor>
 #include <QColorSpace>
 #include <QDir>
+#include <QFile>
+#include <QIODevice>
 #include <QImageWriter>
+#include <QPointF>
 #include <QSemaphore>
+#include <QSize>
 #include <QTemporaryDir>
 #include <QThreadPool>
 #include <QtEndian>
 #include <sys/stat.h>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 

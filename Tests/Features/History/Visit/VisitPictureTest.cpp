@@ -2,12 +2,25 @@
 
 #include "Core/DesignSystem/Rendering/ImageRenderer.h"
 #include "Core/DesignSystem/Theme/Theme.h"
+#include "Models/CheckIn.h"
+#include "Models/WeatherSnapshot.h"
 #include "Services/Wifi/WifiQRGenerator.h"
 #include "Tests/Features/History/HistoryOnScreen.h"
 #include "Tests/Support/QRReader.h"
 
+#include <QColor>
+#include <QObject>
 #include <QPainter>
+#include <QQuickItem>
+#include <QRect>
+#include <QRectF>
+#include <QSize>
+#include <QTest>
+#include <QVariant>
 
+#include <algorithm>
+#include <cmath>
+#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;

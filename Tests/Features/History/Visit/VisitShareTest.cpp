@@ -1,5 +1,6 @@
 #include "Features/History/Share/VisitShare.h"
 
+#include "Platform/Errors/Outcome.h"
 #include "Platform/Files/FakeFileManager.h"
 #include "Platform/Files/Xdg/XdgFileManager.h"
 #include "Platform/Pasteboard/FakePasteboard.h"
@@ -7,11 +8,18 @@
 #include "Tests/Support/RunTask.h"
 #include "Tests/Support/Services/PrivateMounts.h"
 
+#include <QColor>
+#include <QCoreApplication>
 #include <QDir>
+#include <QImage>
 #include <QRandomGenerator>
 #include <QScopeGuard>
+#include <QSize>
 #include <QTemporaryDir>
 #include <sys/stat.h>
+
+#include <chrono>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

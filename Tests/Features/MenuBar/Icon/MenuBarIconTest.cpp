@@ -4,6 +4,9 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
 #include <QTest>
 
 #include <algorithm>

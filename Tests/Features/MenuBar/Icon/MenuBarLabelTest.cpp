@@ -4,12 +4,16 @@
 #include "Platform/SessionLock/FakeSessionLock.h"
 #include "Platform/StatusItem/FakeStatusItem.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
+#include <QImage>
 #include <QPointer>
 #include <QSet>
 #include <QTest>
 #include <QTimerEvent>
+
+#include <memory>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

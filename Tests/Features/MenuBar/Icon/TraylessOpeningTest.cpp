@@ -6,6 +6,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <chrono>
+
 using namespace std::chrono_literals;
 
 namespace quorvel::tests {

@@ -1,6 +1,11 @@
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Support/RunTask.h"
+
+#include <utility>
+#include <vector>
 
 namespace quorvel::tests {
 

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Platform/Clock/FakeClock.h"
 #include "Tests/Support/Instants.h"
 #include "Tests/Support/Services/FakeServices.h"
 
 #include <memory>
+#include <vector>
 
 namespace quorvel::tests {
 

@@ -1,10 +1,13 @@
+#include "Core/Support/AppError.h"
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 #include "Platform/Geodesy/DistanceMeters.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QTest>
 
+#include <chrono>
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

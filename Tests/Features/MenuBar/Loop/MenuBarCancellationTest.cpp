@@ -1,6 +1,16 @@
+#include "Features/MenuBar/Loop/LocatedSnapshot.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Errors/Outcome.h"
+#include "Services/Places/FakePlacesService.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QTest>
+
+#include <chrono>
+#include <optional>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

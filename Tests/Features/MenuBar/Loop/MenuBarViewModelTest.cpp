@@ -1,8 +1,17 @@
 #include "Features/MenuBar/Loop/MenuBarViewModel.h"
 
+#include "Core/Keychain/KeychainError.h"
+#include "Core/Support/AppError.h"
+#include "Models/WeatherSnapshot.h"
+#include "Platform/Errors/Outcome.h"
+#include "Services/Places/FakePlacesService.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QTest>
+
+#include <chrono>
+#include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,10 +1,18 @@
 #include "Features/MenuBar/Loop/SecondLook.h"
 
+#include "Core/Support/AppError.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
+#include "Platform/Errors/Outcome.h"
+#include "Platform/Location/Location.h"
 #include "Platform/SystemEvents/FakeSystemEvents.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
+#include <QCoreApplication>
 #include <QTest>
 #include <QTimerEvent>
+
+#include <chrono>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

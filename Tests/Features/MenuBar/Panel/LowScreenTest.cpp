@@ -1,7 +1,17 @@
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 
+#include <QGuiApplication>
+#include <QObject>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QRect>
+#include <QSGRendererInterface>
 #include <QScreen>
 #include <QTemporaryFile>
+#include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,13 @@
 #include "Features/MenuBar/Panel/MenuBarScreen.h"
 
+#include "Core/Support/AppError.h"
+#include "Features/MenuBar/Loop/MenuBarInput.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,17 @@
 #include "Core/DesignSystem/Rendering/ViewFactory.h"
+#include "Features/MenuBar/Panel/MenuBarScreen.h"
+#include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 
+#include <QObject>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
 #include <QSignalSpy>
+#include <QTest>
+#include <QVariant>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,17 @@
 #include "Tests/Features/MenuBar/Panel/PanelOnScreen.h"
 #include "Tests/Support/ViewLook.h"
 
+#include <QColor>
+#include <QFont>
+#include <QObject>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QSGRendererInterface>
+#include <QSizeF>
+#include <QTest>
+
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace quorvel::tests {

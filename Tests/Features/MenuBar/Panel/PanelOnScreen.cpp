@@ -2,7 +2,10 @@
 
 #include "Tests/Support/Patience.h"
 
+#include <QPointF>
+#include <QRectF>
 #include <QScreen>
+#include <QVariant>
 
 namespace quorvel::tests {
 

@@ -6,6 +6,7 @@
 
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QVariant>
 
 namespace quorvel::tests {
 

@@ -1,5 +1,10 @@
 #include "Tests/Features/MenuBar/Panel/PanelWorld.h"
 
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
+
+#include <vector>
+
 namespace quorvel::tests {
 
 PanelWorld::PanelWorld() = default;

@@ -2,8 +2,12 @@
 
 #include "Core/Persistence/FakeCheckInRepository.h"
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
+#include "Models/PlaceCandidate.h"
+#include "Models/WeatherSnapshot.h"
 #include "Tests/Features/MenuBar/Loop/LoopWorld.h"
 #include "Tests/Support/Services/QuietFacilities.h"
+
+#include <vector>
 
 namespace quorvel::tests {
 

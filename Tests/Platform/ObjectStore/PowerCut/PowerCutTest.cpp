@@ -8,6 +8,9 @@
 #include <QTest>
 #include <SQLiteCpp/SQLiteCpp.h>
 
+#include <memory>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(quorvel::tests::Unsynced)

@@ -4,6 +4,7 @@
 #include <QSet>
 
 #include <new>
+#include <utility>
 
 namespace quorvel::tests {
 

@@ -1,6 +1,7 @@
 #include "Platform/Wifi/NetworkManager/AccessPoint.h"
 
 #include <QTest>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 

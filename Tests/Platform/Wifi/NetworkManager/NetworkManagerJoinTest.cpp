@@ -3,7 +3,14 @@
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
+#include <QDBusConnection>
+#include <QDBusObjectPath>
 #include <QTest>
+#include <QVariant>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

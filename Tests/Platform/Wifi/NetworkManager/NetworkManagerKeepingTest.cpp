@@ -5,8 +5,11 @@
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
+#include <QDBusConnection>
 #include <QTest>
+#include <QVariant>
 
+#include <memory>
 #include <pwd.h>
 #include <unistd.h>
 

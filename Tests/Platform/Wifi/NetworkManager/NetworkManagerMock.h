@@ -6,6 +6,7 @@
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
+#include <QDBusVariant>
 
 namespace quorvel::tests {
 

@@ -3,7 +3,16 @@
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QTest>
+#include <QVariant>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

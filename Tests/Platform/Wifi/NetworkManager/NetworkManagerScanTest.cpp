@@ -1,11 +1,16 @@
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
+#include "Platform/Wifi/WifiName.h"
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
+#include <QDBusConnection>
 #include <QTest>
+#include <QVariant>
 
 #include <algorithm>
+#include <chrono>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

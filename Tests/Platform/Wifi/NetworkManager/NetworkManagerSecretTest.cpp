@@ -2,7 +2,13 @@
 #include "Tests/Platform/Wifi/NetworkManager/NetworkManagerMock.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 
+#include <QDBusConnection>
 #include <QTest>
+#include <QVariant>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,12 +1,18 @@
 #include "Platform/Bus/BusCall.h"
+#include "Platform/Wifi/NetworkManager/NetworkManagerBus.h"
 #include "Platform/Wifi/NetworkManager/Profiles/NetworkManagerKeeping.h"
 #include "Platform/Wifi/NetworkManagerWifiClient.h"
 #include "Tests/Platform/Wifi/NetworkManager/WifiOutcomes.h"
 #include "Tests/Support/Patience.h"
 
 #include <QDBusArgument>
+#include <QDBusObjectPath>
 #include <QDir>
 #include <QTest>
+#include <QVariant>
+
+#include <chrono>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
+#include <variant>
 
 namespace quorvel::tests {
 

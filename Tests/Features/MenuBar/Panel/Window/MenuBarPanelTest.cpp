@@ -3,15 +3,26 @@
 #include "Core/DI/LoopServices.h"
 #include "Core/DesignSystem/Theme/Theme.h"
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
+#include "Platform/LoginItem/LoginItem.h"
+#include "Platform/LoginItem/LoginItemError.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/QuickTest.h"
 #include "Tests/Support/Services/QuietFacilities.h"
 
 #include <QAccessible>
+#include <QColor>
 #include <QCursor>
+#include <QFont>
+#include <QPoint>
 #include <QQmlEngine>
 #include <QQuickView>
+#include <QSGRendererInterface>
 #include <QSignalSpy>
+#include <QWindow>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace quorvel;
 using namespace Qt::StringLiterals;

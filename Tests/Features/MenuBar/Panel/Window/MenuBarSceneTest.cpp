@@ -1,12 +1,17 @@
 #include "Features/MenuBar/Panel/Window/MenuBarScene.h"
 
+#include "Platform/LoginItem/LoginItem.h"
 #include "Platform/SystemSettings/SystemSettings.h"
 #include "Tests/Features/MenuBar/Panel/PanelWorld.h"
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QTimerEvent>
+#include <QUrl>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

@@ -2,10 +2,16 @@
 
 #include "Tests/Support/Patience.h"
 
+#include <QCoreApplication>
 #include <QEnterEvent>
+#include <QShowEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWindow>
+
+#include <chrono>
+#include <memory>
+#include <optional>
 
 using namespace quorvel;
 using namespace std::chrono_literals;

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <chrono>
+
 using namespace quorvel;
 using namespace std::chrono_literals;
 
