@@ -20,7 +20,7 @@ class FileManager;
 class AppEnvironment final
 {
 public:
-    /// Both outlive the environment.
+    /// Both must outlive the environment.
     AppEnvironment(const FileManager &fileManager, const Clock &clock);
     AppEnvironment(const AppEnvironment &) = delete;
     AppEnvironment &operator=(const AppEnvironment &) = delete;

@@ -17,11 +17,11 @@ class NotificationCenter;
 class PointsOfInterestSearch;
 class WifiClient;
 
-/// The system that the program runs on, as `Quorvel/` picked it: all that needs no window. Handed
-/// down whole; everything it refers to outlives whoever holds it.
+/// The system that the program runs on, as `Quorvel/` picked it, without what only windows need. It
+/// is handed down whole. Everything that it refers to must outlive its holders.
 struct Facilities
 {
-    /// Each location service has a manager of its own.
+    /// Each location service has its own manager.
     std::function<std::unique_ptr<LocationManager>()> makeLocationManager;
     PointsOfInterestSearch &map;
     HttpClient &http;

@@ -12,14 +12,14 @@ namespace quorvel {
 
 struct Facilities;
 
-/// Makes the services of one daily loop over the facilities, and owns them. Each loop has its own:
-/// a location service has room for one waiter.
+/// Makes and owns the services of one daily loop. Each loop has its own, since a location service
+/// has room for one waiter.
 class LoopServices final
 {
 public:
     explicit LoopServices(const Facilities &facilities);
 
-    /// As long-lived as this.
+    /// They live as long as this.
     [[nodiscard]] Services roles();
 
 private:

@@ -11,32 +11,32 @@ namespace quorvel {
 class AppEnvironment;
 class Appearance;
 
-/// All that the program can show, by its entry's words. Each scene is built when it is first
-/// opened and then kept. Main thread only.
+/// Everything that the program can show. A scene is built when it first opens, and then kept. Main
+/// thread only.
 class Scenes
 {
 public:
     virtual ~Scenes() = default;
 
-    /// A click on the status item: opens the panel, or closes it. `anchor` is where the item is,
-    /// empty when its host does not tell.
+    /// A click on the status item: opens or closes the panel. `anchor` is the item's place, empty
+    /// if its host does not tell it.
     virtual void toggleMenuBarPanel(const QRect &anchor) = 0;
 
-    /// Every other way in. A panel that is open comes to the front.
+    /// For every other way in. An open panel comes to the front.
     virtual void openMenuBarPanel(const QRect &anchor) = 0;
 
-    /// Opens the window or brings it to the front; false when no window has this identifier.
+    /// Opens the window or brings it to the front. Returns false if no window has this identifier.
     [[nodiscard]] virtual bool openWindow(const QString &identifier) = 0;
 };
 
-/// The way into the module that holds the scenes. The program loads it with the first of them, so
-/// that an icon that nobody clicks does without Qt Quick.
+/// The entry of the module with the scenes. The program loads it with the first scene, so an icon
+/// that nobody clicks does without Qt Quick.
 class ScenesPlugin
 {
 public:
     virtual ~ScenesPlugin() = default;
 
-    /// Both outlive the scenes. Throws LocalizedError when this system cannot show them.
+    /// Both must outlive the scenes. Throws LocalizedError if this system cannot show them.
     [[nodiscard]] virtual std::unique_ptr<Scenes> makeScenes(AppEnvironment &environment,
                                                              Appearance &appearance) = 0;
 };

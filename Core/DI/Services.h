@@ -9,8 +9,8 @@ class SystemWifiPasswordReader;
 class WeatherService;
 class WifiService;
 
-/// The roles that one daily loop asks, and the check-in form that follows it. All of them outlive
-/// whoever holds this.
+/// The services of one daily loop and of the check-in form after it. All of them must outlive the
+/// holder.
 struct Services
 {
     LocationService &location;

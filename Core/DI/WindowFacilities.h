@@ -8,8 +8,8 @@ class Pasteboard;
 class SystemEvents;
 class SystemSettings;
 
-/// What a program with windows asks of the desktop besides its Facilities. Everything outlives
-/// whoever holds this.
+/// What a program with windows needs from the desktop besides its Facilities. Everything must
+/// outlive the holder.
 struct WindowFacilities
 {
     Appearance &appearance;

@@ -3,13 +3,13 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The end of the form: why the visit cannot be saved, or what came of saving it, and the button.
+// The end of the form: why the visit cannot be saved, or the result of saving it, and the button.
 Column {
     id: root
 
-    // Empty while nothing went wrong.
+    // Empty unless something failed.
     required property string error
-    // Empty while nothing is in the way.
+    // Empty if the user can check in.
     required property string hint
     required property string buttonTitle
     required property string buttonSymbol

@@ -40,7 +40,7 @@ void CheckInViewModel::submit(const LocatedSnapshot &snapshot)
     }
     if (isSaved)
         m_notificationCenter.post(checkInDidSave);
-    // Order: at no moment of these is another save let in.
+    // Order: no other save may start between these lines.
     setHasCheckedInToday(true);
     if (!isSaved)
         return setSaveState(SaveState::idle());
@@ -95,11 +95,11 @@ bool CheckInViewModel::isStoredToday(const PlaceCandidate &candidate) const
 
 void CheckInViewModel::save(const LocatedSnapshot &snapshot)
 {
-    // Order: a password that cannot be kept leaves the store untouched.
+    // Order: if the password cannot be stored, the store stays untouched.
     if (!m_wifiPasswordDraft.isEmpty() && snapshot.ssid)
         m_keychainStore.savePassword(m_wifiPasswordDraft, *snapshot.ssid);
     const auto cafe = m_checkInRepository.findOrCreateCafe(*snapshot.selectedCafe);
-    // Deliberate: neither the password nor this is taken back when the visit cannot be stored.
+    // Deliberate: if the visit cannot be stored, the password and the café's network stay stored.
     if (snapshot.ssid && !snapshot.ssid->isEmpty())
         cafe->setLastKnownSSID(snapshot.ssid);
     fillVisit(snapshot, cafe);

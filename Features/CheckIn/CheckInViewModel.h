@@ -16,8 +16,8 @@
 
 namespace quorvel {
 
-/// The form of the check-in screen, and what becomes of it when the user saves: a stored visit, and
-/// word of it to whoever observes `checkInDidSave`. Signals tell of real changes only.
+/// The form of the check-in screen. Saving it stores a visit and posts `checkInDidSave`. Signals
+/// report real changes only.
 class CheckInViewModel final : public QObject
 {
     Q_OBJECT
@@ -32,17 +32,17 @@ public:
     static constexpr WorkRatings initialRatings{
         .wifiSpeed = 3, .outlets = 3, .noise = 3, .quietForCalls = 3};
 
-    /// All of these outlive the view model.
+    /// All of these must outlive the view model.
     CheckInViewModel(CheckInRepository &checkInRepository, KeychainStore &keychainStore,
                      const Clock &clock, NotificationCenter &notificationCenter,
                      QObject *parent = nullptr);
 
-    /// To be called whenever another café is on screen, or none.
+    /// Call it whenever another café, or none, is on screen.
     void refreshCheckedInTodayStatus(const std::optional<PlaceCandidate> &candidate);
 
-    /// Saves the visit. Refused in silence, as the screen says why, without a café, after today's
-    /// visit there, also when another process has stored it meanwhile, and while another save is
-    /// under way. The snapshot stays as it is until this returns.
+    /// Saves the visit. It does nothing without a café, if today's visit is already stored (also by
+    /// another process), or while another save runs; the screen says why. The snapshot must not
+    /// change until this returns.
     void submit(const LocatedSnapshot &snapshot);
 
     void setNote(const QString &note);
@@ -63,14 +63,14 @@ signals:
     void hasCheckedInTodayChanged();
 
 private:
-    /// False where today's visit there is stored already. Throws LocalizedError.
+    /// Returns false if today's visit at the café is already stored. Throws LocalizedError.
     [[nodiscard]] bool saveUnlessStored(const LocatedSnapshot &snapshot);
     [[nodiscard]] bool isStoredToday(const PlaceCandidate &candidate) const;
     /// Throws LocalizedError.
     void save(const LocatedSnapshot &snapshot);
     void fillVisit(const LocatedSnapshot &snapshot, const std::shared_ptr<Cafe> &cafe);
-    /// Whether today's visit there is the one that could not be stored, which the store counts all
-    /// the same: the user has to be let try again.
+    /// Whether today's visit is the one that could not be stored. The store counts it too, but the
+    /// user must be able to try again.
     [[nodiscard]] bool isUnstored(const PlaceCandidate &candidate) const;
     void clearForm();
     void setSaveState(const SaveState &state);
@@ -86,8 +86,8 @@ private:
     QString m_wifiPasswordDraft;
     SaveState m_saveState = SaveState::idle();
     bool m_hasCheckedInToday = false;
-    /// The visit until it is stored. A save that failed leaves it with the store, which takes it
-    /// along at the next one: so the next one is about this visit again, and stores no second.
+    /// The visit until it is stored. After a failed save the store keeps it for its next save. So
+    /// the next try saves this same visit, not a second one.
     std::shared_ptr<CheckIn> m_visit;
 };
 

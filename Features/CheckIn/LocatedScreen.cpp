@@ -53,7 +53,7 @@ void LocatedScreen::retry()
 
 void LocatedScreen::checkIn()
 {
-    // Lifetime: whoever hears that the save begins may have the screen show another place.
+    // Lifetime: a receiver of the signal may make the screen show another place.
     const auto pressed = m_located;
     m_checkIn.submit(*pressed.loadedValue());
 }

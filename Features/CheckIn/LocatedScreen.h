@@ -12,9 +12,9 @@
 
 namespace quorvel {
 
-/// The check-in screen as its view binds it: the place that the daily loop found, and the form for
-/// it. While the loop shows no place, the last one stays. Both view models serve the terminal, too,
-/// and know of no view.
+/// The check-in screen for its view: the place that the daily loop found, and the form. While the
+/// loop has no place, the last one stays. Both view models also serve the terminal and know no
+/// view.
 class LocatedScreen final : public QObject
 {
     Q_OBJECT
@@ -45,18 +45,18 @@ class LocatedScreen final : public QObject
                    isInUseChanged)
 
 public:
-    /// The view models, and what the Wi-Fi block works with, outlive the screen.
+    /// The view models and the Wi-Fi block's services must outlive the screen.
     LocatedScreen(MenuBarViewModel &menuBar, CheckInViewModel &checkIn, const Services &services,
                   Pasteboard &pasteboard, QObject *parent = nullptr);
 
-    /// To be called whenever the screen is shown, and hidden; the Wi-Fi block follows.
+    /// Call them whenever the screen is shown or hidden. The Wi-Fi block follows.
     Q_INVOKABLE void appear();
     Q_INVOKABLE void disappear();
-    /// By the picker's row. One that is gone meanwhile selects nothing.
+    /// By row of the picker. A row that no longer exists selects nothing.
     Q_INVOKABLE void selectCafe(int row);
     Q_INVOKABLE void retry();
     Q_INVOKABLE void checkIn();
-    /// Rows 0 to 3, scores 1 to 5; others change nothing.
+    /// Rows 0 to 3, scores 1 to 5. Other values change nothing.
     Q_INVOKABLE void setRating(int row, int score);
     void setNote(const QString &note) { m_checkIn.setNote(note); }
 
@@ -77,15 +77,15 @@ public:
     [[nodiscard]] QAbstractItemModel *ratings() { return &m_ratings; }
     [[nodiscard]] QString note() const { return m_checkIn.note(); }
     [[nodiscard]] WifiScanSection *wifi() { return &m_wifi; }
-    /// Why the last save failed; empty unless it did.
+    /// Why the last save failed; empty if it did not.
     [[nodiscard]] QString errorText() const;
-    /// What keeps the user from checking in; empty when nothing does.
+    /// Why the user cannot check in; empty if they can.
     [[nodiscard]] QString hintText() const;
     [[nodiscard]] QString buttonTitle() const { return button().title; }
     [[nodiscard]] QString buttonSymbol() const { return button().symbol; }
     [[nodiscard]] bool isButtonEnabled() const { return button().isEnabled; }
-    /// Whether the user is in the middle of something that a screen built anew would take from
-    /// them: choosing, typing, joining a network, or reading what a save has come to.
+    /// Whether a new screen would interrupt the user: they choose, type, join a network, or read
+    /// the result of a save.
     [[nodiscard]] bool isInUse() const;
     /// The part of it that the view knows.
     [[nodiscard]] bool isChoosingOrTyping() const { return m_isChoosingOrTyping; }
@@ -106,7 +106,7 @@ private:
     MenuBarViewModel &m_menuBar;
     CheckInViewModel &m_checkIn;
     WifiScanSection m_wifi;
-    /// What the loop last found, loaded also before it has found anything.
+    /// The loop's last result. It counts as loaded even before the first one.
     ViewState<LocatedSnapshot> m_located = ViewState<LocatedSnapshot>::loaded({});
     RecordListModel<CafeRow> m_candidates;
     RecordListModel<RatingRow> m_ratings;

@@ -4,33 +4,33 @@
 #include "Features/MenuBar/Loop/LocatedSnapshot.h"
 #include "Platform/Errors/LocalizedError.h"
 
-/// What the check-in screen says, from the state that it shows. Numbers are rounded to the nearest
-/// integer, halves away from zero.
+/// The texts of the check-in screen. Numbers are rounded to the nearest integer, halves away from
+/// zero.
 namespace quorvel::LocatedTexts {
 
-/// The café's name, or that there is none.
+/// The café's name, or a text that there is none.
 [[nodiscard]] QString title(const LocatedSnapshot &snapshot);
-/// How far the café is, or what to do when there is none.
+/// The café's distance, or a hint if there is none.
 [[nodiscard]] QString subtitle(const LocatedSnapshot &snapshot);
-/// The button beside them: another café, or another try.
+/// The button beside them: change the café, or try again.
 [[nodiscard]] QString headerAction(const LocatedSnapshot &snapshot);
 
-/// Whose map the café is on, and whose weather it is; empty where there is none. Both ask to be
-/// named.
+/// The sources of the map and weather data; empty without a café or weather. Both licences ask for
+/// their names.
 [[nodiscard]] QString mapCredit(const LocatedSnapshot &snapshot);
 [[nodiscard]] QString weatherCredit(const LocatedSnapshot &snapshot);
 
-/// "23°", or that there is no weather.
+/// "23°", or a text that there is no weather.
 [[nodiscard]] QString temperature(const LocatedSnapshot &snapshot);
 /// "Feels 25°"; empty without weather.
 [[nodiscard]] QString feels(const LocatedSnapshot &snapshot);
 
-/// "42m", as the picker's rows say it.
+/// "42m", for the rows of the picker.
 [[nodiscard]] QString distance(const PlaceCandidate &candidate);
 
 /// Why the last save failed; empty without an error.
 [[nodiscard]] QString saveError(const LocalizedError *error);
-/// What keeps the user from checking in; empty when nothing does.
+/// Why the user cannot check in; empty if they can.
 [[nodiscard]] QString note(const LocatedSnapshot &snapshot, bool hasCheckedInToday);
 
 /// The primary button.

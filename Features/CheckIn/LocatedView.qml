@@ -4,8 +4,8 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// The visit: where, in which weather, how it is, on which Wi-Fi; and the button that keeps it. What
-// is long scrolls, the button stays.
+// The visit: café, weather, scores, note and Wi-Fi, and the button that saves it. Long content
+// scrolls; the button stays.
 FocusScope {
     id: root
 
@@ -39,7 +39,7 @@ FocusScope {
             height: root.height
             width: root.width
 
-            // The button that opened it keeps the focus otherwise, out of sight.
+            // Otherwise the hidden button that opened it keeps the focus.
             Component.onCompleted: forceActiveFocus()
             onCancelled: root.showingPicker = false
             onSelected: row => {

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Before the first visit.
+// Shown before the first visit.
 Column {
     id: root
 

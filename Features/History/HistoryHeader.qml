@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What the window shows, the week in a line, and the way back to the panel.
+// The window's title, a summary of the week, and the button back to the panel.
 Rectangle {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// All visits, the newest first, under the week that they add up to.
+// The header with the week's summary, and all visits, newest first.
 FocusScope {
     id: root
 

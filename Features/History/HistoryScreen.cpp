@@ -81,7 +81,7 @@ std::shared_ptr<CheckIn> HistoryScreen::selected() const
 void HistoryScreen::follow()
 {
     const auto &state = m_viewModel->state();
-    // The rows outlast a load, so that the list is where it was when it comes back.
+    // The rows stay during a load, so that the list keeps its position.
     if (!state.isLoading()) {
         const auto *sections = state.loadedValue();
         m_rows.setSections(sections ? *sections : HistoryViewModel::Sections(),
@@ -102,7 +102,7 @@ void HistoryScreen::select(std::shared_ptr<CheckIn> visit)
     emit selectedChanged();
     if (m_visit)
         m_visit->load();
-    // Lifetime: its view goes in the next turn of the event loop, and reads it until then.
+    // Lifetime: its view is destroyed in the next turn of the event loop, and reads it until then.
     if (previous)
         previous.release()->deleteLater();
 }

@@ -15,8 +15,8 @@
 
 namespace quorvel {
 
-/// The history as its view binds it: what fills the window, the week in a line, and which visit is
-/// open. The view model serves the terminal, too, and knows of no view.
+/// The history for its view: the content of the window, the week's summary, and the open visit. The
+/// view model also serves the terminal and knows no view.
 class HistoryScreen final : public QObject
 {
     Q_OBJECT
@@ -31,33 +31,35 @@ class HistoryScreen final : public QObject
     Q_PROPERTY(QVariantList openVisits READ openVisits NOTIFY selectedChanged)
 
 public:
-    /// Nothing is there without a store to read.
+    /// There is no store to read.
     enum class Kind { Nothing, Waiting, Failed, Empty, List };
     Q_ENUM(Kind)
 
-    /// The repository is null when the store could not be opened. All of these outlive the screen.
+    /// The repository is null if the store could not be opened. All of these must outlive the
+    /// screen.
     HistoryScreen(CheckInRepository *checkInRepository, const Facilities &facilities,
                   Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent = nullptr);
 
-    /// To be called whenever the window is shown: each time loads again.
+    /// Call it whenever the window is shown. Each call loads again.
     Q_INVOKABLE void appear();
-    /// By the list's row. A header opens nothing, nor does a row that is gone meanwhile.
+    /// By row of the list. A header or a row that no longer exists opens nothing.
     Q_INVOKABLE void openVisit(int row);
     Q_INVOKABLE void closeVisit();
-    /// Which row is next for who goes through the visits; -1 when there is none.
+    /// The next row in this direction that has a visit; -1 if there is none.
     [[nodiscard]] Q_INVOKABLE int visitBelow(int row) const { return m_rows.visitBelow(row); }
     [[nodiscard]] Q_INVOKABLE int visitAbove(int row) const { return m_rows.visitAbove(row); }
 
     [[nodiscard]] Kind kind() const;
-    /// Empty before the first showing, and without a store.
+    /// Empty before the first load, and without a store.
     [[nodiscard]] const QString &summaryText() const { return m_summaryText; }
     /// Why there is no list; empty unless the load failed.
     [[nodiscard]] QString errorText() const;
     [[nodiscard]] QAbstractItemModel *rows() { return &m_rows; }
-    /// Of the rows' scores, in their order.
+    /// The labels of the rows' scores, in their order.
     [[nodiscard]] static QStringList ratingLabels();
     [[nodiscard]] bool isVisitOpen() const { return m_visit != nullptr; }
-    /// The VisitDetail of the open one, or none: a list, because each has a view of its own.
+    /// The VisitDetail of the open visit, or no element. A list, because each visit gets its own
+    /// view.
     [[nodiscard]] QVariantList openVisits() const;
     /// Null while the list is shown.
     [[nodiscard]] VisitDetail *openVisit() const { return m_visit.get(); }
@@ -77,7 +79,7 @@ private:
     Pasteboard &m_pasteboard;
     CardRenderer m_renderCard;
 
-    /// Absent before the first showing, and without a store.
+    /// Absent before the first load, and without a store.
     std::optional<HistoryViewModel> m_viewModel;
     HistoryListModel m_rows;
     QString m_summaryText;

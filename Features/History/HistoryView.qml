@@ -3,8 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.History
 
-// The visits, or the one that is open in their place. Behind it they stay as they are, with the
-// focus where it was.
+// The list of visits, or the open visit in its place. Behind an open visit the list keeps its
+// position and its focus.
 FocusScope {
     id: root
 
@@ -38,7 +38,7 @@ FocusScope {
             anchors.fill: root
             detail: modelData
 
-            // Once it is there: the list would keep the focus otherwise.
+            // After it is created; otherwise the list would keep the focus.
             Component.onCompleted: visit.focus = true
             onBackRequested: root.screen.closeVisit()
         }

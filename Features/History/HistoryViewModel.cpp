@@ -25,7 +25,7 @@ void HistoryViewModel::load()
     try {
         setState(State::loaded(sections()));
     } catch (const LocalizedError &error) {
-        // Deliberate: a store that fails reads as a network error, as it does at a check-in.
+        // Deliberate: a failed store reads as a network error, as at a check-in.
         setState(State::error(AppError::network(error.errorDescription())));
     }
 }
@@ -51,7 +51,7 @@ HistoryViewModel::WeeklySummary HistoryViewModel::weeklySummary() const
     return summary;
 }
 
-/// In a turn of its own: whoever saved goes on first, and a load under way is ended first.
+/// In its own turn: the caller that saved continues first, and a running load ends first.
 void HistoryViewModel::loadLater()
 {
     QMetaObject::invokeMethod(this, &HistoryViewModel::load, Qt::QueuedConnection);

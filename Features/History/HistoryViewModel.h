@@ -12,8 +12,8 @@
 
 namespace quorvel {
 
-/// What the history lists: all visits in sections, loaded when asked and again after every check-in
-/// that is saved elsewhere. It changes nothing. The signal tells of real changes only.
+/// The content of the history: all visits in sections, loaded on request and after every check-in.
+/// It changes nothing. Its signal reports real changes only.
 class HistoryViewModel final : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     using Sections = std::vector<HistorySection>;
     using State = ViewState<Sections>;
 
-    /// How much of the history is in the user's current week.
+    /// A summary of the visits in the user's current week.
     struct WeeklySummary
     {
         int visits = 0;
@@ -31,15 +31,15 @@ public:
         friend bool operator==(const WeeklySummary &, const WeeklySummary &) = default;
     };
 
-    /// All of these outlive the view model.
+    /// All of these must outlive the view model.
     HistoryViewModel(CheckInRepository &repository, const Clock &clock,
                      NotificationCenter &notificationCenter, QObject *parent = nullptr);
 
-    /// Reads every visit anew, before it returns. A failure takes the place of what was there.
+    /// Reads all visits again before it returns. A failure replaces the old result.
     void load();
 
     [[nodiscard]] const State &state() const { return m_state; }
-    /// Counted now; nothing unless loaded.
+    /// Counts at the time of the call; nothing unless loaded.
     [[nodiscard]] WeeklySummary weeklySummary() const;
 
 signals:

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// The window of all visits. Each showing reads them anew.
+// The window of all visits. It reads them again whenever it is shown.
 Window {
     id: root
 
@@ -18,7 +18,7 @@ Window {
     title: "Check-ins — Quorvel"
     width: 600
 
-    // What was open is not kept: a card may hold the way into somebody's Wi-Fi.
+    // An open visit is closed: its card may hold a Wi-Fi password.
     onVisibleChanged: root.visible ? root.screen.appear() : root.screen.closeVisit()
 
     HistoryView {

@@ -3,15 +3,15 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Where the user sits, and how to say that it is another place.
+// The user's café, and the button to change it.
 Item {
     id: root
 
     required property bool hasCafe
     required property string title
-    // How far away it is, or what to do where there is none.
+    // The distance, or a hint if there is no café.
     required property string subtitle
-    // Whose map it is on.
+    // The source of the map data.
     required property string credit
     // "Change" or "Retry"
     required property string action

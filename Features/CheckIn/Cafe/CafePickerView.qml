@@ -4,12 +4,12 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// The cafés nearby, for when the nearest is not the one.
+// The cafés nearby, to choose another one than the nearest.
 FocusScope {
     id: root
 
     required property QtObject candidates
-    // Whose map they are on.
+    // The source of the map data.
     required property string credit
 
     readonly property real margin: 16
@@ -66,7 +66,7 @@ FocusScope {
             id: rows
 
             bottomPadding: 12
-            // Room for the ring around the first row.
+            // Room for the focus ring around the first row.
             topPadding: 4
             width: list.width - 2 * root.margin
             x: root.margin

@@ -3,17 +3,18 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The weather outside the café. As high without weather as with it, so that nothing below it moves.
+// The weather at the café. The card keeps its height without weather, so that nothing below it
+// moves.
 Card {
     id: root
 
     required property bool hasWeather
     required property int code
     required property bool isDay
-    // Or that there is no weather.
+    // The temperature, or a text that there is no weather.
     required property string temperature
     required property string feels
-    // Whose weather it is.
+    // The source of the weather data.
     required property string credit
 
     implicitHeight: 60

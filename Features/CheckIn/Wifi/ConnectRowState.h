@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// The field for the password of the open row's network, as its view shows it.
+/// The field for the open row's password, as its view shows it.
 struct ConnectRowState
 {
     Q_GADGET

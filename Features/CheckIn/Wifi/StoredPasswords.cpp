@@ -33,8 +33,8 @@ std::optional<QString> StoredPasswords::read(const QString &ssid)
         m_isSaved.insert(ssid, password.has_value());
         return password;
     } catch (const KeychainError &error) {
-        // Silent: what cannot be read is not shown. An item that is no text says nothing about the
-        // others.
+        // Silent: an unreadable password is not shown. An item that is not text says nothing about
+        // the others.
         m_isSaved.insert(ssid, false);
         m_hasFailed = error.kind() == KeychainError::Case::UnhandledStatus;
         return std::nullopt;

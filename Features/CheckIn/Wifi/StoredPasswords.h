@@ -9,23 +9,22 @@
 
 namespace quorvel {
 
-/// Which of the networks nearby have their password in our keychain, for the Wi-Fi block. It asks
-/// the keychain once a network, however often the rows are painted: one that is locked may ask the
-/// user, and one that hangs keeps the screen waiting.
+/// Knows which of the networks nearby have a password in our keychain, for the Wi-Fi block. It asks
+/// the keychain once per network, however often the rows are painted: a locked keychain may ask the
+/// user, and a hung one blocks the screen.
 class StoredPasswords final
 {
 public:
-    /// The store outlives this.
+    /// The store must outlive this.
     explicit StoredPasswords(KeychainStore &keychainStore);
 
-    /// Asks about those that were not asked about yet. After a keychain that failed the rest counts
-    /// as not saved.
+    /// Asks about new networks. After a failure of the keychain, the rest count as not saved.
     void learn(const QStringList &ssids);
-    /// What was learned no longer counts.
+    /// Forgets all answers.
     void forget();
 
     [[nodiscard]] bool isSaved(const QString &ssid) const { return m_isSaved.value(ssid); }
-    /// Asks the keychain; nothing, too, when it fails.
+    /// Asks the keychain. Returns nothing also on failure.
     [[nodiscard]] std::optional<QString> read(const QString &ssid);
     /// Throws KeychainError.
     void save(const QString &password, const QString &ssid);

@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// The password that is stored for the open row's network, as its view shows it.
+/// The stored password of the open row's network, as its view shows it.
 struct StoredRowState
 {
     Q_GADGET

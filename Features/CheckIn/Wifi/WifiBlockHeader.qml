@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What the block is, and how far it has got.
+// The title of the block, and the progress of the scan.
 Item {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// The Wi-Fi block: the networks nearby, and what to do with the password of one.
+// The Wi-Fi block: the networks nearby, and the password of one of them.
 Column {
     id: root
 

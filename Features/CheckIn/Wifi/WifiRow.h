@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// One network in the Wi-Fi block, as its row shows it.
+/// One network of the Wi-Fi block, as its row shows it.
 struct WifiRow
 {
     Q_GADGET

@@ -27,7 +27,7 @@ Task<bool> hasJoined(WifiService *service, QString ssid, QString password)
         co_await service->connect(ssid, password);
         co_return true;
     } catch (const AppError &) {
-        // The section has a sentence of its own for it.
+        // The section has its own sentence for it.
     }
     co_return false;
 }
@@ -82,7 +82,7 @@ void WifiScanSection::didJoin(const QString &ssid, const QString &password)
     try {
         m_storedPasswords.save(password, ssid);
     } catch (const KeychainError &) {
-        // Silent: the machine is on the network, which is what was asked for.
+        // Silent: the machine is on the network, as the user wanted.
     }
     publish();
     didStore();
@@ -98,7 +98,7 @@ void WifiScanSection::didNotJoin(const QString &ssid)
 
 void WifiScanSection::didStore()
 {
-    // After a join the machine is on another network than before.
+    // After a join the machine is on another network.
     setCurrentNetwork(m_inputs.wifiService.currentSSID(), m_inputs.wifiService.currentSignal());
     if (m_inputs.onConnected)
         m_inputs.onConnected();

@@ -16,10 +16,10 @@ namespace {
 
 constexpr qsizetype shortestPassword = 8;
 
-/// For a network that the machine is joined to, but that neither the scan nor the radio weighed.
+/// The strength of a joined network that neither the scan nor the radio reports.
 constexpr qint64 assumedRssiDBm = -60;
 
-/// As people count, in characters.
+/// In characters, as people count them.
 qsizetype length(const QString &text)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
@@ -220,7 +220,7 @@ void WifiScanSection::updateNetworks()
     closeRowThatIsGone();
 }
 
-/// What was typed for a network is not meant for another one.
+/// A text that was typed for one network is not meant for another.
 void WifiScanSection::closeRowThatIsGone()
 {
     if (m_expanded && m_expanded != otherKey && !names(m_networks).contains(*m_expanded))
@@ -271,13 +271,13 @@ bool WifiScanSection::isTargetManual() const
     return m_expanded == otherKey || m_scanState == ScanState::Unavailable;
 }
 
-/// The network that the password field is for; empty when there is none.
+/// The network of the password field; empty without one.
 QString WifiScanSection::targetSSID() const
 {
     return isTargetManual() ? m_manualSSIDDraft : m_expanded.value_or(QString());
 }
 
-/// Whether that network has to be joined for its password to prove right.
+/// Whether only a join shows that its password is right.
 bool WifiScanSection::targetRequiresConnect() const
 {
     return isTargetManual() || m_expanded != m_currentSSID;

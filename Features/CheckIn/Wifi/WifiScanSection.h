@@ -42,37 +42,37 @@ public:
     enum class ScanState { Scanning, Loaded, Unavailable };
     Q_ENUM(ScanState)
 
-    /// What the section works with. The services outlive it.
+    /// What the section works with. The services must outlive it.
     struct Inputs
     {
         KeychainStore &keychainStore;
         SystemWifiPasswordReader &systemPasswordReader;
         WifiService &wifiService;
         Pasteboard &pasteboard;
-        /// Run after a password was stored.
+        /// Called after a password was stored.
         std::function<void()> onConnected = {};
         std::chrono::milliseconds copiedInterval = std::chrono::seconds(2);
     };
 
-    /// Stands for the row "Other network…" where a network's name would.
+    /// The key of the row "Other network…", in place of a network's name.
     static constexpr QLatin1StringView otherKey{"__other__"};
 
     explicit WifiScanSection(Inputs inputs, QObject *parent = nullptr);
 
-    /// The network that the machine is joined to, and its strength.
+    /// The network that the machine is on, and its strength.
     void setCurrentNetwork(std::optional<QString> ssid, std::optional<WifiSignal> signal);
-    /// Shown: listens anew.
+    /// The block is shown: scans again.
     void appear();
-    /// Hidden: what is still heard is passed over, and no password stays in clear.
+    /// The block is hidden: ignores a running scan, and hides every password.
     void disappear();
 
-    /// Opens the row or closes it, and forgets what was typed and shown in the row before.
+    /// Opens or closes the row, and forgets what was typed and shown in the last one.
     Q_INVOKABLE void toggle(const QString &ssid);
     Q_INVOKABLE void toggleOther() { toggle(otherKey); }
-    /// `connectTo` or `saveOnly`, whichever the open row's network takes.
+    /// `connectTo` or `saveOnly`, whichever fits the open row's network.
     Q_INVOKABLE void submit();
     void saveOnly(const QString &ssid);
-    /// One join at a time. It goes on when its row is closed, but says nothing in another one.
+    /// One join at a time. It continues after its row is closed, but shows nothing in another row.
     void connectTo(const QString &ssid);
     Q_INVOKABLE void fillFromSystem(const QString &ssid);
     Q_INVOKABLE void toggleRevealConnectPassword();
@@ -90,7 +90,7 @@ public:
     [[nodiscard]] const QString &manualSSIDDraft() const { return m_manualSSIDDraft; }
     [[nodiscard]] ConnectRowState connectRow() const;
     [[nodiscard]] StoredRowState storedRow() const;
-    /// Whether any network is being joined, if only behind a row that was closed meanwhile.
+    /// Whether any network is being joined, even one whose row is closed.
     [[nodiscard]] bool connecting() const { return m_connectingSSID.has_value(); }
     [[nodiscard]] bool autofillAttempted() const { return m_autofillAttempted; }
 

@@ -42,7 +42,7 @@ QString revealTitle(bool isRevealed)
 
 QString stored(const std::optional<QString> &revealed)
 {
-    // Deliberate: as many bullets for every password, so that its length stays unknown.
+    // Deliberate: the same number of bullets for every password, so that its length stays unknown.
     return revealed.value_or(u"••••••••••"_s);
 }
 

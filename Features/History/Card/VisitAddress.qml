@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The address, and the coordinates under it. Either may be empty.
+// The address with the coordinates below it. Either may be empty.
 Card {
     id: root
 

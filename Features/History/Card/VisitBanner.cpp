@@ -24,7 +24,7 @@ QBrush bannerGradient(const QRectF &area)
     return gradient;
 }
 
-/// As large as covers the area, its middle in the middle.
+/// Scaled to cover the area, and centred.
 QBrush covering(const QImage &photo, const QRectF &area)
 {
     const double scale = std::max(area.width() / photo.width(), area.height() / photo.height());

@@ -12,8 +12,8 @@ class QPainterPath;
 
 namespace quorvel {
 
-/// The upper end of a visit's card: the photo, filling it, or the gradient where there is none. It
-/// is as wide as the card, and its upper corners are those of the card.
+/// The top of a visit's card: the photo, or a gradient without one. It is as wide as the card and
+/// shares its upper corners.
 class VisitBanner : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// Whose photo it is. Set once; may go before this.
+    /// The visit whose photo it shows. Set once. The visit may be destroyed before this.
     [[nodiscard]] VisitDetail *detail() const { return m_detail; }
     void setDetail(VisitDetail *detail);
     [[nodiscard]] qreal cornerRadius() const { return m_cornerRadius; }

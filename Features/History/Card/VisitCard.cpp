@@ -12,7 +12,7 @@ namespace {
 
 constexpr int coordinateDecimals = 4;
 
-/// The letter is the number's own, however it is rounded: a little below zero is in the south.
+/// The letter follows the number before rounding: slightly below zero is south.
 QString degrees(double value, QChar positive, QChar negative)
 {
     return QString::number(std::abs(value), 'f', coordinateDecimals) + u'°' +

@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// A visit in the words of its card, on screen and shared. What the visit does not have is empty.
+/// The texts of a visit's card, on screen and shared. A missing value is an empty text.
 struct VisitCard
 {
     Q_GADGET

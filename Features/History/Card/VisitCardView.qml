@@ -4,8 +4,8 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// A visit on a card: what the window shows, and what is shared. It has one width, so that both are
-// the same. The shadow is thrown around it, and takes no room.
+// A visit's card, in the window and in the shared picture. Its width is fixed, so that both are the
+// same. Its shadow takes no room in the layout.
 Item {
     id: root
 
@@ -26,7 +26,7 @@ Item {
         cornerRadius: root.cornerRadius
     }
 
-    // From under the banner, whose corners it would fringe.
+    // It starts under the banner: beside the banner's round corners it would show as a fringe.
     Rectangle {
         anchors.fill: parent
         anchors.topMargin: banner.height / 2

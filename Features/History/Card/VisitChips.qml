@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// What lies on the banner: the weather, and that somebody was there.
+// The chips on the banner: the weather, and the check-in mark.
 Item {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// Where it was, and when.
+// The café and the time.
 Column {
     id: root
 

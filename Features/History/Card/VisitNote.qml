@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// What the user noted.
+// The user's note.
 Rectangle {
     id: root
 

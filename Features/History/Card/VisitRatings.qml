@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The four scores, two beside each other.
+// The four scores in two columns.
 Column {
     id: root
 

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// The code that joins the café's Wi-Fi, and which network that is.
+// The code that joins the café's Wi-Fi, and the name of the network.
 Card {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// A score to read: five stars, as many of them lit. For assistive tools they are one element.
+// Shows a score: five stars, `value` of them lit. Assistive tools see one element.
 Row {
     id: root
 

@@ -13,7 +13,7 @@ namespace {
 constexpr double largestSide = 128;
 constexpr double stepsOfPoint = 2;
 
-/// Of a code with that many modules along its side.
+/// The side of a code with this many modules.
 double sideOf(double modules)
 {
     const double steps = std::floor(stepsOfPoint * largestSide / modules);
@@ -26,7 +26,7 @@ void WifiQRCode::paint(QPainter *painter)
 {
     if (!m_detail || !m_detail->hasWifiQR())
         return;
-    // Blurred a little where a module is no whole number of pixels, and every module as large.
+    // If a module is not a whole number of pixels, slight blur keeps all modules the same size.
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawImage(boundingRect(), m_detail->wifiQRImage());
 }

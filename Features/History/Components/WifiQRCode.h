@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// The code that joins a visit's Wi-Fi, about as large as a camera likes it, and of no size while
-/// there is none. Its modules are half or whole points, so that they are sharp in a shared picture.
+/// The code that joins a visit's Wi-Fi, in a size that cameras read well; no size without a code.
+/// Its modules are half or whole points, so that a shared picture is sharp.
 class WifiQRCode : public QQuickPaintedItem
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-    /// Whose code it is. Set once; may go before this.
+    /// The visit whose code it shows. Set once. The visit may be destroyed before this.
     [[nodiscard]] VisitDetail *detail() const { return m_detail; }
     void setDetail(VisitDetail *detail);
 

@@ -11,7 +11,8 @@ namespace quorvel::HistoryGrouping {
 
 namespace {
 
-/// Titles for visits that mostly follow each other within a day: a day is looked up and named once.
+/// Makes the titles of visits that are mostly from the same day: each day is computed and named
+/// once.
 class DayTitles final
 {
 public:

@@ -8,11 +8,11 @@
 #include <memory>
 #include <vector>
 
-/// Cuts a list of visits into the sections of the history.
+/// Divides a list of visits into the sections of the history.
 namespace quorvel::HistoryGrouping {
 
-/// Keeps the order of the visits, and begins a section wherever the title changes: visits that come
-/// newest first yield each day once. Titles carry no year.
+/// Keeps the order of the visits, and starts a section where the title changes. Visits sorted
+/// newest first give each day once. Titles have no year.
 [[nodiscard]] std::vector<HistorySection> group(std::vector<std::shared_ptr<CheckIn>> checkIns,
                                                 Instant now, const Calendar &calendar,
                                                 const QLocale &locale);

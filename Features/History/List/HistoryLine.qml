@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.History
 
-// One line of the list: a day, or a visit. A day has no visit's data, and so no row.
+// One line of the list: a day or a visit. Only a visit has a row.
 FocusScope {
     id: root
 

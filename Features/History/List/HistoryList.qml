@@ -5,13 +5,12 @@ import QtQuick.Controls.Basic
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// The visits under their days, to be gone through with the arrow keys. Rows are made as they come
-// into sight.
+// The visits under their days, with keyboard navigation. Rows are created when they become visible.
 ListView {
     id: root
 
     required property HistoryScreen screen
-    // At the right, for the bar.
+    // On the right, for the scroll bar.
     readonly property real margin: 12
 
     function goTo(row: int) {
@@ -19,7 +18,7 @@ ListView {
             return;
         root.currentIndex = row;
         root.positionViewAtIndex(row, ListView.Contain);
-        // With a day's first visit comes the day.
+        // A day's first visit brings the day's header into view.
         if (root.screen.visitAbove(row) < row - 1)
             root.positionViewAtIndex(row - 1, ListView.Contain);
     }
@@ -57,7 +56,7 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     clip: true
     currentIndex: -1
-    // A click leaves the list where it is.
+    // A click does not scroll the list.
     highlightFollowsCurrentItem: false
     model: root.screen.rows
 

@@ -16,14 +16,14 @@
 namespace quorvel {
 
 /// The sections of the history as one flat list for a view: each header, then its visits. Texts are
-/// made when a view asks for them. Setting other sections changes the rows between what both begin
-/// and end with, so that a list that is read stays where it is when a visit comes on top.
+/// made when a view asks for them. New sections change only the rows between the common start and
+/// the common end, so that the list keeps its position when a visit is added on top.
 class HistoryListModel final : public QAbstractListModel
 {
     Q_OBJECT
 
 public:
-    /// A header has its title alone.
+    /// A header has only its title.
     enum Role {
         IsHeaderRole = Qt::UserRole,
         TitleRole, ///< the section's, or the café's name
@@ -37,12 +37,12 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// The calendar and the locale are those of the texts from now on.
+    /// The calendar and the locale of all later texts.
     void setSections(const std::vector<HistorySection> &sections, const Calendar &calendar,
                      const QLocale &locale);
-    /// Null for a header, and for a row that is not there.
+    /// Null for a header and for a row that does not exist.
     [[nodiscard]] std::shared_ptr<CheckIn> visit(int row) const;
-    /// The next row that has a visit, from one that need not be there itself; -1 at the end.
+    /// The next row with a visit after `row`, which need not exist; -1 at the end.
     [[nodiscard]] int visitBelow(int row) const;
     [[nodiscard]] int visitAbove(int row) const;
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// One visit: where and when, what was noted, how it was scored. The whole row opens it.
+// One visit: café, time, note and scores. A press anywhere in the row opens it.
 Pressable {
     id: root
 
@@ -17,7 +17,7 @@ Pressable {
     required property list<int> scores
 
     Accessible.description: root.note === "" ? root.moment : root.moment + ", " + root.note
-    // The list goes from row to row by itself.
+    // The list handles the arrow keys.
     activeFocusOnTab: false
     cornerRadius: 8
     focusGap: -2

@@ -9,13 +9,13 @@
 
 namespace quorvel {
 
-/// The visits of one day under its title. Visits are equal only as the same stored one.
+/// The visits of one day with its title. Visits are equal only if they are the same stored object.
 struct HistorySection
 {
     QString title = {}; ///< in capitals: "TODAY", "YESTERDAY" or a date such as "MON, MAR 3"
     std::vector<std::shared_ptr<CheckIn>> checkIns = {};
 
-    /// Of two sections of the same title it is the same.
+    /// Sections with the same title have the same identity.
     [[nodiscard]] const QString &id() const { return title; }
 
     friend bool operator==(const HistorySection &, const HistorySection &) = default;

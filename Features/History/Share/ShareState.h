@@ -4,13 +4,13 @@
 
 namespace quorvel {
 
-/// How far the sharing of a visit has come, and what the Share button says then.
+/// The progress of sharing a visit, and the Share button's text for it.
 enum class ShareState { Idle, Working, Copied, Saved };
 
 namespace ShareTexts {
 
 [[nodiscard]] QString label(ShareState state);
-/// Empty while working: a spinner turns in its place.
+/// Empty while working, when a progress indicator replaces it.
 [[nodiscard]] QString symbol(ShareState state);
 
 } // namespace ShareTexts

@@ -44,7 +44,8 @@ Task<> VisitShare::run(QPointer<VisitShare> self, QString slug)
         self->setState(ShareState::Idle);
         co_return;
     }
-    // Order: what was there is gone even when the picture does not take its place.
+    // Order: clear the pasteboard first, so that the old content is gone even if the picture is
+    // refused.
     pasteboard->clearContents();
     Pending<Acceptance> pending;
     pasteboard->setImage(picture.image, picture.secrecy, pending.completion());

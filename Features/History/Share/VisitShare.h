@@ -15,8 +15,8 @@
 
 namespace quorvel {
 
-/// What the Share button of an open visit does: the card becomes a picture on the clipboard, or,
-/// only when that is refused, in the Downloads folder. Whatever fails ends in silence.
+/// The action of an open visit's Share button: the card goes to the clipboard as a picture or, if
+/// that is refused, into the Downloads folder. Failures are silent.
 class VisitShare final : public QObject
 {
     Q_OBJECT
@@ -27,15 +27,15 @@ class VisitShare final : public QObject
     Q_PROPERTY(bool isSharing READ isSharing NOTIFY stateChanged)
 
 public:
-    /// The card, null when it cannot be drawn, and whether a password can be read from it.
+    /// The card, null if it cannot be drawn, and whether it shows a password.
     struct Picture
     {
         QImage image;
         Secrecy secrecy;
     };
 
-    /// Where the visit comes from. Each is called once a share: the slug at the press, the other in
-    /// a turn of its own, so that the button answers first.
+    /// The sources of the visit's data. Each is called once per share: the slug at the press, the
+    /// card in a later turn, so that the button reacts first.
     struct Source
     {
         std::function<QString()> slug;
@@ -44,12 +44,12 @@ public:
 
     static constexpr std::chrono::milliseconds tellingInterval{2200};
 
-    /// The pasteboard and the files outlive this, and whatever it started.
+    /// The pasteboard and the files must outlive this and everything that it started.
     VisitShare(Source source, Pasteboard &pasteboard, const FileManager &files,
                std::chrono::milliseconds telling = tellingInterval, QObject *parent = nullptr);
 
-    /// Ignored while another one is under way, and while its outcome is told. It goes on to its end
-    /// when this is destroyed, once there is a picture.
+    /// Ignored while a share runs and while its result is shown. Once there is a picture, it
+    /// finishes even if this is destroyed.
     Q_INVOKABLE void shareCard();
 
     [[nodiscard]] ShareState state() const { return m_state; }

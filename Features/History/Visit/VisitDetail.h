@@ -15,11 +15,11 @@ namespace quorvel {
 
 class VisitDetail;
 
-/// Draws the card of an open visit as it is shown; null when it cannot.
+/// Draws the open visit's card as it is shown; null if that fails.
 using CardRenderer = std::function<QImage(VisitDetail &)>;
 
-/// A visit that is open, for its view: the card in words, which is there at once, and its pictures,
-/// which come when they are loaded. Of the Wi-Fi's password it has nothing but the code.
+/// An open visit, for its view: the texts of the card at once, its pictures when they are loaded.
+/// It never holds the Wi-Fi password, only the code.
 class VisitDetail final : public QObject
 {
     Q_OBJECT
@@ -30,11 +30,12 @@ class VisitDetail final : public QObject
     Q_PROPERTY(quorvel::VisitShare *share READ share CONSTANT)
 
 public:
-    /// The facilities and the pasteboard outlive the visit's view model.
+    /// The facilities and the pasteboard must outlive this.
     VisitDetail(std::shared_ptr<CheckIn> checkIn, const Facilities &facilities,
                 Pasteboard &pasteboard, CardRenderer renderCard, QObject *parent = nullptr);
 
-    /// Once, when the visit is shown. Answers that come after this is gone go nowhere.
+    /// Call it once, when the visit is shown. Answers that arrive after this is destroyed are
+    /// dropped.
     void load();
 
     [[nodiscard]] const std::shared_ptr<CheckIn> &checkIn() const { return m_checkIn; }

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// The way back to the list, and the button that shares the card.
+// The button back to the list, and the Share button.
 Rectangle {
     id: root
 

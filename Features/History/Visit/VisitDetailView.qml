@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.History
 
-// An open visit: its card, under the way back. The arrow keys scroll it from wherever the focus is.
+// An open visit: its header and its card. The arrow keys scroll, wherever the focus is.
 FocusScope {
     id: root
 
@@ -12,7 +12,7 @@ FocusScope {
 
     signal backRequested
 
-    // It has the focus when it opens, and a screen reader says what that is.
+    // It gets the focus when it opens, so that a screen reader names it.
     Accessible.focusable: true
     Accessible.name: root.detail.card.title
     Accessible.role: Accessible.Pane

@@ -15,10 +15,10 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr qint64 largestFileBytes = 64LL * 1024 * 1024;
-/// A progressive JPEG is in memory whole while it is read, three bytes to the pixel.
+/// A progressive JPEG is in memory as a whole while it is read, with three bytes per pixel.
 constexpr qint64 largestPixels = 128'000'000;
 
-/// What photos come in. A drawing is a program that may read other files, and is no photo.
+/// The formats of photos. A drawing can read other files, so it is not a photo.
 bool isPhotoFormat(const QByteArray &format)
 {
     static const QList<QByteArray> formats{"avif", "bmp", "gif", "heic", "heif", "jpeg",
@@ -26,7 +26,7 @@ bool isPhotoFormat(const QByteArray &format)
     return formats.contains(format);
 }
 
-/// A pipe would keep whoever reads it waiting.
+/// A pipe would block its reader.
 bool isPhotoFile(const QFileInfo &file)
 {
     return file.isFile() && !file.isSymLink() && file.size() <= largestFileBytes;
@@ -37,7 +37,7 @@ bool isPhotoSize(QSize size)
     return !size.isEmpty() && qint64(size.width()) * size.height() <= largestPixels;
 }
 
-/// The size to read in; invalid for the photo's own, as nothing is enlarged.
+/// The size to read; invalid for the photo's own size, since nothing is enlarged.
 QSize reducedSize(QSize photo, QSize area)
 {
     const QSize covering = photo.scaled(area.expandedTo({1, 1}), Qt::KeepAspectRatioByExpanding);

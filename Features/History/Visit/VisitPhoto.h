@@ -8,13 +8,13 @@
 
 #include <optional>
 
-/// The photo that a visit's card shows on its banner.
+/// Reads the photo of a visit's banner.
 namespace quorvel::VisitPhoto {
 
-/// Reads the visit's photo on another thread: upright, in the colours of the screen, and no larger
-/// than it takes to cover the area in pixels. Nothing without a name, or when there is no photo of
-/// that name in the store's folder itself: a path or a link that leads elsewhere is none, nor is
-/// what no camera or editor would have left there.
+/// Reads the visit's photo on another thread: upright, in the colours of the screen, and just large
+/// enough to cover the area in pixels. Nothing without a name, or if the store's folder has no
+/// photo of that name. A path, a link to elsewhere, or a file that no camera or editor writes does
+/// not count.
 [[nodiscard]] Task<std::optional<QImage>> load(const CheckInPhotoStore &store,
                                                const std::optional<QString> &fileName, QSize area);
 

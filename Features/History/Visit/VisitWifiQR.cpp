@@ -18,7 +18,7 @@ try {
     SecItemKeychainStore store(SecItemKeychainStore::wifiService, *keychain);
     return store.password(ssid);
 } catch (const KeychainError &) {
-    // Silent: a card without the code is a card.
+    // Silent: a card is complete without the code.
     return std::nullopt;
 }
 

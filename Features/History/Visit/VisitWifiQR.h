@@ -10,14 +10,14 @@
 
 namespace quorvel {
 
-/// The code that a visit's card has for who wants to join its Wi-Fi.
+/// Makes the code on a visit's card that joins its Wi-Fi.
 namespace VisitWifiQR {
 
-/// How many pixels of the picture are one module of the code, along each side.
+/// The size of one module of the code in pixels.
 inline constexpr double scale = 8;
 
-/// Reads the password that is saved for the network and draws the code, on another thread. Nothing
-/// without a network, without a saved password, or where the keychain cannot be read.
+/// Reads the network's stored password and draws the code, on another thread. Nothing without a
+/// network, without a stored password, or if the keychain cannot be read.
 [[nodiscard]] Task<std::optional<QImage>> load(const std::optional<QString> &ssid,
                                                const KeychainMaker &makeKeychain);
 

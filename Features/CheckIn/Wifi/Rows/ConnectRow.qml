@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// Where the password of the open row's network is typed, to be kept or to join with.
+// The field for the password of the open row's network, to store it or to join with it.
 Column {
     id: root
 
@@ -51,7 +51,7 @@ Column {
 
     PrimaryButton {
         busy: root.row.connecting
-        // Kept while joining, so that the focus stays where it is.
+        // It stays while joining, so that the focus stays.
         enabled: root.row.canSubmit || root.row.connecting
         label: root.row.submitTitle
         symbol: ""

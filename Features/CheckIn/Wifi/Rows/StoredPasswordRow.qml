@@ -4,7 +4,8 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// The password that is kept for the open row's network: hidden until asked for, and a copy of it.
+// The stored password of the open row's network: hidden until the user reveals it, and a button to
+// copy it.
 Item {
     id: root
 
@@ -24,7 +25,7 @@ Item {
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
         text: root.row.text
-        // What is revealed is there to be read off, to its end.
+        // A revealed password must be readable to its end.
         wrapMode: Text.WrapAnywhere
     }
 

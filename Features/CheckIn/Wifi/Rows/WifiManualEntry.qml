@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.DesignSystem
 
-// A network that is not in the list, by its name.
+// The name of a network that is not in the list.
 Column {
     id: root
 

@@ -3,14 +3,14 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// One network, closed: which it is, how strong, and what is known of it. Pressing it opens its row.
+// The closed row of a network: its name, its strength and its tags. Pressing it opens the row.
 Pressable {
     id: root
 
     required property string detail
-    // All of it, for a screen reader.
+    // The whole row, for a screen reader.
     required property string description
-    // None are drawn for 0.
+    // No bars for 0.
     required property int bars
     required property bool open
     required property bool connected

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.CheckIn
 
-// One network and, while it is open, its password: the one that is kept, or the field for it.
+// One network and, while it is open, its stored password or the field for it.
 Column {
     id: root
 
@@ -37,7 +37,7 @@ Column {
         StoredPasswordRow {
             section: root.section
             ssid: root.ssid
-            // Below the network's name.
+            // Aligned with the network's name.
             width: root.width - x
             x: 26
         }

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.CheckIn
 
-// The last row: for a network that is not in the list.
+// The last row, for a network that is not in the list.
 Column {
     id: root
 
