@@ -2,21 +2,11 @@
 
 set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml)
 
-# Compiling what the engine would compile by itself makes a start faster, and a build slower.
+# A view compiled with the tree opens sooner; the tree builds more slowly.
 option(QUORVEL_COMPILE_QML "Compile the views ahead of time" ON)
 set(QUORVEL_QML_OPTIONS)
 if(NOT QUORVEL_COMPILE_QML)
   set(QUORVEL_QML_OPTIONS NO_CACHEGEN)
-else()
-  get_target_property(QUORVEL_QMLCACHEGEN Qt6::qmlcachegen LOCATION)
-  set(in_order ${PROJECT_BINARY_DIR}/qmlcachegen)
-  configure_file(${CMAKE_CURRENT_LIST_DIR}/qmlcachegen.in ${in_order} @ONLY
-    FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-  get_target_property(configurations Qt6::qmlcachegen IMPORTED_CONFIGURATIONS)
-  foreach(configuration ${configurations})
-    set_target_properties(Qt6::qmlcachegen PROPERTIES
-      IMPORTED_LOCATION_${configuration} ${in_order})
-  endforeach()
 endif()
 
 # quorvel_qml_module(NAME URI Quorvel.X QML_FILES ... [SOURCES ...] [IMPORTS ...] [LINKS ...])
@@ -39,10 +29,9 @@ function(quorvel_qml_module name)
     QML_FILES ${arg_QML_FILES}
     SOURCES ${arg_SOURCES}
     ${QUORVEL_QML_OPTIONS})
-  # Our warnings are for what we write, not for what qmlcachegen does.
-  get_target_property(sources ${name} SOURCES)
-  list(FILTER sources INCLUDE REGEX "/qmlcache/")
-  set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
+  # Byte code is the same in each build. The C++ that Qt would make is not; it is 0.5 MB larger, and
+  # opens no sooner.
+  set_target_properties(${name} PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
   # The generated registration names its headers without their folder.
   set(folders ${arg_SOURCES})
   list(TRANSFORM folders REPLACE "[^/]+$" "")
