@@ -116,7 +116,7 @@ def tests_of(folder):
 
 def links(name, folder):
     inputs = run("ninja", "-C", BUILD, "-t", "inputs", f"tests/{name}").stdout.split()
-    return any(each.startswith(f"{folder}/") and each.endswith(".a") for each in inputs)
+    return any(each.startswith(f"{folder}/") and each.endswith(".o") for each in inputs)
 
 
 class Box:
