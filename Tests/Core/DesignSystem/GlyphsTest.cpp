@@ -110,6 +110,22 @@ private slots:
         }
     }
 
+    void barsAreThreeWideAndRounded()
+    {
+        QQuickItem *view = item(u"bars5"_s);
+        const QColor empty = Theme::shared().color()->background();
+        for (int index = 0; index < 3; ++index) {
+            const double left = index * 5;
+            QCOMPARE_NE(QuickTest::pixel(view, {left, 12}), empty);
+            QCOMPARE_NE(QuickTest::pixel(view, {left + 2, 12}), empty);
+            if (index < 2)
+                QCOMPARE(QuickTest::pixel(view, {left + 3, 12}), empty);
+            // A corner is lighter than the middle of its edge.
+            QVERIFY(QuickTest::pixel(view, {left, 13}).lightness() >
+                    QuickTest::pixel(view, {left + 1, 13}).lightness());
+        }
+    }
+
     void dotsUpToTheScoreAreLit()
     {
         const QColor on = Theme::shared().color()->accent();

@@ -69,6 +69,13 @@ private slots:
                  Theme::shared().color()->textTertiary());
     }
 
+    void plainTextIsInTheFirstColorAndTheFontOfTexts()
+    {
+        const QQuickItem *text = item("plainText");
+        QCOMPARE(text->property("color").value<QColor>(), Theme::shared().color()->textPrimary());
+        QCOMPARE(text->property("font").value<QFont>(), Theme::shared().font()->body());
+    }
+
     void plainTextShowsMarkupAsItIs()
     {
         QQuickItem *text = item("plainText");
@@ -120,6 +127,8 @@ private slots:
         QCOMPARE(QuickTest::pixel(button, inside), atRest);
         QTest::mousePress(m_view.get(), Qt::LeftButton, {}, centre);
         QCOMPARE_NE(QuickTest::pixel(button, inside), atRest);
+        QCOMPARE(QuickTest::find(button, "radius", 6.0)->property("color").value<QColor>(),
+                 Theme::shared().color()->hover());
         QTest::mouseRelease(m_view.get(), Qt::LeftButton, {}, centre);
         QCOMPARE(QuickTest::pixel(button, inside), atRest);
         button->forceActiveFocus();

@@ -70,6 +70,8 @@ private slots:
     void starsUpToTheValueAreFilled()
     {
         QCOMPARE(filled(), 2);
+        QCOMPARE(symbol(2)->property("name"), QVariant(u"star.fill"_s));
+        QCOMPARE(symbol(3)->property("name"), QVariant(u"star"_s));
         QCOMPARE(symbol(2)->property("color").value<QColor>(), Theme::shared().color()->starOn());
         QCOMPARE(symbol(3)->property("color").value<QColor>(), Theme::shared().color()->starOff());
     }
@@ -247,9 +249,12 @@ private slots:
 
     void rowHasItsLabelAndHint()
     {
-        QVERIFY(QuickTest::find(m_row, "text", u"WiFi speed"_s)->isVisible());
+        const QQuickItem *label = QuickTest::find(m_row, "text", u"WiFi speed"_s);
+        QVERIFY(label->isVisible());
+        QCOMPARE(label->mapToItem(m_row, {0, 0}).x(), 0.0);
         const QQuickItem *hint = QuickTest::find(m_row, "text", u"Fast enough for calls"_s);
         QVERIFY(hint->isVisible());
+        QVERIFY(hint->y() >= label->y() + label->height());
         m_row->setProperty("hint", QString());
         QVERIFY(!hint->isVisible());
         QCOMPARE(m_stars->x() + m_stars->width(), m_row->width());

@@ -106,6 +106,7 @@ private slots:
         QCOMPARE(help->property("color").value<QColor>(), ViewLook::color("textSecondary"));
         QVERIFY(ViewLook::down(title, help) > 0);
         QVERIFY(!m_panel->text(u"YOU'RE HERE"_s));
+        QVERIFY(m_panel->text(u"Retry"_s));
         QVERIFY(m_panel->text(u"Connect to load your café first."_s));
     }
 
@@ -170,6 +171,7 @@ private slots:
         m_panel->press(u"Check In"_s);
         const QQuickItem *error = m_panel->text(u"Network error: Disk full."_s);
         QCOMPARE(error->property("color").value<QColor>(), ViewLook::color("error"));
+        QCOMPARE(error->property("font").value<QFont>(), ViewLook::font("caption"));
         QVERIFY(ViewLook::down(error, m_panel->control(u"Check In"_s)) > 0);
         m_panel->world.repository.failing = {};
         m_panel->press(u"Check In"_s);
@@ -192,6 +194,8 @@ private slots:
             QQuickItem *row = m_panel->control(name);
             const QQuickItem *meters = QuickTest::find(row, "text", distance);
             QVERIFY(meters && meters->isVisible());
+            QCOMPARE(meters->property("color").value<QColor>(), ViewLook::color("textSecondary"));
+            QCOMPARE(meters->property("font").value<QFont>(), ViewLook::font("caption"));
             QVERIFY(QuickTest::find(row, "text", name)->isVisible());
             QCOMPARE(ViewLook::margins(meters, row).right(), 0.0);
             QVERIFY(ViewLook::down(previous, row) >= 0);

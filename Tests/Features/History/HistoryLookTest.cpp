@@ -101,7 +101,9 @@ private slots:
         visits.back()->setNote(u"By the window, where nobody passes by. "_s.repeated(5));
         open(visits);
         QQuickItem *row = history().control(u"Door"_s);
-        const QQuickItem *texts = QuickTest::find(row, "text", visits.back()->note())->parentItem();
+        const QQuickItem *note = QuickTest::find(row, "text", visits.back()->note());
+        QCOMPARE(note->property("lineCount"), QVariant(2));
+        const QQuickItem *texts = note->parentItem();
         QVERIFY(texts->height() > thumbnailOf(row)->height());
         QCOMPARE(ViewLook::margins(texts, row).top(), 8.0);
         QCOMPARE(ViewLook::margins(texts, row).bottom(), 8.0);
