@@ -86,8 +86,11 @@ inline QQuickItem *findClass(QQuickItem *root, const char *name)
     return nullptr;
 }
 
+/// Ends the program where there is no such item.
 inline QRectF place(const QQuickItem *item)
 {
+    if (!item)
+        qFatal("what is to be measured is not on screen");
     return item->mapRectToScene(QRectF({}, item->size()));
 }
 
