@@ -174,31 +174,39 @@ def find_edits(folder):
              if path.suffix in (".cpp", ".h") and not path.name.startswith("Fake")}
     commands = {each["file"]: arguments_of(each["command"]) for each in
                 json.loads((BUILD / "compile_commands.json").read_text())}
-    seen = {}
+    edits = {}
     with concurrent.futures.ProcessPoolExecutor(os.cpu_count()) as pool:
-        def read(sources):
-            found = pool.map(mutation.find, sources,
-                             [arguments_for(path, commands) for path in sources],
-                             [files] * len(sources))
-            seen.update(dict.fromkeys(edit for edits in found for edit in edits))
+        def read(paths):
+            choices = [choices_for(path, commands) for path in paths]
+            for found in pool.map(find_with_any, paths, choices, [files] * len(paths)):
+                for path, more in found.items():
+                    edits.setdefault(path, {}).update(dict.fromkeys(more))
 
         read([path for path in files if path in commands])
-        # Headers that none of those includes.
-        read(sorted(set(files) - set(commands) - {edit.path for edit in seen}))
-    return files, list(seen)
+        read([path for path in files if path not in edits])  # Headers that none of those includes.
+    return files, [edit for found in edits.values() for edit in found]
 
 
-def arguments_for(path, commands):
-    """A header is compiled as whatever stands nearest to it."""
+def find_with_any(path, choices, files):
+    """The edits by the first arguments with which the file compiles."""
+    for arguments in choices:
+        try:
+            return mutation.find(path, arguments, files)
+        except SyntaxError as error:
+            wrong = error
+    raise wrong
+
+
+def choices_for(path, commands):
+    """The arguments of a file; a header is compiled as one of those that stand nearest to it."""
     if path in commands:
-        return commands[path]
-    folder = os.path.relpath(path, COPY)
-    near = None
+        return [commands[path]]
+    near, folder = [], os.path.relpath(path, COPY)
     while not near:
         folder = os.path.dirname(folder)
         roots = tuple(f"{root}/{folder}/" for root in (COPY, BUILD))
-        near = next((each for each in commands if each.startswith(roots)), None)
-    return [*commands[near], "-w", "-x", "c++"]
+        near = [arguments for each, arguments in commands.items() if each.startswith(roots)]
+    return [[*arguments, "-w", "-x", "c++"] for arguments in near]
 
 
 def arguments_of(command):

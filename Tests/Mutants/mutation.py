@@ -294,10 +294,9 @@ class Reader:
 
 
 def find(source, arguments, files):
-    """The edits in those files, as far as the source includes them. `files` has the text of each
-    by its path; both are named as the compiler names them."""
-    unit = cindex.Index.create().parse(
-        source, arguments)
+    """The edits in each of those files that the source includes. `files` has the text of each by
+    its path; both are named as the compiler names them."""
+    unit = cindex.Index.create().parse(source, arguments)
     wrong = [str(each) for each in unit.diagnostics if each.severity >= cindex.Diagnostic.Error]
     if wrong:
         raise SyntaxError("\n".join(wrong))
@@ -309,7 +308,7 @@ def find(source, arguments, files):
         if name not in readers:
             readers[name] = Reader(name, files[name])
         readers[name].visit(cursor)
-    return [edit for reader in readers.values() for edit in reader.edits]
+    return {name: reader.edits for name, reader in readers.items()}
 
 
 class _Site:

@@ -15,7 +15,7 @@ def edits_of(code):
     with tempfile.TemporaryDirectory() as folder:
         path = f"{folder}/sample.cpp"
         pathlib.Path(path).write_text(code, encoding="utf-8")
-        return mutation.find(path, ["-std=c++20"], {path: code.encode()})
+        return mutation.find(path, ["-std=c++20"], {path: code.encode()})[path]
 
 
 def changes(code):
