@@ -1,4 +1,4 @@
-"""How soon the main loop turns while every service is asked, beside one that asks nothing.
+"""Measures how long a turn of the main loop takes while every service is asked, and while none is.
 
 usage: heartbeat_benchmark.py BUILD
 """

@@ -1,4 +1,7 @@
-"""Reading a password beside the real keyring daemon. usage: keychain_benchmark.py BUILD"""
+"""Measures how long a password takes to be read from the real keyring daemon.
+
+usage: keychain_benchmark.py BUILD
+"""
 
 import pathlib
 import sys

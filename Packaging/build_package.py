@@ -1,9 +1,9 @@
-"""Builds the Debian package from the files of this tree, and has lintian read it.
+"""Builds the Debian package from the files of this tree, and checks it with lintian.
 
 usage: build_package.py FOLDER [--twice]
-Takes what git knows or would add, so that a change can be tried before it is committed. The
-package is left in the folder. With --twice it is built a second time, elsewhere, in other
-surroundings and with no compiler's cache, and has to come out the same to the byte.
+Uses the files that git tracks or would add, so that a change can be tried before it is committed.
+FOLDER gets the package. With --twice, the package is built again in another folder, with other
+settings and without a compiler's cache. Both packages have to be the same, byte for byte.
 """
 
 import argparse
@@ -24,7 +24,7 @@ LAST_LINES = 30
 
 @dataclasses.dataclass(frozen=True)
 class Surroundings:
-    """Everything about a build that its result must not depend on."""
+    """The properties of a build that must not change its result."""
 
     folder: str
     umask: int
@@ -46,7 +46,7 @@ FOLDERS = ("built", "built-again")
 
 
 class PackageError(Exception):
-    """Why there is no package, or none to be given away."""
+    """The package could not be built, or must not be given away."""
 
 
 def export_tree(target):
@@ -56,7 +56,7 @@ def export_tree(target):
         cwd=ROOT, stdout=subprocess.PIPE, check=True,
     ).stdout
     for name in filter(None, listed.decode().split("\0")):
-        # What is deleted but not yet committed is listed, too.
+        # git also lists files that are deleted but not yet committed.
         if os.path.lexists(ROOT / name):
             (target / name).parent.mkdir(parents=True, exist_ok=True)
             shutil.copyfile(ROOT / name, target / name, follow_symlinks=False)
@@ -65,7 +65,8 @@ def export_tree(target):
 
 
 def environment_of(surroundings, folder):
-    """Nothing of the caller's own: no flags and no tools but the system's."""
+    """The environment of a build. It holds none of the caller's flags, and finds only the system's
+    tools."""
     cached, uncached = {"CCACHE_DIR": str(folder / "cache")}, {"CCACHE_DISABLE": "1"}
     return {
         **(cached if surroundings.has_cache else uncached),
@@ -89,7 +90,7 @@ def run_logged(command, log, **options):
 
 
 def build(folder, surroundings):
-    """The folder with the package and what belongs to it."""
+    """Builds the package in its surroundings. Returns the folder with the results."""
     results = folder / surroundings.folder
     tree = results / "quorvel"
     export_tree(tree)
@@ -127,7 +128,7 @@ def describe(package):
 
 
 def clear(folder):
-    """Leaves the root in which packages are tried, which is not ours to take down."""
+    """Deletes earlier results. Leaves `root`, in which package_root.py tries packages."""
     for name in FOLDERS:
         shutil.rmtree(folder / name, ignore_errors=True)
     for package in folder.glob("*.deb"):

@@ -1,4 +1,4 @@
-"""In what two Debian packages differ, file by file."""
+"""Compares two Debian packages, file by file."""
 
 import hashlib
 import io
@@ -7,7 +7,7 @@ import tarfile
 
 
 def differences(package, other):
-    """One line for each file that is not the same in both; none where the packages are."""
+    """A line for each file that differs. An empty list if the packages are the same."""
     if package.read_bytes() == other.read_bytes():
         return []
     found = []
@@ -21,7 +21,8 @@ def differences(package, other):
 
 
 def entries_of(package, part):
-    """What dpkg would unpack: each name with all that is told of it."""
+    """All that dpkg would unpack, by name: mode, owners, time, size, target of a link and
+    digest."""
     packed = subprocess.run(["dpkg-deb", part, package], stdout=subprocess.PIPE, check=True).stdout
     with tarfile.open(fileobj=io.BytesIO(packed)) as archive:
         return {entry.name: (*described(entry), digest(archive, entry)) for entry in archive}

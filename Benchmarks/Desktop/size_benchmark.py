@@ -1,7 +1,7 @@
-"""What an installation takes on the disk, beside the least Qt tray program.
+"""The size of an installation on the disk, beside that of a minimal Qt tray program.
 
 usage: size_benchmark.py BUILD
-Without the symbols for debuggers, and without the libraries of the system.
+Debug symbols and the libraries of the system are not counted.
 """
 
 import pathlib
@@ -15,7 +15,7 @@ MB = 1e6
 
 
 def installed_files(build, folder):
-    """The sizes of what is installed from that build, by path."""
+    """The size of each file that this build installs, by its path."""
     command = ["cmake", "--install", build, "--strip", "--prefix", folder]
     subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
     files = (path for path in folder.rglob("*") if path.is_file())

@@ -1,7 +1,7 @@
-"""Start to icon, memory and an idle minute of the program, beside the least Qt tray program.
+"""Measures the program beside a minimal Qt tray program: start to icon, memory and an idle minute.
 
 usage: tray_benchmark.py BUILD [--rounds N] [--idle-seconds N]
-Both run on the same virtual desktop, in turns: only the ratios of one run count.
+Both run in turns on the same kind of virtual desktop. Only the ratios within one run count.
 """
 
 import argparse
@@ -16,7 +16,7 @@ from fake_status_watcher import NAME, PATH
 from virtual_desktop import VirtualDesktop
 
 ICON_SECONDS = 15
-# A small screen is quick to look at, so that looking does not take the time of what is looked at.
+# A small screen is quick to read, so that reading it does not slow the measured program down.
 SCREEN = (400, 100)
 START_AIM = 1.3
 MEMORY_AIM_MB = 6
@@ -27,7 +27,7 @@ CACHES = pathlib.Path("/proc/sys/vm/drop_caches")
 
 
 def forget_files():
-    """Has the kernel read every file anew; False where this user may not ask for that."""
+    """Makes the kernel read every file anew. Returns False if this user may not ask for that."""
     try:
         CACHES.write_text("3")
     except OSError:
@@ -47,8 +47,8 @@ def has_notifier_host(desktop):
 
 
 def start_tray(desktop, tray):
-    """Waits for the panel's notifier host: a program that knows only to look once would else be
-    measured in the panel's XEmbed tray, which costs another figure."""
+    """Starts the tray. Waits until xfce4-panel is a notifier host: a program that looks for a host
+    only once would otherwise use the panel's XEmbed tray, which gives another figure."""
     desktop.start_tray(tray)
     if tray == "xfce4-panel":
         desktop.wait_until(lambda: has_notifier_host(desktop), "the panel is a notifier host")
@@ -69,7 +69,7 @@ def milliseconds_to_icon(desktop, program, cold):
 
 
 def start_times(desktop, programs, rounds, cold):
-    """The median start of each program, taken in turns."""
+    """The median start time of each program. The programs take turns."""
     times = {name: [] for name in programs}
     for _ in range(rounds):
         for name, program in programs.items():
@@ -78,7 +78,7 @@ def start_times(desktop, programs, rounds, cold):
 
 
 def memory_mb(pid):
-    """Proportional set size and private anonymous memory."""
+    """The proportional set size and the private anonymous memory, in MB."""
     fields = {}
     for line in pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text().splitlines()[1:]:
         name, _, value = line.partition(":")
@@ -87,7 +87,7 @@ def memory_mb(pid):
 
 
 def processor_ms_and_wake_ups(pid):
-    """What all threads of the process have had so far."""
+    """The processor time and the wake-ups of all threads of the process so far."""
     nanoseconds = wake_ups = 0
     for task in pathlib.Path(f"/proc/{pid}/task").iterdir():
         nanoseconds += int((task / "schedstat").read_text().split()[0])
@@ -98,7 +98,8 @@ def processor_ms_and_wake_ups(pid):
 
 
 def idle_figures(program, tray, seconds):
-    """PSS and anonymous MB, processor ms and wake-ups a second of a program left alone."""
+    """The memory (PSS and anonymous, in MB), the processor ms a minute and the wake-ups a second of
+    an idle program."""
     with VirtualDesktop(*SCREEN) as desktop:
         start_tray(desktop, tray)
         process = desktop.start("measured", [str(program)])
@@ -139,7 +140,7 @@ def compare_idle(programs, seconds):
 
 
 def show_panel_opening(program):
-    """The panel's own figures, as its program prints them."""
+    """Prints the figures that the panel's program measures."""
     with VirtualDesktop() as desktop:
         process = desktop.start("panel", [str(program)])
         if process.status() != 0:

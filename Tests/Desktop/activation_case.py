@@ -1,4 +1,4 @@
-"""What the tests share that have the bus start the program, or ask it over the bus."""
+"""The base of the tests in which the bus starts the program, or takes a call to it."""
 
 import os
 import pathlib
@@ -15,7 +15,7 @@ NAME = "com.zantho.quorvel"
 PATH = "/com/zantho/quorvel"
 INTERFACE = "org.freedesktop.Application"
 SERVICE = pathlib.Path(os.environ["QUORVEL_PACKAGING"], f"{NAME}.service.in")
-# What the toolkit adds to a title, it does not add to the name that the screen lists.
+# The names of the windows in the screen's list. The toolkit adds the program's name only to titles.
 LISTED = {PANEL: PANEL, HISTORY: HISTORY, DIAGNOSTICS: "Probe8"}
 NOTHING = dbus.Dictionary(signature="sv")
 NO_PARAMETER = dbus.Array(signature="v")
@@ -49,7 +49,8 @@ class ActivationCase(DesktopCase):
         return process_id(self.bus, NAME)
 
     def programs(self):
-        """The processes of this program on this desktop: each has its bus address."""
+        """The processes of the program on this desktop. Their environment names the desktop's
+        bus."""
         mark = os.fsencode(f"DBUS_SESSION_BUS_ADDRESS={self.desktop.bus_address}")
         return [pid for pid in running_pids() if executable(pid) == os.path.realpath(PROGRAM)
                 and mark in environment_of(pid)]
@@ -63,9 +64,9 @@ class ActivationCase(DesktopCase):
         self.assertEqual(self.open_windows(), [title])
 
     def assert_no_window_comes(self, but=()):
-        """A start without a status area waits for one, and then opens the panel. On a desktop of
-        its own one does so that begins only now: what this desktop's would open has come by then.
-        """
+        """Checks that no other window opens. On another desktop without a status area, a new start
+        waits for such an area and then opens its panel. Whatever this desktop's program would open
+        is there by then."""
         with VirtualDesktop() as elsewhere:
             elsewhere.start_program(PROGRAM)
             elsewhere.wait_for_window(PANEL)

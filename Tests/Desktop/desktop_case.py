@@ -1,4 +1,4 @@
-"""What the tests that drive the built program share: a desktop of their own, and the program."""
+"""The base of the tests that drive the built program on a desktop of their own."""
 
 import os
 import unittest
@@ -13,7 +13,7 @@ DIAGNOSTICS = "Probe8 — Quorvel"
 
 
 class DesktopCase(unittest.TestCase):
-    """Every case has a fresh desktop without a tray, and starts what it needs."""
+    """Every case gets a fresh desktop without a tray, and starts the programs that it needs."""
 
     def setUp(self):
         self.desktop = self.enterContext(self.make_desktop())
@@ -28,14 +28,14 @@ class DesktopCase(unittest.TestCase):
         return self.desktop.run_program(PROGRAM, *arguments)
 
     def start_shown_program(self, tray="trayer"):
-        """The program with its icon already in a tray of that kind."""
+        """Starts a tray of that kind and the program, and waits for the icon."""
         self.desktop.start_tray(tray)
         program = self.start_program()
         self.desktop.wait_for_icon()
         return program
 
     def dot_heights(self):
-        """The heights that the icon's dot has in turn, the smaller first."""
+        """The two heights between which the icon's dot changes, the smaller first."""
         first = self.desktop.wait_for_icon().height
         other = self.desktop.wait_for_dot(
             lambda dot: dot.height != first, "the dot changes its size"
@@ -43,7 +43,7 @@ class DesktopCase(unittest.TestCase):
         return sorted((first, other))
 
     def assert_dot_pulses(self):
-        """It grows and shrinks in turn."""
+        """The dot grows and shrinks in turn."""
         small, large = self.dot_heights()
         for height in (small, large, small):
             self.desktop.wait_for_dot(
@@ -51,7 +51,7 @@ class DesktopCase(unittest.TestCase):
             )
 
     def assert_wholly_shown(self, title):
-        """The window has a line around it, and nothing cuts that off or covers it."""
+        """The line around the window shows completely: nothing cuts it off or covers it."""
         box = self.desktop.on_screen(self.desktop.wait_for_window(title))
         self.desktop.wait_until(
             lambda: self.desktop.picture().crop(box).line_around(), f"all of {title} shows"

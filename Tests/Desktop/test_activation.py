@@ -1,4 +1,4 @@
-"""The bus starts the program for whoever calls it, and opens what was asked for."""
+"""A call on the bus starts the program, and opens the window that it asks for."""
 
 import unittest
 
@@ -9,7 +9,7 @@ from desktop_case import DIAGNOSTICS, HISTORY, PANEL
 
 
 class FirstStartTest(ActivationCase):
-    """Nothing of the program runs when the call is made."""
+    """The program does not run yet when the call is made."""
 
     def test_activating_it_opens_the_panel_beside_its_icon(self):
         self.desktop.start_tray("trayer")
@@ -27,7 +27,7 @@ class FirstStartTest(ActivationCase):
         self.assert_only_window(HISTORY)
         self.assert_no_window_comes(but=[HISTORY])
 
-    def test_the_action_diagnostics_opens_them(self):
+    def test_the_action_diagnostics_opens_the_diagnostics(self):
         self.activate_action("diagnostics")
         self.assert_only_window(DIAGNOSTICS)
 
@@ -42,7 +42,7 @@ class FirstStartTest(ActivationCase):
             self.desktop.wait_for_window(LISTED[title])
         self.assertEqual(self.programs(), [self.owner()])
 
-    def test_an_unknown_action_is_refused_in_words_and_the_program_lives_on(self):
+    def test_an_unknown_action_is_refused_with_a_message_and_the_program_goes_on(self):
         with self.assertRaises(dbus.DBusException) as refused:
             self.activate_action("dance")
         self.assertEqual(
@@ -59,7 +59,7 @@ class FirstStartTest(ActivationCase):
 
 
 class RunningTest(ActivationCase):
-    """One runs already, and stays the only one."""
+    """The program runs already, and no second one stays."""
 
     def setUp(self):
         super().setUp()

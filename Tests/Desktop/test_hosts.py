@@ -1,17 +1,18 @@
-"""Status areas that come late, go, come back or hang: the icon follows, the program never waits."""
+"""Status areas may start late, end, restart or hang. The icon follows, and the program never
+waits."""
 
 import unittest
 
 from desktop_case import PANEL, DesktopCase
 from fake_status_watcher import NAME, PATH
 
-# For so long the toolkit waits for an answer on the bus.
+# How long the toolkit waits for an answer on the bus.
 TOOLKIT_MILLISECONDS = 25_000
 
 
 class HostCase(DesktopCase):
     def close_what_opened_by_itself(self):
-        """Waits until the program has given up on a host and opened its panel."""
+        """Waits until the program gives up on a host and opens its panel, and closes the panel."""
         self.desktop.wait_for_focused_window(PANEL)
         self.desktop.press_key("Escape")
         self.desktop.wait_for_no_window(PANEL)
@@ -37,7 +38,7 @@ class LateHostTest(HostCase):
         host = self.desktop.start_fake_host()
         self.desktop.wait_until(host.items, "the item registers")
 
-    def test_a_watcher_that_gets_its_host_late_gets_the_item_then(self):
+    def test_a_watcher_gets_the_item_once_its_host_registers(self):
         host = self.desktop.start_fake_host(has_host=False)
         self.close_what_opened_by_itself()
         host.register_host()
@@ -77,8 +78,8 @@ class HungHostTest(HostCase):
         self.desktop.wait_until_reachable(self.program)
 
     def start_waiter(self):
-        """Asks the host, and waits for it as long as the toolkit would. It begins before the
-        program: whatever happens while it still waits, the program did without an answer."""
+        """Asks the host, and waits for an answer as long as the toolkit would. It starts before the
+        program: while it still waits, the program has had no answer either."""
         return self.desktop.start("waiter", [
             "dbus-send", f"--bus={self.desktop.bus_address}", "--print-reply",
             f"--reply-timeout={TOOLKIT_MILLISECONDS}", f"--dest={NAME}", PATH,

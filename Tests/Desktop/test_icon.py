@@ -1,4 +1,4 @@
-"""The status icon as the user sees it: there, and pulsing."""
+"""The status icon shows, and it pulses."""
 
 import unittest
 
@@ -20,7 +20,7 @@ class IconTest(DesktopCase):
         self.start_shown_program()
         self.assert_dot_pulses()
 
-    def test_a_host_is_offered_pictures_for_scales_one_to_two(self):
+    def test_the_item_offers_pictures_for_scales_one_to_two(self):
         host = self.desktop.start_fake_host()
         self.start_program()
         item = self.desktop.wait_until(host.items, "the item registers")[0]

@@ -8,7 +8,7 @@ from incomplete_program import copy_without_modules
 
 
 def without_override():
-    """A command prefix that makes file modes bind a test that runs as root, too."""
+    """A command prefix that makes file modes apply to a test that runs as root, too."""
     return ["setpriv", "--bounding-set", "-dac_override"] if os.geteuid() == 0 else []
 
 
@@ -30,14 +30,14 @@ class SecondStartTest(DesktopCase):
 
 
 class DiagnosticsTest(DesktopCase):
-    def test_a_start_opens_them_beside_its_icon(self):
+    def test_a_start_opens_the_diagnostics_and_shows_the_icon(self):
         self.desktop.start_tray("trayer")
         program = self.start_program("--probe")
         self.desktop.wait_for_focused_window(DIAGNOSTICS)
         self.desktop.wait_for_icon()
         self.assert_ends_well(program)
 
-    def test_a_second_start_opens_those_of_the_first(self):
+    def test_a_second_start_opens_the_diagnostics_of_the_first(self):
         first = self.start_shown_program()
         self.assertEqual(self.start_program_again("--probe"), 0)
         self.desktop.wait_for_focused_window(DIAGNOSTICS)
@@ -46,7 +46,7 @@ class DiagnosticsTest(DesktopCase):
 
 
 class StoreTest(DesktopCase):
-    def test_the_icon_appears_where_no_store_can_be_made(self):
+    def test_the_icon_appears_even_if_no_store_can_be_made(self):
         self.desktop.data_home.chmod(0o500)
         self.desktop.start_tray("trayer")
         self.start_program(prefix=without_override())
@@ -55,20 +55,20 @@ class StoreTest(DesktopCase):
 
 
 class RefusalTest(DesktopCase):
-    """What cannot work is said in a sentence, at the start where that is possible."""
+    """If the program cannot work, it says so in a sentence, at its start if possible."""
 
     def refusal(self, **environment):
         process = self.desktop.start("refused", [PROGRAM], environment)
         self.assertEqual(process.status(), 1, process.output())
         return process.output()
 
-    def test_no_display_is_said(self):
+    def test_a_missing_display_is_reported(self):
         nothing = {"DISPLAY": "", "WAYLAND_DISPLAY": "", "QT_QPA_PLATFORM": ""}
         self.assertEqual(
             self.refusal(**nothing), "quorvel: there is no display to show it on.\n"
         )
 
-    def test_an_address_that_would_be_read_by_others_is_refused(self):
+    def test_an_unencrypted_address_is_refused(self):
         said = self.refusal(QUORVEL_WEATHER_ENDPOINT="http://weather.example.org")
         self.assertIn("QUORVEL_WEATHER_ENDPOINT", said)
         self.assertIn("http://weather.example.org", said)

@@ -1,4 +1,4 @@
-"""What a start opens by its options, where one runs already and where none does."""
+"""Options choose the window that a start opens, whether the program runs already or not."""
 
 import unittest
 
@@ -7,9 +7,9 @@ from desktop_case import HISTORY, PANEL
 
 
 class OptionTest(ActivationCase):
-    """As a desktop runs them that does not call over the bus."""
+    """Starts with an option, from a desktop that does not call over the bus."""
 
-    def test_a_first_start_opens_what_its_option_names(self):
+    def test_a_first_start_opens_the_window_of_its_option(self):
         for option, title in (("--panel", PANEL), ("--history", HISTORY)):
             with self.subTest(option):
                 program = self.start_program(option)
@@ -21,7 +21,7 @@ class OptionTest(ActivationCase):
         self.assert_only_window(HISTORY)
         self.assert_no_window_comes(but=[HISTORY])
 
-    def test_a_second_start_has_the_first_open_it(self):
+    def test_a_second_start_makes_the_first_open_the_window(self):
         first = self.start_shown_program()
         for option, title in (("--history", HISTORY), ("--panel", PANEL)):
             self.assertEqual(self.start_program_again(option), 0)
@@ -30,9 +30,9 @@ class OptionTest(ActivationCase):
 
 
 class LoginTest(ActivationCase):
-    """A start at a login opens nothing, whatever else there is."""
+    """A start at login opens nothing, with or without a tray."""
 
-    def test_without_a_tray_no_panel_opens_until_it_is_asked_for(self):
+    def test_without_a_tray_no_panel_opens_until_a_call_asks_for_it(self):
         program = self.start_program("--background")
         self.desktop.wait_until_reachable(program)
         self.assert_no_window_comes()
@@ -40,10 +40,10 @@ class LoginTest(ActivationCase):
         self.assert_only_window(PANEL)
         self.assertEqual(self.owner(), program.pid)
 
-    def test_beside_one_that_runs_it_ends_and_opens_nothing(self):
+    def test_a_second_start_ends_and_opens_nothing(self):
         first = self.start_shown_program()
         self.assertEqual(self.start_program_again("--background"), 0)
-        # What the second start asked of the first, the first has heard before this.
+        # The first has heard the second start's request before it hears this one.
         self.activate_action("history")
         self.assert_only_window(HISTORY)
         self.assertEqual(self.programs(), [first.pid])

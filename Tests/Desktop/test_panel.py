@@ -1,4 +1,4 @@
-"""The panel window, opened and closed as a user does it."""
+"""A user opens and closes the panel window."""
 
 import unittest
 
@@ -36,13 +36,13 @@ class PanelTest(DesktopCase):
         self.desktop.press_key("Escape")
         self.desktop.wait_for_no_window(PANEL)
 
-    def test_it_is_not_there_before_the_first_click(self):
+    def test_it_does_not_show_before_the_first_click(self):
         self.start_shown_program()
         self.assertEqual(self.desktop.windows(PANEL), [])
 
 
 class FollowedPointerTest(DesktopCase):
-    """Where the focus follows the pointer, and a window lies below the icon."""
+    """The focus follows the pointer, and a window lies below the icon."""
 
     def make_desktop(self):
         return VirtualDesktop(focus_follows_pointer=True)

@@ -1,4 +1,5 @@
-"""The pulse under a sleep and a lock: it rests, goes on, and makes up for nothing."""
+"""The pulse rests while the session is locked. After a lock or a sleep it goes on, without making
+up for missed beats."""
 
 import unittest
 
@@ -10,13 +11,13 @@ from desktop_case import PROGRAM, DesktopCase
 from virtual_desktop import VirtualDesktop
 
 SLEPT_PULSES = 8
-# An icon that another one outdoes by so many pulses in a row rests.
+# An icon rests if it does not pulse while another icon pulses this often.
 RESTING_PULSES = 3
 SAVERS = ("org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver")
 
 
 class Pulse:
-    """A program on a desktop, and the changes of its icon as the host there is told of them."""
+    """A program on a desktop, and the changes of its icon that it signals to the host."""
 
     def __init__(self, desktop):
         self._desktop = desktop
@@ -30,7 +31,7 @@ class Pulse:
         self.wait_for_more(1)
 
     def count(self):
-        """All changes so far."""
+        """The number of changes so far."""
         return sum(line.startswith("sig") and "NewIcon" in line
                    for line in self._spy.output().splitlines())
 
@@ -57,13 +58,13 @@ class RestCase(DesktopCase):
 
 
 class SleepTest(RestCase):
-    def test_beats_that_were_slept_through_are_not_made_up_for(self):
+    def test_missed_beats_are_not_made_up_for(self):
         self.pulse.program.freeze()
         self.undisturbed.wait_for_more(SLEPT_PULSES)
         before = self.pulse.count()
         self.pulse.program.thaw()
         self.pulse.wait_for_more(1)
-        # Two answers of its event loop: whatever was due has been done in between.
+        # After two answers, its event loop has done everything that was due.
         for _ in range(2):
             self.pulse.host.pictures(self.pulse.item)
         self.assertLess(self.pulse.count() - before, SLEPT_PULSES)

@@ -1,4 +1,4 @@
-"""What ends a session, or takes a part of it away: the program ends well, or lives on."""
+"""A session ends or loses a part. The program ends well, or goes on."""
 
 import os
 import pathlib
@@ -9,15 +9,15 @@ import unittest
 from desktop_case import PANEL, DesktopCase
 
 MANAGER = pathlib.Path(__file__).parent.parent / "Support/Desktop/fake_session_manager.py"
-# As the protocol counts: started again at the next login, or never.
+# The protocol's number for a program that the next login does not start again.
 NEVER = 3
-# What a busy test takes meanwhile, and how much of that a program that rests may take.
+# How long the test itself computes, and how large a share of that an idle program may use.
 BUSY_PROCESSOR_SECONDS = 1
 IDLE_SHARE = 0.1
 
 
 class SignalTest(DesktopCase):
-    def test_every_request_to_end_is_followed(self):
+    def test_every_request_to_end_is_obeyed(self):
         for request in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
             with self.subTest(request.name):
                 program = self.start_program()
@@ -27,7 +27,7 @@ class SignalTest(DesktopCase):
 
 
 class LogOutTest(DesktopCase):
-    """Under a session manager, which asks everybody to save and then has them end."""
+    """A session manager asks every program to save itself, and then to end."""
 
     def setUp(self):
         super().setUp()
@@ -40,15 +40,15 @@ class LogOutTest(DesktopCase):
         self.wait_until_said("registers")
         self.desktop.wait_for_icon()
 
-    def test_a_log_out_is_not_held_up(self):
+    def test_it_does_not_hold_up_a_log_out(self):
         self.log_out()
 
-    def test_a_log_out_is_not_held_up_by_an_open_panel(self):
+    def test_its_open_panel_does_not_hold_up_a_log_out(self):
         self.desktop.click_icon()
         self.desktop.wait_for_window(PANEL)
         self.log_out()
 
-    def test_the_next_login_does_not_start_it_by_this_way(self):
+    def test_the_session_manager_does_not_start_it_at_the_next_login(self):
         self.log_out()
         said = self.manager.output().splitlines()
         styles = [line for line in said if line.startswith("RestartStyleHint")]
@@ -66,7 +66,7 @@ class LogOutTest(DesktopCase):
 
 
 class LossTest(DesktopCase):
-    def test_without_its_session_bus_it_lives_on_in_the_tray(self):
+    def test_it_goes_on_in_the_tray_without_its_session_bus(self):
         program = self.start_shown_program()
         self.desktop.process("session-bus").end()
         self.assertLess(self.processor_share(program), IDLE_SHARE)
@@ -74,7 +74,7 @@ class LossTest(DesktopCase):
         self.desktop.wait_for_window(PANEL)
         self.assert_ends_well(program)
 
-    def test_without_the_bus_that_its_icon_is_on_it_still_ends_well(self):
+    def test_it_ends_well_without_the_bus_of_its_icon(self):
         host = self.desktop.start_fake_host()
         program = self.start_program()
         self.desktop.wait_until(host.items, "the item registers")
@@ -89,8 +89,8 @@ class LossTest(DesktopCase):
         self.assertGreaterEqual(program.status(), 0, program.output())
 
     def processor_share(self, program):
-        """What the program takes of the processor while this test takes all that it can get, in
-        parts of that. The system is fair: a program that turns in circles takes as much."""
+        """The program's processor time as a share of the test's, while the test computes without a
+        pause. The system is fair: a program in an endless loop would get as much as the test."""
         before = self.processor_seconds(program)
         begun = time.process_time()
         while (taken := time.process_time() - begun) < BUSY_PROCESSOR_SECONDS:

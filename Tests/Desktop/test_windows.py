@@ -1,4 +1,4 @@
-"""How a desktop finds out whose a window is."""
+"""A desktop can tell that a window belongs to the program."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ ENTRY = pathlib.Path(os.environ["QUORVEL_PACKAGING"], f"{ID}.desktop")
 
 
 class WindowTest(DesktopCase):
-    def test_a_window_is_of_the_class_that_the_entry_names(self):
+    def test_a_window_has_the_class_of_the_desktop_entry(self):
         self.start_program("--history")
         self.desktop.wait_for_window(HISTORY)
         [wanted] = re.findall(r"^StartupWMClass=(.*)$", ENTRY.read_text(), re.MULTILINE)

@@ -1,7 +1,7 @@
-"""Runs all tests several times on a busy machine, and tells which did not always end alike.
+"""Runs all tests several times on a busy machine, and lists those that fail or differ.
 
 usage: flakes.py BUILD ROUNDS
-What each round printed is in BUILD/flakes. Ends with status 0 only if every test passed each time.
+BUILD/flakes gets the output of each round. Ends with status 0 only if no test is listed.
 """
 
 import contextlib
@@ -22,8 +22,8 @@ def cores():
 
 @contextlib.contextmanager
 def busy_machine():
-    """Every core has something else to do, too."""
-    # The kernel ends them even when this interpreter is killed.
+    """Keeps every core busy with something else."""
+    # The kernel ends these processes even if this interpreter is killed.
     command = ["setpriv", "--pdeathsig", "KILL", *BUSY]
     processes = [subprocess.Popen(command) for _ in range(cores())]
     try:
@@ -35,7 +35,7 @@ def busy_machine():
 
 
 def outcomes(report):
-    """How each test of a round ended, by its name, from a report in the form of JUnit."""
+    """The outcome of each test of a round, by its name, from a JUnit report."""
     found = {}
     for case in xml.etree.ElementTree.fromstring(report).iter("testcase"):
         if case.find("failure") is not None or case.get("status") == "fail":
@@ -49,7 +49,7 @@ def outcomes(report):
 
 
 def differences(rounds):
-    """A line for each test that failed, or did not end alike in every round."""
+    """A line for each test that failed, or whose outcomes differ between the rounds."""
     lines = []
     for name in sorted({name for found in rounds for name in found}):
         ends = [found.get(name, ABSENT) for found in rounds]

@@ -1,4 +1,4 @@
-"""What the search for flaky tests makes of the reports of ctest."""
+"""The search for flaky tests reads and compares the reports of ctest."""
 
 import unittest
 
@@ -27,10 +27,10 @@ class FlakesTest(unittest.TestCase):
             {"cup": PASSED, "spoon": FAILED, "sugar": SKIPPED, "saucer": PASSED},
         )
 
-    def test_what_always_ends_alike_and_well_is_not_listed(self):
+    def test_a_test_with_one_good_outcome_is_not_listed(self):
         self.assertEqual(differences([{"cup": PASSED, "sugar": SKIPPED}] * 3), [])
 
-    def test_what_ends_otherwise_once_is_listed_with_its_round(self):
+    def test_a_test_with_a_different_outcome_is_listed_with_its_round(self):
         rounds = [{"cup": PASSED, "sugar": SKIPPED}, {"cup": FAILED, "sugar": PASSED},
                   {"cup": PASSED, "sugar": SKIPPED}]
         self.assertEqual(differences(rounds), [
@@ -38,11 +38,11 @@ class FlakesTest(unittest.TestCase):
             "sugar: passed 1 of 3 (skipped in round 1, skipped in round 3)",
         ])
 
-    def test_what_always_fails_is_listed(self):
+    def test_a_test_that_always_fails_is_listed(self):
         self.assertEqual(differences([{"cup": FAILED}] * 2),
                          ["cup: passed 0 of 2 (failed in round 1, failed in round 2)"])
 
-    def test_what_is_missing_in_a_round_is_listed(self):
+    def test_a_test_that_is_missing_in_a_round_is_listed(self):
         self.assertEqual(differences([{"cup": PASSED}, {}]),
                          ["cup: passed 1 of 2 (did not run in round 2)"])
 

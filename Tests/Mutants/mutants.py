@@ -36,7 +36,7 @@ WANTED = 0.9
 PREAMBLE = (b'#pragma clang diagnostic ignored "-Weverything"\n'
             b'#include "Tests/Mutants/Mutant.h"\n#line 1\n')
 DIAGNOSTIC = re.compile(r"^([^:\s]+):(\d+):(\d+): (error|fatal error|note): ", re.MULTILINE)
-# How long a test may take that took no time at all before, and how much longer than before.
+# A test may take this many seconds, plus this many times as long as without a change.
 PATIENCE_SECONDS, PATIENCE_FACTOR = 5, 10
 
 Test = collections.namedtuple("Test", "name command environment home")
@@ -53,7 +53,7 @@ def say(message):
 # --- the copy
 
 def copy_tree():
-    """Writes only what differs, so that nothing is built again without need."""
+    """Copies only the files that differ, so that nothing is rebuilt without need."""
     wanted = set()
     for folder, folders, names in os.walk(ROOT):
         folders[:] = [name for name in folders if name not in ("build", ".git", "__pycache__")]
@@ -76,7 +76,7 @@ def run(*command):
 
 
 def build(*targets):
-    """The output of a build that failed, or nothing."""
+    """Returns the output if the build failed, or nothing."""
     os.environ.update(CCACHE_BASEDIR=str(COPY), CCACHE_NOHASHDIR="1",
                       CCACHE_SLOPPINESS="pch_defines,time_macros")
     done = run("ninja", "-C", BUILD, "-j", str(os.cpu_count()), "-k", "0", *targets)
@@ -92,8 +92,8 @@ def configure():
 # --- the tests
 
 def tests_of(folder):
-    """Those of the folder or of the nearest one above it; beside them the contracts of its
-    libraries."""
+    """The tests of the folder, or of the nearest folder above it that has any, and the contract
+    tests that link one of its libraries."""
     listing = json.loads(run("ctest", "--test-dir", BUILD, "--show-only=json-v1").stdout)
     places = {}
     for test in listing["tests"]:
@@ -120,7 +120,7 @@ def links(name, folder):
 
 
 class Box:
-    """Runs one test where it cannot harm anything."""
+    """Runs one test in a box in which it cannot do any harm."""
 
     def __init__(self, test, reached=None):
         self.test = test
@@ -154,7 +154,8 @@ class Box:
 
 
 def try_unchanged(test, count):
-    """How long the test takes, and the numbers that it comes to; nothing if it fails."""
+    """The duration of the test, and the numbers of the changes that it reaches. None if it
+    fails."""
     with tempfile.NamedTemporaryFile(dir=BUILD) as file:
         file.write(bytes(count + 1))
         file.flush()
@@ -169,7 +170,7 @@ def try_unchanged(test, count):
 # --- the changes
 
 def find_edits(folder):
-    """All edits of the folder's own files. Fakes are no product: they serve the tests."""
+    """All edits of the folder's own files, except the fakes: they serve the tests."""
     files = {str(path): path.read_bytes() for path in sorted((COPY / folder).rglob("*"))
              if path.suffix in (".cpp", ".h") and not path.name.startswith("Fake")}
     commands = {each["file"]: arguments_of(each["command"]) for each in
@@ -210,14 +211,14 @@ def choices_for(path, commands):
 
 
 def arguments_of(command):
-    """Without the compiler, its cache and the names of the files."""
+    """The arguments of a command, without the compiler, its cache and the names of the files."""
     words = shlex.split(command)
     first = next(i for i, word in enumerate(words) if word.startswith("-"))
     return words[first:words.index("-o")]
 
 
 class Mutation:
-    """The copy with all its changes, less those that do not compile."""
+    """The copy with all its changes, except those that do not compile."""
 
     def __init__(self, files, edits):
         self.files, self.edits = files, edits
@@ -238,9 +239,9 @@ class Mutation:
                 pathlib.Path(path).write_bytes(code)
 
     def drop_what_fails(self, output):
-        """Whether something could be taken out for what the compiler says."""
+        """Drops the changes that the compiler complains about. Returns whether it found any."""
         culprits, lines = set(), set()
-        blamed = False  # whether the last error has named its own place
+        blamed = False  # whether a change was found at the place of the last error
         for path, line, column, kind in DIAGNOSTIC.findall(output):
             path, line = os.path.normpath(BUILD / path), int(line)
             if kind != "note":

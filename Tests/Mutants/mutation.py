@@ -1,17 +1,17 @@
-"""Finds the places where a small change of the code is tried, and writes the code with all of them.
+"""Finds the places in the code where a small change can be tried, and writes code with all changes.
 
-Every change has a number, and the program learns when it runs which one to be:
-`a < b` becomes `(isMutant(7) ? a <= b : a < b)`. So one build serves them all.
+Every change has a number, and the program learns at run time which change it has to make:
+`a < b` becomes `(isMutant(7) ? a <= b : a < b)`. So one build serves all changes.
 
 Not changed:
 - logs and assertions: no user meets them
 - `reserve` and `squeeze`: without them the outcome is the same, only slower
-- what only the compiler computes: labels of a switch, enumerators, static assertions, arguments of
-  templates
+- values that only the compiler computes: labels of a switch, enumerators, static assertions,
+  arguments of templates
 - the step of a loop: the loop would never end, which every test notices
-- the order of what the least or the greatest is taken of
-- a range from its end to its beginning: every test falls over it
-- what a macro expands to: that text is not ours
+- the order of the arguments of `min` and `max`: the outcome is the same
+- the order of the two ends of a range: every test would fail
+- the text that a macro expands to: it is not ours
 """
 
 import bisect
@@ -21,12 +21,13 @@ import re
 from clang import cindex
 from clang.cindex import CursorKind, TypeKind
 
-# A change of the code: what a person reads of it.
+# A change of the code, as a person reads it.
 Mutant = collections.namedtuple("Mutant", "path line offset before after")
-# How the copy differs at one stretch of a file. A mutant of `None` is in every run: the constant
-# at `span` is computed when the program starts, so that it can be changed.
+# A difference of the copy at one stretch of a file. An edit without a mutant is part of every run:
+# it makes the program compute the constant at `span` at its start, so that the constant can be
+# changed.
 Edit = collections.namedtuple("Edit", "path start end form at_run mutant after span")
-# The forms of an edit. Of two at one stretch, the later one is inside.
+# The forms of an edit. If two are at the same stretch, the later one in this list is inside.
 FORMS = ("rewritten", "removed", "negated", "either")
 
 FLIPPED = {
@@ -34,7 +35,7 @@ FLIPPED = {
     "==": ("!=",), "!=": ("==",), "&&": ("||",), "||": ("&&",),
 }
 ARITHMETIC = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&": "|", "|": "&"}
-# Where the order of what is added counts.
+# Types for which the order of a sum counts.
 SEQUENCE = re.compile(r"\bQ(String|ByteArray|Latin1String|Char|List)|\bbasic_string")
 
 QUIET = re.compile(
@@ -58,7 +59,7 @@ FUNCTIONS = {
 }
 CLASSES = {CursorKind.CLASS_DECL, CursorKind.STRUCT_DECL, CursorKind.CLASS_TEMPLATE}
 WRAPPERS = {CursorKind.UNEXPOSED_EXPR, CursorKind.UNARY_OPERATOR}
-# What holds statements, and where among its children they begin.
+# The kinds of nodes that hold statements, and the index of the child that is their first statement.
 BODIES = {
     CursorKind.COMPOUND_STMT: 0, CursorKind.IF_STMT: 1, CursorKind.CASE_STMT: 1,
     CursorKind.DEFAULT_STMT: 0, CursorKind.WHILE_STMT: 1, CursorKind.CXX_FOR_RANGE_STMT: -1,
@@ -80,7 +81,7 @@ def _is_number(cursor):
 
 
 def _plain(cursor):
-    """Without what the compiler wraps around it."""
+    """The expression inside the nodes that the compiler wraps around it."""
     while cursor.kind == CursorKind.UNEXPOSED_EXPR:
         children = list(cursor.get_children())
         if len(children) != 1 or _range(children[0]) != _range(cursor):
@@ -90,7 +91,7 @@ def _plain(cursor):
 
 
 def _operator(children, start, end, text):
-    """The operator between the two operands of an expression, and these."""
+    """The operator of an expression, and its two operands."""
     operands = sorted((child for child in children
                        if child.kind.is_expression() and _range(child)[0] < _range(child)[1]),
                       key=_range)
@@ -102,7 +103,7 @@ def _operator(children, start, end, text):
 
 
 class Reader:
-    """Goes through one file as the compiler understood it."""
+    """Reads one file as the compiler understood it."""
 
     def __init__(self, path, text):
         self.path, self.text = path, text
@@ -114,7 +115,7 @@ class Reader:
         return _in_one_line(self.text[start:end])
 
     def visit(self, cursor, at_run=False):
-        """`at_run`: in a function that the compiler may call, too."""
+        """`at_run` is true in code that the compiler may run, too."""
         start, end = _range(cursor)
         kind = cursor.kind
         if (kind in (CursorKind.STATIC_ASSERT, CursorKind.ENUM_DECL)
@@ -136,7 +137,8 @@ class Reader:
                 self.visit(child, at_run)
 
     def _add(self, form, whole, after, at_run, parts=()):
-        """`parts`: what stands there instead, where that is not the whole."""
+        """`parts` are the stretches to replace, with their new code, if the change is not one
+        stretch."""
         start, end = whole
         before = _in_one_line(self.text[start:end])
         line = bisect.bisect_right(self._lines, start) + 1
@@ -156,7 +158,7 @@ class Reader:
         return []
 
     def _read_statements(self, kind, children, at_run):
-        """A statement that asks for no answer can be left out."""
+        """A statement whose value is not used can be removed."""
         if kind not in BODIES:
             return
         for child in children[BODIES[kind]:]:
@@ -200,7 +202,7 @@ class Reader:
         return None
 
     def _read_truth(self, cursor, at_run):
-        """Unless its operator or its literal is turned round anyway."""
+        """Negates the expression, unless its operator or its literal is flipped anyway."""
         code = self.code(cursor)
         if code in (b"true", b"false") or code.startswith(b"!") or MACRO.match(code):
             return
@@ -208,7 +210,8 @@ class Reader:
             self._add("negated", _range(cursor), b"!(" + code + b")", at_run)
 
     def _is_comparison(self, cursor, start, end):
-        """Also if the compiler has wrapped it, as when it makes `!=` of an `==`."""
+        """Whether this is a comparison. The compiler may have wrapped it, for example to make `!=`
+        from `==`."""
         children = list(cursor.get_children())
         found = _operator(children, start, end, self.text)
         if found:
@@ -257,7 +260,7 @@ class Reader:
 
     @staticmethod
     def _next_number(digits, code):
-        """One more, in its own unit; twice as many where one would be lost in the rounding."""
+        """One more, in the same unit. Twice as many if one could be lost in the rounding."""
         unit = code[len(digits):]
         if re.fullmatch(rb"h|min|s|ms|us|ns", unit):
             return code + b" + 1" + unit
@@ -266,7 +269,7 @@ class Reader:
         return code + b" + 1"
 
     def _read_arguments(self, arguments, at_run):
-        """Two neighbours of one type can change places."""
+        """Two neighbouring arguments of one type can change places."""
         for left, right in zip(arguments, arguments[1:]):
             if not left or not right:
                 continue
@@ -312,14 +315,14 @@ def find(source, arguments, files):
 
 
 class _Site:
-    """The edits of one stretch and one form."""
+    """The edits of one form at one stretch."""
 
     def __init__(self, edits):
         self.edits = edits
         self.start, self.end, self.form = edits[0].start, edits[0].end, edits[0].form
 
     def around(self, numbers):
-        """What comes before and behind the code that stands there."""
+        """The code to put before and behind the original code."""
         edit = self.edits[0]
         test = b"isMutantAtRun(%d)" if edit.at_run else b"isMutant(%d)"
         tests = [test % numbers[edit.mutant] for edit in self.edits if edit.mutant]
@@ -333,8 +336,8 @@ class _Site:
 
 
 def render(text, edits, numbers):
-    """The text of a file with its edits, line by line as it was, and where each of them came to
-    stand: (start, end, edits)."""
+    """The text of a file with its edits, in which every line keeps its number, and the place of
+    each edit: (start, end, edits)."""
     groups = {}
     for edit in edits:
         groups.setdefault((edit.start, -edit.end, FORMS.index(edit.form)), []).append(edit)
@@ -358,7 +361,7 @@ def render(text, edits, numbers):
     for site in sites:
         close_until(site.start)
         if open_sites and site.end > open_sites[-1][0].end:
-            continue  # Half inside another one.
+            continue  # It overlaps the end of another one.
         put(text[position:site.start])
         position = site.start
         begun = length

@@ -1,4 +1,5 @@
-"""What is changed in a piece of code, and that the code with its changes still compiles."""
+"""The right changes are found in a piece of code, and the code with all of them compiles and
+runs."""
 
 import pathlib
 import subprocess
@@ -19,7 +20,7 @@ def edits_of(code):
 
 
 def changes(code):
-    """What would be read of each: before and after."""
+    """Each change as a person reads it: before and after."""
     mutants = dict.fromkeys(edit.mutant for edit in edits_of(code) if edit.mutant)
     return [f"{mutant.before} -> {mutant.after}" for mutant in mutants]
 
@@ -33,7 +34,7 @@ def rendered(code):
 
 
 def outputs(code, main):
-    """What a program prints for each of its changes; the first is the one without."""
+    """The output of a program without a change, and its output with each change."""
     text, numbers, _ = rendered(code)
     with tempfile.TemporaryDirectory() as folder:
         source = pathlib.Path(folder, "sample.cpp")
@@ -55,12 +56,12 @@ class Changes(unittest.TestCase):
     def test_an_equality_is_turned_round(self):
         self.assertEqual(changes("bool f(int a, int b) { return a == b; }"), ["a == b -> a != b"])
 
-    def test_a_comparison_of_a_class_is_one_too(self):
+    def test_a_comparison_of_objects_is_turned_round(self):
         code = "struct S { bool operator==(const S &) const; };"
         self.assertEqual(changes(code + "bool f(S a, S b) { return a != b; }"),
                          ["a != b -> a == b"])
 
-    def test_one_condition_of_two_is_as_good_as_both(self):
+    def test_an_and_becomes_an_or(self):
         self.assertEqual(changes("bool f(bool a, bool b) { return a && b; }"),
                          ["a && b -> a || b"])
 
@@ -91,11 +92,11 @@ class Changes(unittest.TestCase):
         code = "#include <chrono>\nusing namespace std::chrono_literals;\n"
         self.assertEqual(changes(code + "const auto a = 10min;"), ["10min -> 10min + 1min"])
 
-    def test_a_text_is_emptied_and_an_empty_one_filled(self):
+    def test_a_text_is_emptied_and_an_empty_text_is_filled(self):
         self.assertEqual(changes('const char *a = "x";'), ['"x" -> ""'])
         self.assertEqual(changes('const char *a = "";'), ['"" -> "mutant"'])
 
-    def test_a_text_in_two_parts_is_one(self):
+    def test_a_text_in_two_parts_is_changed_as_one(self):
         self.assertEqual(changes('const char16_t *a = u"x"\n    u"y";'), ['u"x" u"y" -> u""'])
 
     def test_a_call_is_removed(self):
@@ -111,17 +112,17 @@ class Changes(unittest.TestCase):
     def test_two_arguments_of_different_types_stay(self):
         self.assertEqual(changes("int g(int, char); int f(int a, char b) { return g(a, b); }"), [])
 
-    def test_the_order_of_the_least_stays(self):
+    def test_the_arguments_of_min_keep_their_order(self):
         code = "int min(int, int); int f(int a, int b) { return min(a, b); }"
         self.assertEqual(changes(code), [])
 
-    def test_logs_assertions_and_reserved_room_stay(self):
+    def test_logs_assertions_and_calls_of_reserve_stay(self):
         code = ("#define Q_ASSERT(x) ((void)(x))\n"
                 "struct S { void reserve(int); S &operator<<(int); }; S qWarning();\n")
         for statement in ("Q_ASSERT(a < b);", "s.reserve(a);", "qWarning() << a;"):
             self.assertEqual(changes(code + f"void f(S s, int a, int b) {{ {statement} }}"), [])
 
-    def test_what_only_the_compiler_computes_stays(self):
+    def test_values_that_only_the_compiler_computes_stay(self):
         for code in ("static_assert(1 < 2);", "enum E { A = 1 };",
                      "template <int> struct T; using U = T<1>;",
                      "void f(int a) { switch (a) { case 1: return; } }"):
@@ -133,20 +134,20 @@ class Changes(unittest.TestCase):
 
 
 class Rendering(unittest.TestCase):
-    def test_every_change_runs_by_its_number_and_alone(self):
+    def test_each_number_makes_one_change(self):
         unchanged, said = outputs("int f(int a, int b) { return a < b ? a + 10 : b; }",
                                   'int main() { std::printf("%d %d", f(1, 2), f(2, 2)); }')
         self.assertEqual(unchanged, "11 2")
         self.assertEqual(said, {"a < b -> a <= b": "11 12", "a < b -> a >= b": "2 12",
                                 "a + 10 -> a - 10": "-9 2", "10 -> 10 + 1": "12 2"})
 
-    def test_a_constant_of_the_compiler_can_be_changed(self):
+    def test_a_compile_time_constant_can_be_changed(self):
         code = "constexpr int a = 5; struct S { static constexpr int b = 7; };"
         unchanged, said = outputs(code, 'int main() { std::printf("%d %d", a, S::b); }')
         self.assertEqual(unchanged, "5 7")
         self.assertEqual(said, {"5 -> 5 + 1": "6 7", "7 -> 7 + 1": "5 8"})
 
-    def test_a_function_that_the_compiler_calls_can_be_changed_where_the_program_calls_it(self):
+    def test_a_constexpr_function_changes_only_for_calls_at_run_time(self):
         code = "constexpr int f(int a) { return a + 1; } static_assert(f(1) == 2);"
         unchanged, said = outputs(code, 'int main(int n, char **) { std::printf("%d", f(n)); }')
         self.assertEqual(unchanged, "2")

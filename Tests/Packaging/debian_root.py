@@ -8,36 +8,37 @@ import subprocess
 SYSTEM_PATH = "/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin"
 USER = "visitor"
 HOME = f"/home/{USER}"
-# What this machine's package lists come from, and how they are trusted and reached.
+# The files by which this machine finds, trusts and reaches the sources of its packages.
 OF_THIS_MACHINE = (
     "/etc/apt", "/usr/share/keyrings", "/usr/local/share/ca-certificates", "/etc/ssl/certs",
     "/etc/resolv.conf", "/etc/hosts",
 )
-# What the kernel shows, what everybody may write, what is the users' own, and what is made anew by
-# whoever needs it, such as the index of all manuals.
+# The kernel's folders, folders that everybody may write to, the users' own folders, and caches that
+# programs make again, such as the index of all manuals.
 NOT_COMPARED = ("/dev", "/proc", "/sys", "/tmp", "/home", "/root", "/var/cache")
 LAST_LINES = 30
 
 
 class RootError(Exception):
-    """A command in the root that failed, with what it said last."""
+    """A command in the root failed. The message holds the last lines of its output."""
 
 
 class DebianRoot:
-    """Whoever makes one is in namespaces of its own: the mounts and processes end with it."""
+    """The caller has to be in namespaces of its own, so that the mounts and processes end with
+    it."""
 
     def __init__(self, folder):
         self.folder = pathlib.Path(folder).resolve()
 
     def create(self):
-        """The least Debian of this machine's release, with an ordinary user."""
+        """Makes a minimal Debian of this machine's release, with an ordinary user."""
         run(["rm", "--recursive", "--force", "--one-file-system", self.folder])
         self.folder.mkdir(parents=True)
         run(["debootstrap", "--variant=minbase", "--include=ca-certificates", release(),
              self.folder, *mirror()])
         for path in OF_THIS_MACHINE:
             self._copy_of_this_machine(path)
-        # Nothing that is installed starts a service here.
+        # Keeps installed packages from starting services.
         self.write("/usr/sbin/policy-rc.d", "#!/bin/sh\nexit 101\n").chmod(0o755)
         self._mount()
         self.run("apt-get", "--quiet", "update")
@@ -51,7 +52,7 @@ class DebianRoot:
         return self.path(inside)
 
     def run(self, *command):
-        """As root, to its end; returns what it printed."""
+        """Runs a command as root, waits for its end and returns its output."""
         return run(["chroot", self.folder, "env", "-i", f"PATH={SYSTEM_PATH}", "LC_ALL=C.UTF-8",
                     "DEBIAN_FRONTEND=noninteractive", "HOME=/root", *command])
 
@@ -64,7 +65,7 @@ class DebianRoot:
         return self.run("apt-get", "--quiet", "--yes", "--no-install-recommends", *arguments)
 
     def files(self):
-        """The paths of everything that packages may have put there."""
+        """The paths of all files and folders that packages may have put there."""
         found = set()
         for folder, folders, names in os.walk(self.folder):
             inside = "/" / pathlib.Path(folder).relative_to(self.folder)
@@ -82,7 +83,7 @@ class DebianRoot:
             shutil.copyfile(source, target)
 
     def _mount(self):
-        # Order: the root first, which whoever makes a namespace in it has to find mounted.
+        # Order: the root first. A program can make a namespace in it only if the root is a mount.
         run(["mount", "--bind", self.folder, self.folder])
         run(["mount", "-t", "proc", "proc", self.path("/proc")])
         for name in ("/sys", "/dev"):
@@ -102,14 +103,15 @@ def run(command):
 
 
 def release():
-    """Of this machine, which is what its packages are built for."""
+    """The release of this machine. Its packages are built for it."""
     lines = pathlib.Path("/etc/os-release").read_text(encoding="utf-8").splitlines()
     fields = dict(line.split("=", maxsplit=1) for line in lines if "=" in line)
     return fields["VERSION_CODENAME"].strip('"')
 
 
 def mirror():
-    """Where this machine's package lists say that the release is; else debootstrap's own choice."""
+    """The mirror of the release in this machine's package lists. If empty, debootstrap chooses
+    one."""
     addresses = run(["apt-get", "indextargets", "--format", "$(REPO_URI)",
                      "Created-By: Packages", f"Codename: {release()}", "Component: main"])
     return addresses.split()[:1]

@@ -1,4 +1,4 @@
-"""The options and commands that the built program says it takes."""
+"""The options and commands that the built program lists in its help."""
 
 import functools
 import os
@@ -33,7 +33,8 @@ def commands():
 
 
 def options(*command):
-    """Of the program, or of a command: each name with the word for its value, or with nothing."""
+    """The options of the program or of a command. Each name has the word for its value, or an empty
+    text."""
     found = {}
     for short, long, value in OPTION.findall(help_text(*command)):
         found.update({name: value for name in (short, long) if name})
@@ -41,5 +42,5 @@ def options(*command):
 
 
 def pages():
-    """The arguments that lead to each text of help."""
+    """The arguments of each help text, without `--help`."""
     return [(), *((command,) for command in commands())]

@@ -1,10 +1,9 @@
 """Installs the Debian package in a fresh Debian, uses it, and purges it again.
 
 usage: package_root.py PACKAGE ROOT [PACKAGE OF THE TESTS ...]
-Only as root. ROOT is a folder that is made anew and left for whoever wants to look into it. Ends
-with status 0 only if the program did all that was asked of it, once with nothing but what apt
-installs for it and once on a whole tour, and if no file was there after the purge that was not
-there before.
+Needs root. The folder ROOT is made anew, and stays for inspection. The program is used twice: with
+only the packages that apt installs for it, and on a whole tour. Ends with status 0 only if both
+succeed, and if each purge leaves exactly the files that were there before.
 """
 
 import contextlib
@@ -22,7 +21,7 @@ NAMESPACES = ["unshare", "--mount", "--propagation", "private", "--pid", "--fork
 
 
 class Package:
-    """The package that is tried, as a file in the root."""
+    """The package to try, as a file in the root."""
 
     def __init__(self, root, file):
         self._root = root
@@ -33,14 +32,15 @@ class Package:
         )
 
     def install_dependencies(self):
-        """What apt would install for it, without the package itself."""
+        """Installs the packages that apt would install for it, without the package itself."""
         plan = self._root.apt("install", "--simulate", self._file).splitlines()
         names = [line.split()[1] for line in plan if line.startswith("Inst ")]
         self._root.apt("install", *(name for name in names if name != self.name))
 
     @contextlib.contextmanager
     def installed(self):
-        """Beside its dependencies; afterwards the root has the files that it had before."""
+        """Installs the package, and purges it afterwards. Fails if the files then differ from those
+        before."""
         before = self._root.files()
         said = self._root.apt("install", self._file)
         if "0 upgraded, 1 newly installed, 0 to remove" not in said:
@@ -56,7 +56,7 @@ class Package:
 
 
 def use_alone(root, package):
-    """By an ordinary user, in a terminal."""
+    """Uses the program in a terminal, as an ordinary user."""
     printed = root.run_as_user("quorvel", "--version")
     print(printed.strip())
     if package.version not in printed.split():
@@ -66,7 +66,8 @@ def use_alone(root, package):
 
 
 def take_the_tour(root):
-    """As root: in a changed root, nobody else may make the namespaces that the district needs."""
+    """Takes the tour as root: in a changed root, nobody else may make the namespaces of the
+    district."""
     shutil.copytree(TESTS, root.path("/tmp/Tests"), ignore=shutil.ignore_patterns("__pycache__"))
     print(root.run("/usr/bin/python3", "-B", "/tmp/Tests/Tour/tour.py",
                    "/usr/bin/quorvel", "/tmp/tour").strip(), flush=True)

@@ -1,4 +1,4 @@
-"""What the shells offer behind a line that somebody is typing."""
+"""The completions that each shell offers for a typed line."""
 
 import os
 import pathlib
@@ -13,7 +13,7 @@ from patience import PATIENCE_SECONDS
 
 COMPLETIONS = pathlib.Path(os.environ["QUORVEL_COMPLETIONS"])
 HERE = pathlib.Path(__file__).parent
-# Bash takes a "=" for a word, and hands a file to the last word alone.
+# Bash counts a "=" as a word of its own, and completes only the word behind it.
 BASH_WORD = re.compile(r"=|[^\s=]+")
 
 
@@ -35,7 +35,7 @@ def fish(line, folder):
 
 
 def zsh(line, folder):
-    """Only a shell with a terminal completes, so it gets one."""
+    """zsh completes only in a terminal, so it gets one."""
     with tempfile.TemporaryDirectory(prefix="quorvel-zsh-") as settings:
         settings = pathlib.Path(settings)
         shutil.copy(HERE / "tell_completions.zsh", settings / ".zshrc")
@@ -52,7 +52,7 @@ SHELLS = {"bash": bash, "zsh": zsh, "fish": fish}
 
 
 def offered(shell, line, folder=HERE):
-    """The words, those that begin as the last one does, without the name of their option."""
+    """The offered words, without the name of their option."""
     words = SHELLS[shell](line, folder)
     last = line.split(" ")[-1]
     option, equals, _ = last.partition("=")

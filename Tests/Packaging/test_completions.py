@@ -1,4 +1,4 @@
-"""Every shell offers what the program takes, and nothing else."""
+"""Every shell offers exactly the words that the program accepts."""
 
 import pathlib
 import tempfile
@@ -14,7 +14,7 @@ TYPED = (("history", "--since"), ("check-in", "--cafe"), ("check-in", "--note"))
 
 
 class CompletionCase:
-    """The same for each shell."""
+    """The tests that every shell has to pass."""
 
     shell = None
 
@@ -47,7 +47,7 @@ class CompletionCase:
         self.assert_offers("quorvel export --format=c", {"csv"})
         self.assert_offers("quorvel check-in --noise=", SCORES)
 
-    def test_nothing_is_offered_for_what_only_a_person_knows(self):
+    def test_nothing_is_offered_for_a_value_that_only_a_person_knows(self):
         for command, option in TYPED:
             self.assert_offers(f"quorvel {command} {option} ", set())
 

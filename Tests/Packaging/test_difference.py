@@ -1,4 +1,4 @@
-"""Two packages that are not the same are told apart, file by file."""
+"""The comparison of two packages names every file that differs."""
 
 import pathlib
 import subprocess
@@ -55,12 +55,12 @@ class DifferenceTest(unittest.TestCase):
         [line] = differences(package, other)
         self.assertIn("./usr/two: absent, ", line)
 
-    def test_who_may_do_what_with_a_file_is_compared(self):
+    def test_the_mode_of_a_file_is_compared(self):
         package = self.package("a", {"usr/one": "1"})
         other = self.package("b", {"usr/one": "1"}, mode=0o755)
         self.assertIn("./usr/one:", self.names(package, other))
 
-    def test_what_is_told_of_the_package_is_compared(self):
+    def test_the_description_of_the_package_is_compared(self):
         package = self.package("a", {"usr/one": "1"})
         other = self.package("b", {"usr/one": "1"}, control=CONTROL.replace("all", "any"))
         self.assertEqual(self.names(package, other), ["./control:"])

@@ -1,4 +1,4 @@
-"""What is installed lies where others look for it, and runs from there."""
+"""The installed files lie where other programs look for them, and the program runs from there."""
 
 import configparser
 import os
@@ -45,7 +45,7 @@ def cmake(*arguments, **variables):
 
 
 def entry(path):
-    """A desktop entry or service file, its keys as they are written."""
+    """Reads a desktop entry or a service file. Its keys keep their case."""
     parser = configparser.ConfigParser(interpolation=None)
     parser.optionxform = str
     parser.read_string(path.read_text())
@@ -79,7 +79,7 @@ class InstallationTest(unittest.TestCase):
             text=True, timeout=PATIENCE_SECONDS, check=True,
         ).stdout
 
-    def test_each_file_is_where_it_is_looked_for(self):
+    def test_each_file_is_in_the_folder_where_others_look_for_it(self):
         found = {str(path.relative_to(self.share))
                  for path in self.share.rglob("*") if path.is_file()}
         self.assertEqual(found, SHARED)
@@ -102,14 +102,14 @@ class InstallationTest(unittest.TestCase):
         self.assertEqual(options, ["--background"])
         self.assertTrue(os.access(program, os.X_OK))
 
-    def test_a_prefix_that_is_staged_is_named_without_its_stage(self):
+    def test_a_staged_installation_names_the_prefix_without_its_stage(self):
         stage = self.folder / "stage"
         cmake("-DCMAKE_INSTALL_PREFIX=/usr", "-P", BUILD / "Packaging" / "cmake_install.cmake",
               DESTDIR=str(stage))
         service = entry(stage / f"usr/share/dbus-1/services/{ID}.service")["D-BUS Service"]
         self.assertEqual(service["Exec"], "/usr/bin/quorvel --background")
 
-    def test_the_entry_has_the_bus_start_it_and_offers_its_actions(self):
+    def test_the_desktop_entry_uses_the_bus_and_offers_its_actions(self):
         desktop = entry(self.share / f"applications/{ID}.desktop")
         self.assertEqual(desktop["Desktop Entry"]["DBusActivatable"], "true")
         self.assertEqual(desktop["Desktop Entry"]["Actions"], ";".join([*ACTIONS, ""]))
@@ -128,7 +128,7 @@ class InstallationTest(unittest.TestCase):
         self.assertEqual(root.get("viewBox"), "0 0 16 16")
         fills = [shape.get("fill") for shape in root.iter() if shape.get("fill")]
         self.assertEqual(len(set(fills)), 1)
-        # A desktop replaces what is filled, and nothing else.
+        # A desktop replaces only the colours of fills.
         for other in ("stroke", "opacity", "style", "Gradient", "<image"):
             self.assertNotIn(other, path.read_text())
 
@@ -139,7 +139,7 @@ class InstallationTest(unittest.TestCase):
         offered = self.output("fish", "-c", "complete -C 'quorvel loc'")
         self.assertRegex(offered, "^locate\t")
 
-    def test_zsh_knows_the_completions_for_its_own(self):
+    def test_the_file_for_zsh_names_its_command(self):
         first = (self.share / "zsh/site-functions/_quorvel").read_text().splitlines()[0]
         self.assertTrue(re.fullmatch("#compdef quorvel", first))
 

@@ -1,4 +1,4 @@
-"""The manual page is clean, and says what the program says of itself."""
+"""The manual page has no faults, and agrees with the program's help."""
 
 import os
 import pathlib
@@ -21,13 +21,13 @@ NAME = re.compile(r"(?<![\w-])--?[a-z][a-z-]*")
 
 
 def split(pattern, text):
-    """What stands behind each match of the pattern, by the pattern's group."""
+    """The text behind each match of the pattern, by the group of the match."""
     _, *parts = pattern.split(text)
     return dict(zip(parts[::2], parts[1::2]))
 
 
 def tagged_options(text):
-    """Each name with the word for its value, as the help has them."""
+    """The options of the page. Each name has the word for its value, as in the help."""
     found = {}
     for line in TAGGED.findall(text):
         value = re.search(r"\b[A-Z]+\b", line)
@@ -42,7 +42,7 @@ class ManualTest(unittest.TestCase):
         cls.sections = split(SECTION, cls.text)
         cls.commands = split(COMMAND, cls.sections["COMMANDS"])
 
-    def test_two_formatters_find_nothing_to_say(self):
+    def test_two_formatters_find_no_fault(self):
         for command in (
             ["man", "--warnings", "--local-file", "--troff-device=utf8", "--ditroff", PAGE],
             ["mandoc", "-T", "lint", "-W", "all", PAGE],
@@ -72,7 +72,7 @@ class ManualTest(unittest.TestCase):
             expected = set(help_texts.options(command)) - {"--help"}
             self.assertEqual(set(NAME.findall(synopses[command])), expected, command)
 
-    def test_its_examples_have_only_options_that_there_are(self):
+    def test_its_examples_use_only_existing_options(self):
         examples = EXAMPLE.findall(self.sections["EXAMPLES"])
         self.assertTrue(examples)
         for command, arguments in examples:
@@ -84,7 +84,7 @@ class ManualTest(unittest.TestCase):
             TAGGED.findall(self.sections["EXIT STATUS"]), re.findall(r"^\| (\d+) \|", page, re.M)
         )
 
-    def test_it_is_of_this_version(self):
+    def test_it_names_this_version(self):
         self.assertIn(f'"Quorvel {help_texts.version()}"', self.text.splitlines()[0])
 
     def test_it_names_the_sources_of_the_data(self):
@@ -93,7 +93,7 @@ class ManualTest(unittest.TestCase):
 
 
 class MetainfoTest(unittest.TestCase):
-    """What software centres show."""
+    """The texts that software centres show."""
 
     def setUp(self):
         self.text = (SOURCE / "Packaging" / "com.zantho.quorvel.metainfo.xml").read_text()

@@ -1,4 +1,4 @@
-"""What `cmake --install` leaves where, and that the program runs from there."""
+"""`cmake --install` puts each file in its place, and the program runs from there."""
 
 import os
 import pathlib
@@ -14,7 +14,7 @@ from private_home import private_home
 BUILD = os.environ["QUORVEL_BUILD"]
 CMAKE = os.environ["QUORVEL_CMAKE"]
 VERSION = os.environ["QUORVEL_VERSION"]
-# Of nobody: what is installed for it goes elsewhere.
+# This prefix does not exist: DESTDIR sends its files elsewhere.
 PREFIX = "/quorvel-of-this-test"
 PROGRAM = "bin/quorvel"
 LIBRARY = "lib/quorvel/libquorvel.so"
@@ -70,7 +70,7 @@ class PrefixTest(InstallCase):
     def test_the_program_runs_from_there(self):
         self.assert_runs(self.place)
 
-    def test_it_runs_from_wherever_it_is_moved(self):
+    def test_the_program_runs_after_a_move(self):
         moved = self.place.rename(self.folder / "moved")
         self.assert_runs(moved)
 
@@ -96,7 +96,7 @@ class PrefixTest(InstallCase):
 
 
 class ModesTest(InstallCase):
-    def test_everybody_may_use_the_files_however_strict_their_installer_is(self):
+    def test_everybody_may_use_the_files_even_after_a_strict_umask(self):
         self.install(self.place, umask=0o077)
         for name in self.files(self.place):
             with self.subTest(name):

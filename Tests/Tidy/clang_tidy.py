@@ -1,11 +1,11 @@
-"""Runs clang-tidy over the compiled files of a build folder, each room's together and once
-until one of them changes.
+"""Runs clang-tidy over the compiled files of a build folder, in batches. A batch that passed is not
+read again until something in it changes.
 
-Most of the time goes into what the files include, which is nearly the same for all of a room: a
-batch of them is read as one. Two files of one batch may not give different things the same name,
-even to themselves: such a batch is read target by target instead. A batch counts as the same
-while its files, the headers that they were built from, their compiler flags and the checks are
-the same, byte for byte.
+Most of the time goes into included files, which are nearly the same for all files of a layer: so a
+batch of files is read as one. If two files of a batch give the same name to different things, even
+to private ones, the batch is read again target by target. A batch counts as unchanged while its
+files, the headers that they include, their compiler flags and the checks are the same, byte for
+byte.
 """
 
 import concurrent.futures
@@ -20,10 +20,11 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 CHECKS = ROOT / ".clang-tidy"
-# More at once would leave one processor with nothing to do at the end.
+# Larger batches would leave a processor idle at the end.
 BATCH = 12
 PRECOMPILED = re.compile(r" -Winvalid-pch| -Xclang \S+")
-# Following each function on its own finds what is worth it here, in half of the time.
+# The shallow mode follows each function on its own. It finds what matters here, in half of the
+# time.
 SHALLOW = [
     f"--extra-arg={word}"
     for word in ("-Xclang", "-analyzer-config", "-Xclang", "mode=shallow")
@@ -39,8 +40,8 @@ def is_test(command):
 
 
 def project_commands(build):
-    """The compile commands of what the tree ships and measures, not of generated files. Tests are
-    compiled with every warning; linting them too would double the time."""
+    """The compile commands of the files that the tree ships or measures, without generated files.
+    Tests are compiled with every warning, and reading them too would double the time."""
     commands = json.loads((build / "compile_commands.json").read_text())
     return {
         command["file"]: command
@@ -50,8 +51,8 @@ def project_commands(build):
 
 
 def room_of(command):
-    """What is read together: a folder of the root, as far as its files mean the same by Qt's
-    words. Each benchmark has a main of its own."""
+    """The group of files that can be read together: a folder of the root, divided by whether Qt's
+    keywords are off. Each benchmark has its own main, so that it is read alone."""
     room = pathlib.Path(command["file"]).relative_to(ROOT).parts[0]
     if room == "Benchmarks":
         return target_of(command)
@@ -70,7 +71,7 @@ def grouped(commands, key):
 
 
 def batches(commands):
-    """The commands of each room, at most so many at once, as even as can be."""
+    """The commands of each group, in parts of at most BATCH files and nearly equal size."""
     parts = []
     for group in grouped((command for _, command in sorted(commands.items())), room_of):
         count = -(-len(group) // BATCH)
@@ -80,8 +81,8 @@ def batches(commands):
 
 
 def flags_of(command):
-    """Without the compiler, its cache, the precompiled headers, and what names the one file; a
-    folder stays with the word before it."""
+    """The flags of a command, without the compiler, its cache, the precompiled headers, and the
+    names of the file. `-isystem` stays with its folder."""
     words = shlex.split(
         PRECOMPILED.sub("", command["command"]).replace("-isystem ", "-isystem"))
     first = next(i for i, word in enumerate(words) if word.startswith("-"))
@@ -91,12 +92,12 @@ def flags_of(command):
 
 
 def flags_of_all(batch):
-    """Each once, in the order of their first use."""
+    """The flags of all commands, each once, in the order of their first use."""
     return list(dict.fromkeys(word for command in batch for word in flags_of(command)))
 
 
 def headers_by_object(build):
-    """What ninja knows: each object's own headers, as far as they lie in the tree."""
+    """The headers of this tree that each object includes, as ninja knows them."""
     listing = subprocess.run(
         ["ninja", "-C", build, "-t", "deps"], capture_output=True, text=True, check=True
     ).stdout
@@ -128,7 +129,7 @@ def fingerprint(batch, headers):
 
 
 def complaint_about(batch, unity):
-    """What clang-tidy says against the batch, or nothing."""
+    """Returns clang-tidy's complaint about the batch, or nothing."""
     unity.write_text("".join(f'#include "{command["file"]}" // NOLINT\n' for command in batch))
     finished = subprocess.run(
         ["clang-tidy", "--quiet", f"--config-file={CHECKS}", *SHALLOW, unity,
@@ -136,13 +137,13 @@ def complaint_about(batch, unity):
         cwd=batch[0]["directory"], capture_output=True, text=True, check=False,
     )
     unity.unlink()
-    # A configuration that it cannot read is no failure to clang-tidy: it goes on without.
+    # clang-tidy does not fail if it cannot read its configuration: it goes on without one.
     unread = ".clang-tidy:" in finished.stderr
     return finished.stdout + finished.stderr if finished.returncode or unread else ""
 
 
 def check(batch, stamp):
-    """Returns what there is to change in the batch, or nothing, and remembers that."""
+    """Returns the complaint about the batch. If there is none, remembers that the batch passed."""
     unity = stamp.with_suffix(".cpp")
     complaint = complaint_about(batch, unity)
     targets = grouped(batch, target_of)

@@ -1,4 +1,4 @@
-"""The shape of C++, QML and Python files."""
+"""Rules for the shape of C++, QML and Python files."""
 
 import ast
 import re
@@ -38,7 +38,8 @@ AWAIT_BANNED = r"\b(waitFor|sleepUntil)\b"
 
 
 def headers_have_one_shape(tree):
-    """#pragma once first; in the product namespace quorvel, and a name that says what is inside."""
+    """A header begins with #pragma once. In the product, it declares its own name in namespace
+    quorvel."""
     for source in tree.sources:
         if not source.is_header():
             continue
@@ -69,14 +70,14 @@ def includes_name_files_from_the_root(tree):
 
 
 def product_has_one_build(tree):
-    """No conditional compilation: not by system, and not for tests."""
+    """The product has no conditional compilation, neither by system nor for tests."""
     for source in tree.sources:
         if source.is_product() and source.is_cpp():
             yield from source.findings(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*", "one build for all")
 
 
 def borrowed_names_are_used(tree):
-    """A using-declaration brings in a name that its file goes on to use, or a constructor."""
+    """A file uses every name that a using-declaration brings in, except inherited constructors."""
     for source in tree.sources:
         if not source.is_cpp():
             continue
@@ -87,7 +88,7 @@ def borrowed_names_are_used(tree):
 
 
 def looks_live_in_the_design_system(tree):
-    """Colours and fonts are named in the design system and nowhere else."""
+    """Only the design system names colours and fonts."""
     for source in tree.sources:
         if not source.is_product() or source.is_under(DESIGN_SYSTEM):
             continue
@@ -97,7 +98,7 @@ def looks_live_in_the_design_system(tree):
 
 
 def awaits_stand_alone(tree):
-    """A statement with co_await is `[auto x =] co_await name` or `co_await f(names)`, no more."""
+    """A statement with co_await is only `[auto x =] co_await name` or `co_await f(names)`."""
     for source in tree.sources:
         if not source.is_cpp():
             continue
@@ -120,14 +121,14 @@ def product_has_no_locks(tree):
 
 
 def product_knows_no_test(tree):
-    """Nothing in the product is a test's friend."""
+    """No class of the product has a test as its friend."""
     for source in tree.sources:
         if source.is_product() and source.is_cpp():
             yield from source.findings(r"friend (class|struct) \w*Tests?\b", "a test's friend")
 
 
 def tests_do_not_sleep(tree):
-    """A test waits for what it expects, never for time."""
+    """A test waits for facts, never for time."""
     for source in test_sources(tree):
         if source.is_cpp():
             yield from source.findings(SLEEPS, "a sleep")
@@ -136,8 +137,8 @@ def tests_do_not_sleep(tree):
 
 
 def tests_measure_no_time(tree):
-    """How long something takes, only Benchmarks/ ask, and the search for mutants, which gives each
-    as long as the tests take without it."""
+    """Only Benchmarks/ measure time, and the search for mutants: its patience with a change depends
+    on how long the tests take without it."""
     for source in test_sources(tree):
         if source.is_cpp():
             yield from source.findings(CLOCKS, "measures time")
@@ -146,7 +147,7 @@ def tests_measure_no_time(tree):
 
 
 def tests_are_patient(tree):
-    """What the toolkit gives up on after five seconds, tests wait for as Patience.h says."""
+    """Tests wait as long as Patience.h says. The toolkit's own waits give up after five seconds."""
     for source in test_sources(tree):
         if not source.is_cpp():
             continue
@@ -157,13 +158,13 @@ def tests_are_patient(tree):
 
 
 def test_sources(tree):
-    """What waits in tests, but for the two files that say how."""
+    """The C++ and Python files of the tests, except the two that define how to wait."""
     return [source for source in tree.sources if source.is_under("Tests")
             and source.path not in PATIENCE and (source.is_cpp() or source.name.endswith(".py"))]
 
 
 def uses_of_time(source, names, message):
-    """Where a Python file uses one of those names of the module `time`, or imports it."""
+    """The places where a Python file uses or imports one of those names of the module `time`."""
     for node in ast.walk(ast.parse(source.text)):
         if isinstance(node, ast.Attribute) and ast.unparse(node.value) == "time":
             used = {node.attr}
@@ -176,7 +177,7 @@ def uses_of_time(source, names, message):
 
 
 def qml_binds_its_components(tree):
-    """Names inside a component are resolved when it is written, and have types."""
+    """Components bind the names inside them, and properties have types."""
     for source in tree.sources:
         if source.is_qml():
             if "pragma ComponentBehavior: Bound" not in source.code:
@@ -185,7 +186,7 @@ def qml_binds_its_components(tree):
 
 
 def qml_data_is_plain_text(tree):
-    """Only the design system makes texts: its own never read data as rich text."""
+    """Only the design system makes texts. Its texts never read data as rich text."""
     for source in tree.sources:
         if source.is_qml() and not source.is_under(DESIGN_SYSTEM):
             yield from source.findings(
@@ -194,7 +195,7 @@ def qml_data_is_plain_text(tree):
 
 
 def files_stay_readable(tree):
-    """A file that has grown past these lengths is two files."""
+    """A file that is longer than this has to be divided."""
     for source in tree.sources:
         limit = LONGEST.get(source.name[source.name.rfind("."):])
         lines = source.text.count("\n")

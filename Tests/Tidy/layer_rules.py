@@ -1,4 +1,4 @@
-"""Which room may see which, and what only Platform/ may touch."""
+"""Rules for includes between layers, and for the headers that only Platform/ may include."""
 
 import re
 
@@ -59,7 +59,7 @@ def includes_stay_below(tree):
 
 
 def platform_headers_stay_in_platform(tree):
-    """The system's services are reached through Platform/ alone."""
+    """Only Platform/ includes the headers of the system's services."""
     for source in tree.sources:
         if not source.is_product() or source.is_under("Platform"):
             continue
@@ -97,7 +97,7 @@ def picking_calls(tree):
 
 
 def fakes_stay_out_of_the_product(tree):
-    """What plays a facility in tests is included by tests alone."""
+    """Only tests include the fakes."""
     for source in tree.sources:
         if source.is_product() and not source.name.startswith("Fake"):
             for line, target in source.includes:
@@ -106,7 +106,7 @@ def fakes_stay_out_of_the_product(tree):
 
 
 def coroutine_library_has_one_door(tree):
-    """Task.h alone names the coroutine library."""
+    """Only Task.h names the coroutine library."""
     for source in tree.sources:
         if source.is_product() and source.is_cpp() and source.path != COROUTINES:
             yield from source.findings(r"\bQCoro\w*|\bqCoro\b", f"only {COROUTINES} names it")

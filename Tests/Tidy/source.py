@@ -37,7 +37,7 @@ class Source:
 
     @functools.cached_property
     def uncommented(self):
-        """The text with its comments blanked out, every line where it was."""
+        """The text with its comments blanked out. Every line keeps its number."""
         return _TOKENS.sub(lambda token: token[1] or _blank(token[2]), self.text)
 
     @functools.cached_property
@@ -71,15 +71,14 @@ class Source:
         return self.text.count("\n", 0, offset) + 1
 
     def findings(self, pattern, message, text=None):
-        """A finding for every match of the pattern; in the code, unless another text is given."""
+        """A finding for every match of the pattern, in the code or in the given text."""
         for match in re.finditer(pattern, self.code if text is None else text, re.MULTILINE):
             said = " ".join(match[0].split())
             yield Finding(self.path, self.line_at(match.start()), f"{message}: {said}")
 
 
 class Tree:
-    """All text files of the tree, and the names of the others. A rule that looks across files asks
-    this."""
+    """All text files of the tree, and the names of the others, for rules that look across files."""
 
     def __init__(self, texts, others=()):
         self.sources = [Source(path, text) for path, text in sorted(texts.items())]
@@ -97,7 +96,7 @@ class Tree:
 
     @functools.cached_property
     def live_backends(self):
-        """The classes that play a facility for real: final, on an interface of Platform/."""
+        """The live backends: the final classes that implement an interface of Platform/."""
         code = "\n".join(source.code for source in self.sources if source.is_under("Platform"))
         interfaces = set(re.findall(r"^class (\w+)(?: : public [\w, ]+)?\n\{", code, re.MULTILINE))
         players = re.findall(r"^class (\w+) final : public (\w+)", code, re.MULTILINE)

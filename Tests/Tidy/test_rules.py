@@ -1,4 +1,4 @@
-"""Every rule of the tree is shown a tree that breaks it and one that does not."""
+"""Every rule is tried on trees that break it, and on trees that do not."""
 
 import unittest
 
@@ -14,7 +14,7 @@ FACILITY = {
 }
 QML = "pragma ComponentBehavior: Bound\nimport QtQuick\n"
 
-# For each rule: trees with exactly one thing to find, then trees with none.
+# For each rule: trees with exactly one finding, then trees with none.
 SAMPLES = {
     "includes_stay_below": (
         [
@@ -389,7 +389,7 @@ class RulesTest(unittest.TestCase):
     def test_every_rule_has_samples(self):
         self.assertEqual({rule.__name__ for rule in RULES}, set(SAMPLES))
 
-    def test_each_rule_finds_what_breaks_it_and_nothing_else(self):
+    def test_each_rule_finds_its_violations_and_nothing_else(self):
         for rule in RULES:
             bad, good = SAMPLES[rule.__name__]
             for texts in bad:

@@ -11,7 +11,7 @@ VAGUE_FOLDERS = {"utils", "util", "helpers", "helper", "misc", "common", "manage
 MAP = "ARCHITECTURE.md"
 MAP_LINES = 150
 CODE = r"`[^`]*`"
-# The target of a link, or what is shown, unless that is elsewhere on the web.
+# The target of a link or of a picture, unless it is on the web.
 LINK = r"\]\((?!https?:)([^)\s]+)\)|\bsrc(?:set)?=\"(?!https?:)([^\"]+)\""
 MAPPED_LAYERS = ("Platform", "Core", "Services", "Features")
 
@@ -43,7 +43,7 @@ def files_end_in_one_newline(tree):
 
 
 def nothing_is_left_for_later(tree):
-    """What is to be done stands where work is planned, not in the code."""
+    """Open work is noted where work is planned, not in the code."""
     for source in tree.sources:
         yield from source.findings(MARKS, "a mark for later", source.text)
 
@@ -55,14 +55,14 @@ def the_tree_speaks_for_itself(tree):
 
 
 def folders_have_names_of_their_own(tree):
-    """A folder is named after what is in it."""
+    """A folder is named after its contents."""
     for path in sorted(tree.paths):
         if path.rpartition("/")[2].lower() in VAGUE_FOLDERS:
             yield Finding(path, 1, "a name that says nothing")
 
 
 def the_map_is_true(tree):
-    """Every path that ARCHITECTURE.md names exists, and the map stays one that is read."""
+    """Every path that ARCHITECTURE.md names exists, and the file stays short enough to be read."""
     for source in tree.sources:
         if source.path != MAP:
             continue
@@ -87,7 +87,7 @@ def the_map_is_complete(tree):
 
 
 def anchors_of(source):
-    """What a link may add behind “#”: the headings, as readers of the format name them."""
+    """The headings of a document, in the form in which a link names them behind “#”."""
     headings = re.findall(r"^#+ (.+)$", source.text, re.MULTILINE)
     return {re.sub(r"[^\w -]", "", heading.lower()).replace(" ", "-") for heading in headings}
 
@@ -101,7 +101,7 @@ def is_target(tree, path, anchor):
 
 
 def links_lead_somewhere(tree):
-    """What a document links to or shows exists in the tree, and so does the heading there."""
+    """The links and pictures of a document lead to existing files and headings."""
     for source in tree.sources:
         if not source.name.endswith(".md"):
             continue
@@ -115,7 +115,7 @@ def links_lead_somewhere(tree):
 
 
 def documents_name_what_exists(tree):
-    """A path into the tree that a document speaks of is there."""
+    """Every path of the tree that a document names exists."""
     tops = {folder for folder in tree.folders if "/" not in folder}
     for source in tree.sources:
         if not source.name.endswith(".md") or source.path == MAP:

@@ -12,7 +12,7 @@ RULES = [*layer_rules.RULES, *code_rules.RULES, *include_rules.RULES, *text_rule
 
 
 def findings_of(rule, tree):
-    """What the rule has to say, one line each."""
+    """The findings of the rule, one line each."""
     return [f"{path}:{line}: {message} ({rule.__name__})" for path, line, message in rule(tree)]
 
 

@@ -1,8 +1,8 @@
-"""The icon and its panel on the desktops that it lives on, for a person to look at.
+"""Takes pictures of the icon and its panel on several desktops, for a person to look at.
 
 usage: desktops.py PROGRAM FOLDER [DOCUMENTS]
-The folder gets one picture of each, and DOCUMENTS what they show of the one whose panel hangs under
-its icon. Ends with status 0 only if the panel opened on all of them.
+FOLDER gets one picture of each desktop. DOCUMENTS gets the part around the panel of the desktop
+whose panel hangs under its icon. Ends with status 0 only if the panel opened on all of them.
 """
 
 import pathlib

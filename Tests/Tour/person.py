@@ -1,4 +1,4 @@
-"""Somebody who uses the panel: reads the accessibility tree, and has a pointer and keys."""
+"""A user of the panel, who reads the accessibility tree and has a pointer and keys."""
 
 from accessible_program import AccessibleProgram
 
@@ -8,7 +8,7 @@ MOST_NOTCHES = 80
 
 
 class Person:
-    """Acts on what shows, by its name, as soon as it shows."""
+    """Uses each control by its name, as soon as it shows."""
 
     def __init__(self, desktop, program):
         self._desktop = desktop
@@ -24,7 +24,7 @@ class Person:
         return self._program.texts()
 
     def wait_for(self, name, role=None):
-        """The control of that name, once it shows."""
+        """Waits until the control with that name shows, and returns it."""
         what = f"“{name}” is seen"
         return self._desktop.wait_until(lambda: self._program.find(name, role), what)
 
@@ -36,17 +36,17 @@ class Person:
         self._desktop.wait_until(lambda: self._described(name) == description, what)
 
     def wait_for_words(self, name, words):
-        """Among those that describe the control of that name."""
+        """Waits until the description of the control with that name contains the words."""
         what = f"“{name}” is described with “{words}”"
         return self._desktop.wait_until(lambda: words in (self._described(name) or ""), what)
 
     def click(self, name, role=None, across=0.5):
-        """In the middle of its height, and that far across its width."""
+        """Clicks at half the height of the control, and that far across its width."""
         left, top, width, height = self._brought_into_view(name, role)
         self._desktop.click(round(left + width * across), round(top + height / 2))
 
     def focus(self, name, role=None):
-        """By keyboard alone: steps on until the focus is there."""
+        """Presses Tab until the control has the focus."""
         self.wait_for(name, role)
         self._desktop.wait_until(lambda: self._step_towards(name, role), f"“{name}” is focused")
 
@@ -57,7 +57,7 @@ class Person:
         self._desktop.type_text(text)
 
     def write(self, text, name, role="text"):
-        """Types into a field, until it reads like that."""
+        """Types the text into a field, and waits until the field contains it."""
         self.click(name, role)
         self.type(text)
         what = f"“{name}” reads “{text}”"
@@ -75,7 +75,8 @@ class Person:
         return False
 
     def _brought_into_view(self, name, role):
-        """Where the control is, once the wheel has brought it between the form's edges."""
+        """Turns the wheel until the control is between the form's edges. Returns the control's
+        box."""
         for _ in range(MOST_NOTCHES):
             box = self.wait_for(name, role).box()
             notches = self._notches_to(box, name)

@@ -1,8 +1,8 @@
-"""A visit from the first click to the stored check-in, with the program as it is shipped.
+"""A visit from the first click to the stored check-in, with the shipped program.
 
 usage: tour.py PROGRAM FOLDER
-On a virtual desktop in the district of cafés somebody clicks, types and reads. The folder gets a
-numbered picture of each step and a transcript. Ends with status 0 only if all was as expected.
+A user clicks, types and reads on a virtual desktop in the district of cafés. FOLDER gets a numbered
+picture of each step and a transcript. Ends with status 0 only if all was as expected.
 """
 
 import pathlib
@@ -34,7 +34,7 @@ SERVICES = ("org.xfce.Xfconf", "org.a11y.Bus")
 
 
 class Tour:
-    """The steps in their order; each has a title, and leaves a picture behind."""
+    """The steps in their order. Each has a title and leaves a picture."""
 
     def __init__(self, desktop, world, program, folder):
         self._desktop = desktop
@@ -70,7 +70,8 @@ class Tour:
     def _step(self, title, action):
         self._number += 1
         print(f"{self._number:2}. {title}", flush=True)
-        # What passes by cannot be waited for to stand still: its step returns the picture itself.
+        # A step that shows something only for a moment cannot wait for rest: it returns its own
+        # picture.
         picture = action() or self._desktop.settled_picture()
         picture.write_png(self._folder / f"{self._number:02}.png")
         with open(self._folder / "transcript.txt", "a", encoding="utf-8") as transcript:
@@ -218,7 +219,7 @@ class Tour:
         if self._process.status() != 0:
             raise NotSeen(f"the program did not end well\n{self._process.output()}")
 
-    # What is checked behind the program's back
+    # Checks of what the program does not show
 
     def _visits(self):
         store = self._desktop.data_home / "Quorvel" / "Quorvel.store"

@@ -1,4 +1,4 @@
-"""A program in the district that calls every service, and beats when it is told to."""
+"""A program in the district that calls every service, and beats when told to."""
 
 import os
 
@@ -10,7 +10,7 @@ OPEN_NETWORK = "Chợ Sớm Free"
 
 
 class Heartbeat:
-    """A context manager; the program ends with it, or before it when it fails."""
+    """A context manager. The program ends with it, or before it if it fails."""
 
     def __init__(self, world, program):
         self._world = world
@@ -30,7 +30,7 @@ class Heartbeat:
         return self._process.output().splitlines()
 
     def ask_all(self):
-        """Returns once each service is at its answer."""
+        """Calls every service. Returns once each has been asked."""
         world = self._world
         self._tell("ask")
         self._wait_for(lambda: world.location.requests and world.places.requests
@@ -38,12 +38,12 @@ class Heartbeat:
                        "every service is asked")
 
     def join(self):
-        """Returns once the network service is at its answer."""
+        """Joins a network. Returns once the network service has been asked."""
         self._tell(f"join {OPEN_NETWORK}")
         self._wait_for(self._world.wifi.count_waiting, "the network service is asked")
 
     def beat(self):
-        """Returns once the main loop has turned."""
+        """Asks for a beat. Returns once the main loop has turned."""
         before = self.said().count("beat")
         self._tell("beat")
         self._wait_for(lambda: self.said().count("beat") > before, "the main loop turns")

@@ -1,4 +1,4 @@
-"""The main loop goes on while every service keeps it waiting."""
+"""The main loop goes on while every service is slow."""
 
 import os
 import unittest
@@ -11,7 +11,7 @@ HEARTBEAT = os.environ["QUORVEL_HEARTBEAT"]
 
 
 class HeartbeatTest(unittest.TestCase):
-    """The answers come only after the beat: a call that blocked would end neither."""
+    """The answers come only after the beat: with a blocking call, neither would come."""
 
     def setUp(self):
         self.world = self.enterContext(World())

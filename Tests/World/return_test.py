@@ -1,4 +1,5 @@
-"""What was away comes back while the panel says so: the panel mends by itself, and once."""
+"""A network, a service or the machine comes back while the panel lacks something. The panel looks
+again by itself, and once."""
 
 import os
 import sys
@@ -21,7 +22,7 @@ LOGIN_MANAGER = [sys.executable, "-B", "-m", "dbusmock", "--system", "--template
 
 
 class Seat:
-    """A desktop in a district of its own, for the panel to open on."""
+    """A desktop in a district of its own, on which the panel opens."""
 
     def __init__(self, case):
         self._case = case
@@ -29,7 +30,7 @@ class Seat:
         self.world = case.enterContext(World(self.desktop))
 
     def open_panel(self, seen):
-        """Where there is no tray, it opens by itself."""
+        """Starts the program. It opens the panel by itself, because there is no tray."""
         program = self.desktop.start_program(PROGRAM, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self.desktop.wait_for_focused_window("Quorvel")
         self._window = AccessibleProgram(self.desktop.bus_address, program.pid)
@@ -79,7 +80,7 @@ class ReturnTest(unittest.TestCase):
         self.seat.wait_for(NEAREST)
         self.assertEqual(len(self.world.places.requests), 1)
 
-    def test_a_second_failure_is_not_tried_again(self):
+    def test_the_panel_does_not_look_again_after_a_second_failure(self):
         self.world.wifi.fail("no network")
         self.world.places.fail(500)
         self.seat.open_panel(NO_CAFE)
@@ -105,7 +106,7 @@ class ReturnTest(unittest.TestCase):
         self.let_a_return_settle()
         self.assertEqual(len(self.world.places.requests), asked)
 
-    def test_a_result_that_is_whole_is_left_alone(self):
+    def test_a_complete_result_is_not_loaded_again(self):
         self.seat.open_panel(NEAREST)
         self.seat.wait_for("31°")
         self.world.wifi.fail("no network")
@@ -126,8 +127,8 @@ class ReturnTest(unittest.TestCase):
         )
 
     def let_a_return_settle(self):
-        """A return in another district, which begins only now and is followed by a look there:
-        whatever follows what was returned before has come by then."""
+        """Plays a return and the look after it in another district. They begin only now, so that
+        everything that follows an earlier return has happened at their end."""
         elsewhere = Seat(self)
         elsewhere.world.wifi.fail("no network")
         elsewhere.world.places.vanish()

@@ -1,7 +1,7 @@
-"""A password that the program handles is seen nowhere but where it belongs.
+"""A password that the program handles appears only where it belongs.
 
-The radio that the district plays is left out of the search: its process stands for a service that
-is meant to know the password, and tells of every call.
+The search leaves out the log of the district's radio. That process plays a service that has to know
+the password, and it logs every call.
 """
 
 import os
@@ -17,7 +17,7 @@ from world import World
 SENSE = os.environ["QUORVEL_SENSE"]
 NETWORK = "Sân Trong"
 TEMPORARY = pathlib.Path("/tmp")
-# How often a join is looked at while it goes on.
+# The number of looks at the processes while a join is held.
 LOOKS = 6
 LARGEST_BYTES = 10_000_000
 RADIO_LOG = "wifi.log"
@@ -34,7 +34,7 @@ class SecretsTest(unittest.TestCase):
         self.seen = []
 
     def join(self, status=0, is_held=False):
-        """Joins with the password, and watches every process of the district meanwhile."""
+        """Joins with the password, and meanwhile watches every process of the district."""
         reading, writing = os.pipe()
         os.write(writing, f"{self.password}\n".encode())
         os.close(writing)
@@ -59,7 +59,7 @@ class SecretsTest(unittest.TestCase):
         return not process.is_running()
 
     def processes_now(self):
-        """The arguments and the environment of whatever runs in the district."""
+        """The arguments and the environments of all processes in the district."""
         mark = str(self.world.folder).encode()
         texts = []
         for pid in running_pids():
@@ -69,7 +69,7 @@ class SecretsTest(unittest.TestCase):
         return b"\0".join(texts)
 
     def files(self):
-        """Every file of the district, and each that has come or changed beside it."""
+        """Every file of the district or of /tmp that is new or has changed."""
         found = {*files_under(self.world.folder), *files_under(TEMPORARY, levels=2)}
         return [path for path in found if path.name != RADIO_LOG and self.is_recent(path)]
 
@@ -81,7 +81,7 @@ class SecretsTest(unittest.TestCase):
         return path.is_file() and status.st_mtime > self.begun and status.st_size < LARGEST_BYTES
 
     def places_of(self, text):
-        """Where the text is to be read, in either of the encodings that programs use."""
+        """The places that contain the text, in one of the two encodings that programs use."""
         forms = [text.encode(), text.encode("utf-16-le")]
         found = [str(path) for path in self.files() if any(form in read(path) for form in forms)]
         if any(form in moment for moment in self.seen for form in forms):
@@ -92,7 +92,7 @@ class SecretsTest(unittest.TestCase):
         core = self.password.split()[-1]
         self.assertEqual(self.places_of(core), [])
 
-    def test_a_join_that_succeeds_shows_it_nowhere(self):
+    def test_a_successful_join_does_not_reveal_the_password(self):
         self.world.wifi.slow(PATIENCE_SECONDS)
         output = self.join(is_held=True)
         self.assertIn("join: done", output)
@@ -100,7 +100,7 @@ class SecretsTest(unittest.TestCase):
         self.assertIn("password: remembered", output)
         self.assert_kept()
 
-    def test_a_join_that_fails_shows_it_nowhere(self):
+    def test_a_failed_join_does_not_reveal_the_password(self):
         for how in ("wrong password", "no address", "join denied",
                     "join refused with the password"):
             with self.subTest(how=how):
@@ -109,12 +109,12 @@ class SecretsTest(unittest.TestCase):
                 self.world.wifi.recover()
                 self.assert_kept()
 
-    def test_a_keyring_that_does_not_take_it_shows_it_nowhere(self):
+    def test_a_locked_keyring_does_not_reveal_the_password(self):
         self.world.keyring.fail("locked")
         self.assertRegex(self.join(status=1), "join: failed: .*-25308")
         self.assert_kept()
 
-    def test_the_search_finds_what_is_there(self):
+    def test_the_search_finds_planted_texts(self):
         (self.temporary / "planted").write_text(f"psk={self.password}")
         self.assertEqual(self.places_of(self.password), [str(self.temporary / "planted")])
         (self.temporary / "planted").write_bytes(self.password.encode("utf-16-le"))
@@ -125,7 +125,8 @@ class SecretsTest(unittest.TestCase):
 
 
 def files_under(folder, levels=100):
-    """What lies there, so many levels deep. Other tests' folders may go while they are read."""
+    """The files in a folder, so many levels deep. Folders of other tests may disappear
+    meanwhile."""
     for place, folders, names in os.walk(folder):
         yield from (pathlib.Path(place, name) for name in names)
         if len(pathlib.Path(place).relative_to(folder).parts) + 1 >= levels:

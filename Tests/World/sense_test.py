@@ -1,4 +1,4 @@
-"""What the program senses in the district, and what it says when a service misbehaves."""
+"""The program senses the district, and reports every service that misbehaves."""
 
 import os
 import re
@@ -18,13 +18,14 @@ class SenseCase(unittest.TestCase):
         self.world = self.enterContext(World())
 
     def sense(self, *arguments, status=0, **options):
-        """What it printed: the text behind each head, and the lines below it."""
+        """Runs the program. Returns each head that it printed, with the text behind it and the
+        lines below."""
         return self.printed(self.world.start("sense", [SENSE, *arguments], **options), status)
 
     def printed(self, process, status=0):
         ended = process.status()
         self.text = process.output()
-        # A further start writes to the same file.
+        # The next start writes to the same file.
         os.truncate(process.log, 0)
         self.assertIn(ended, status if isinstance(status, tuple) else (status,), self.text)
         return re.findall(r"^(\S+): (.*(?:\n  .*)*)", self.text, re.MULTILINE)
@@ -33,7 +34,7 @@ class SenseCase(unittest.TestCase):
         return self.one_of(self.sense(**options), head)
 
     def one_of(self, printed, head):
-        """What it says of that; all else is well."""
+        """Returns the text of that head. Fails if another head reports a failure."""
         found = dict(printed)
         failed = [name for name, text in found.items() if text.startswith("failed")]
         self.assertIn(failed, ([], [head]), self.text)
@@ -76,14 +77,14 @@ class DistrictTest(SenseCase):
         self.assertEqual(len(self.world.weather.requests), 1)
         self.assertIn("Quorvel", self.world.weather.requests[0].agent)
 
-    def test_an_endpoint_that_gives_the_position_away_is_refused(self):
+    def test_an_unencrypted_endpoint_is_refused(self):
         self.sense(status=2, QUORVEL_PLACES_ENDPOINT="http://maps.example/")
         self.assertIn("QUORVEL_PLACES_ENDPOINT", self.text)
         self.assertEqual(self.world.weather.requests, [])
 
 
 class SlowTest(SenseCase):
-    def test_each_slow_service_is_waited_for(self):
+    def test_it_waits_for_each_slow_service(self):
         world = self.world
         asked = {"position": (world.location, lambda: world.location.requests),
                  "cafés": (world.places, lambda: len(world.places.requests)),
@@ -102,7 +103,7 @@ class SlowTest(SenseCase):
 
 
 class FailureTest(SenseCase):
-    """`each` walks through the ways in which a part misbehaves."""
+    """`each` makes a part fail in each way, and then recover."""
 
     def each(self, part, head, cases):
         for how, sentence in cases.items():
@@ -113,13 +114,13 @@ class FailureTest(SenseCase):
         with self.subTest(part=part, how="is well again"):
             self.assertNotIn("failed", self.sense_one(head))
 
-    def test_bad_answers_of_the_map(self):
+    def test_a_bad_answer_of_the_map_is_a_failure(self):
         self.each("places", "cafés", dict.fromkeys(
             (429, 504, 500, 400, "html", "empty", "truncated", "huge", "nested", "remark",
              "redirects"), ".",
         ))
 
-    def test_bad_answers_of_the_weather(self):
+    def test_a_bad_answer_of_the_weather_is_a_failure(self):
         self.each("weather", "weather", {
             429: "HTTP 429", 503: "HTTP 503", **dict.fromkeys(
                 ("html", "empty", "truncated", "huge", "nested", "redirects", "wrong types",
@@ -127,7 +128,7 @@ class FailureTest(SenseCase):
             ),
         })
 
-    def test_places_of_the_map_that_make_no_sense_are_passed_over_or_refused(self):
+    def test_nonsense_places_of_the_map_are_left_out_or_refused(self):
         for how in ("wrong types", "null", "nan", "infinite"):
             with self.subTest(how=how):
                 self.world.places.fail(how)
@@ -135,7 +136,7 @@ class FailureTest(SenseCase):
                 self.assertRegex(found["cafés"], "^(0|failed: .*)$")
                 self.world.places.recover()
 
-    def test_refusals_of_the_location(self):
+    def test_a_refused_location_fails_only_what_needs_it(self):
         for how, status in (("denied", "2"), ("disallowed", "1")):
             with self.subTest(how=how):
                 self.world.location.fail(how)
@@ -147,10 +148,10 @@ class FailureTest(SenseCase):
                 self.world.location.recover()
         self.assertFalse(dict(self.sense())["position"].startswith("failed"))
 
-    def test_refusals_of_the_radio(self):
+    def test_a_refused_scan_is_a_failure(self):
         self.each("wifi", "nearby", {"scan denied": ".", "scan unavailable": "."})
 
-    def test_a_locked_keyring_that_holds_the_password(self):
+    def test_a_locked_keyring_fails_the_look_up_of_its_password(self):
         self.join_and_remember("Sân Trong")
         self.each("keyring", "password", {"locked": "-25308"})
         self.assertEqual(self.sense_one("password"), "remembered")
@@ -162,7 +163,7 @@ class FailureTest(SenseCase):
         self.assertEqual(dict(self.sense("--join", network, stdin=reading))["join"], "done")
         os.close(reading)
 
-    def test_a_machine_without_a_radio(self):
+    def test_a_machine_without_a_radio_has_no_networks(self):
         self.world.wifi.fail("no radio")
         found = dict(self.sense())
         heads = ("network", "signal", "nearby")

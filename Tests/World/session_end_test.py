@@ -40,7 +40,7 @@ class SessionEndTest(unittest.TestCase):
 
     @contextlib.contextmanager
     def store_taken(self):
-        """Another program writes, and takes its time."""
+        """Another program holds the store and takes its time."""
         store = sqlite3.connect(self.desktop.data_home / "Quorvel/Quorvel.store")
         store.execute("BEGIN IMMEDIATE")
         yield
@@ -48,7 +48,8 @@ class SessionEndTest(unittest.TestCase):
         store.close()
 
     def waits_for_the_store(self):
-        """Where else the main thread waits, it waits for an event, and not in a sleep."""
+        """Whether the main thread sleeps. It sleeps only for the store: elsewhere it waits for an
+        event."""
         return "nanosleep" in pathlib.Path(f"/proc/{self.program.pid}/wchan").read_text()
 
     def click_button(self):

@@ -1,4 +1,4 @@
-"""The program's commands in a terminal, in the district: what they print, and how they end."""
+"""The output and the ends of the program's terminal commands, in the district."""
 
 import contextlib
 import csv
@@ -30,7 +30,7 @@ KEYCHAIN_SERVICE = "com.zantho.quorvel.wifi"
 
 
 def without_override():
-    """A command prefix that makes file modes bind a test that runs as root, too."""
+    """A command prefix that makes file modes apply to a test that runs as root, too."""
     return ["setpriv", "--bounding-set", "-dac_override"] if os.geteuid() == 0 else []
 
 
@@ -40,7 +40,7 @@ class TerminalCase(unittest.TestCase):
         self.folder = self.world.folder
 
     def run_command(self, *arguments, status=DONE, prefix=(), **options):
-        """What it printed; what it said aside is in `noted`."""
+        """Runs a command, and returns what it printed. Its standard error is in `noted`."""
         options.setdefault("stdout", subprocess.PIPE)
         ended = subprocess.run(
             [*prefix, PROGRAM, *arguments], env=self.world.environment, check=False,
@@ -83,7 +83,7 @@ class LocateTest(TerminalCase):
         ])
         self.assertEqual(self.noted, "")
 
-    def test_programs_read_the_same(self):
+    def test_json_holds_the_same(self):
         found = self.run_json("locate")
         self.assertEqual(found["status"], "located")
         self.assertEqual(found["selectedCafe"], found["nearbyCandidates"][0])
@@ -93,14 +93,14 @@ class LocateTest(TerminalCase):
         self.assertEqual(found["wifi"]["ssid"], NETWORK)
         self.assertEqual(found["wifi"]["hasRememberedPassword"], False)
 
-    def test_a_password_that_is_kept_is_told_of_and_not_printed(self):
+    def test_a_stored_password_is_mentioned_but_not_printed(self):
         self.keep_password()
         self.assertTrue(self.run_json("locate")["wifi"]["hasRememberedPassword"])
         printed = self.run_command("locate")
         self.assertIn("password kept", printed)
         self.assertNotIn(PASSWORD, printed + self.noted)
 
-    def test_names_give_the_terminal_no_orders(self):
+    def test_control_characters_in_names_do_not_reach_the_terminal(self):
         place = next(place for place in self.world.district.places if place.name == NEAREST)
         place.tags["name"] = "\x1b]0;owned\x07\x9b2J\u202eCafé\r\x08"
         printed = self.run_command("locate")
@@ -123,7 +123,7 @@ class LocateTest(TerminalCase):
 
 
 class LocateFailureTest(TerminalCase):
-    def test_a_refused_location(self):
+    def test_a_refused_location_has_its_own_status(self):
         for how in ("denied", "disallowed"):
             with self.subTest(how=how):
                 self.world.location.fail(how)
@@ -136,7 +136,7 @@ class LocateFailureTest(TerminalCase):
                 self.assertEqual(found["status"], "locationDenied")
                 self.world.location.recover()
 
-    def test_no_position_and_no_map_still_tell_of_the_network(self):
+    def test_the_network_is_shown_without_a_position_or_a_map(self):
         troubles = [(self.world.location.vanish, ()), (self.world.location.fail, (404,))]
         troubles += [(self.world.places.fail, (how,)) for how in (429, 500, "html", "remark")]
         troubles += [(self.world.places.vanish, ())]
@@ -149,26 +149,26 @@ class LocateFailureTest(TerminalCase):
                 self.world.recover()
         self.assertEqual(self.run_json("locate")["status"], "located")
 
-    def test_no_weather(self):
+    def test_it_works_without_weather(self):
         self.world.weather.fail(503)
         self.assertIn("\nWeather unavailable\n", self.run_command("locate"))
         self.assertIsNone(self.run_json("locate")["weather"])
 
-    def test_no_network(self):
+    def test_it_works_without_a_network(self):
         for trouble in (lambda: self.world.wifi.fail("no radio"), self.world.wifi.vanish,
                         lambda: self.world.wifi.fail("silence")):
             trouble()
             self.assertIn("\nNo Wi-Fi\n", self.run_command("locate"))
             self.world.wifi.recover()
 
-    def test_no_keyring(self):
+    def test_it_works_without_a_keyring(self):
         for trouble in (self.world.keyring.vanish, lambda: self.world.keyring.fail("locked"),
                         lambda: self.world.keyring.fail("silence")):
             trouble()
             self.assertFalse(self.run_json("locate")["wifi"]["hasRememberedPassword"])
             self.world.keyring.recover()
 
-    def test_an_address_that_gives_the_position_away_is_refused(self):
+    def test_an_unencrypted_address_is_refused(self):
         self.world.environment["QUORVEL_PLACES_ENDPOINT"] = "http://maps.example/"
         self.run_command("locate", status=FAILURE)
         self.assertIn("QUORVEL_PLACES_ENDPOINT", self.noted)
@@ -187,7 +187,7 @@ class WaitingTest(TerminalCase):
         self.world.location.slow(PATIENCE_SECONDS)
 
     def watched(self, *arguments, **environment):
-        """A command that somebody watches, and their end of the screen."""
+        """Starts a command on a terminal. Returns it with the other end of that terminal."""
         screen, theirs = pty.openpty()
         self.addCleanup(os.close, screen)
         self.world.environment.update(environment)
@@ -195,7 +195,7 @@ class WaitingTest(TerminalCase):
         os.close(theirs)
         return process, screen
 
-    def test_whoever_watches_sees_that_it_goes_on_and_can_end_it(self):
+    def test_a_terminal_shows_the_progress_and_an_interrupt_ends_it(self):
         for arguments in (("locate",), ("check-in",)):
             with self.subTest(arguments=arguments):
                 process, screen = self.watched(*arguments, TERM="xterm")
@@ -205,15 +205,15 @@ class WaitingTest(TerminalCase):
         self.world.recover()
         self.assertEqual(self.visits(), [])
 
-    def test_a_screen_that_cannot_take_a_line_back_gets_none(self):
+    def test_a_dumb_terminal_shows_no_progress(self):
         process, screen = self.watched("locate", TERM="dumb")
         self.wait_until_asked()
         self.assert_ends_by(process, signal.SIGTERM)
-        # Nobody holds the other end now, and nothing came over it.
+        # The command's end is closed, and nothing was written to it.
         with self.assertRaises(OSError):
             os.read(screen, 1)
 
-    def test_a_shell_reads_130(self):
+    def test_a_shell_reads_130_after_an_interrupt(self):
         shell = subprocess.Popen(
             ["sh", "-c", "\"$0\" locate; echo $?", PROGRAM], env=self.world.environment, text=True,
             stdout=subprocess.PIPE, start_new_session=True,
@@ -226,19 +226,19 @@ class WaitingTest(TerminalCase):
         self.assertEqual(shell.stdout.read(), "130\n")
 
     def assert_reads(self, screen, text):
-        """It comes in pieces, as the screen is written and read."""
+        """Checks the next text on the screen, which comes in pieces."""
         wanted, read = text.encode(), b""
         while len(read) < len(wanted):
             read += os.read(screen, len(wanted) - len(read))
         self.assertEqual(read.decode(), text)
 
     def assert_ends_by(self, process, told):
-        """While what it waits for is still to come."""
+        """The signal ends the process while it still waits."""
         process.send_signal(told)
         self.assertEqual(process.wait(PATIENCE_SECONDS), -told)
 
     def wait_until_asked(self):
-        """It has begun, and waits for its position."""
+        """Waits until the command has asked for its position."""
         wait_for(lambda: self.world.location.requests, "the daemon's request")
 
 
@@ -266,7 +266,7 @@ class CheckInTest(TerminalCase):
                          {"wifiSpeed": 3, "outlets": 5, "noise": 1, "quietForCalls": 3})
         self.assertEqual(first["weather"]["temperatureC"], 31.4)
 
-    def test_of_many_at_once_one_stores_it(self):
+    def test_only_one_of_many_simultaneous_commands_stores_the_visit(self):
         commands = [self.start_command("check-in", stdout=subprocess.DEVNULL,
                                        stderr=subprocess.DEVNULL) for _ in range(AT_ONCE)]
         statuses = sorted(command.wait(PATIENCE_SECONDS) for command in commands)
@@ -285,13 +285,13 @@ class CheckInTest(TerminalCase):
         self.run_command("check-in", "--noise", "6", status=USAGE)
         self.assertEqual(self.visits(), [])
 
-    def test_a_store_that_cannot_be_made_is_said_before_anything_is_asked(self):
+    def test_a_store_that_cannot_be_made_is_reported_before_any_request(self):
         self.folder.joinpath("data").chmod(0o500)
         self.run_command("check-in", status=FAILURE, prefix=without_override())
         self.assertIn("Permission denied", self.noted)
         self.assertEqual(self.world.places.requests, [])
 
-    def test_a_visit_whose_word_is_lost_is_stored(self):
+    def test_a_visit_is_stored_even_if_its_output_is_lost(self):
         with open("/dev/full", "wb") as full:
             self.run_command("check-in", status=FAILURE, stdout=full)
         self.run_command("check-in", status=ALREADY_CHECKED_IN)
@@ -311,12 +311,12 @@ class HistoryTest(TerminalCase):
         self.assertEqual(self.run_command("history", "--since", today), printed)
         self.assertIn("No check-ins since", self.run_command("history", "--since", "2100-01-01"))
 
-    def test_what_is_no_day_is_refused(self):
+    def test_an_invalid_day_is_refused(self):
         self.run_command("history", "--since", "yesterday", status=USAGE)
         self.assertEqual(self.noted, "quorvel: “yesterday” is no day as in “2026-03-01”\n"
                                      "Try “quorvel history --help”.\n")
 
-    def test_a_store_that_is_none_is_left_alone(self):
+    def test_a_file_that_is_no_store_is_left_alone(self):
         store = self.folder / "data/Quorvel/Quorvel.store"
         store.parent.mkdir(mode=0o700)
         store.write_bytes(b"no store" * 100)
@@ -331,7 +331,7 @@ class ExportTest(TerminalCase):
         self.run_command("check-in", "--note", "=1+1, \"quoted\"\nline")
         self.run_command("check-in", "--cafe", "node/4200000004")
 
-    def test_programs_read_each_format(self):
+    def test_each_format_can_be_parsed(self):
         exported = json.loads(self.run_command("export", "--format", "json"))
         self.assertEqual(exported, self.run_json("history"))
         second, first = csv.DictReader(
@@ -345,7 +345,7 @@ class ExportTest(TerminalCase):
                          {"type": "Point", "coordinates": [106.701006, 10.776972]})
         self.assertEqual(features[1]["properties"]["note"], "=1+1, \"quoted\"\nline")
 
-    def test_a_file_is_whole_and_for_its_user_alone(self):
+    def test_a_file_is_complete_and_private_to_its_user(self):
         printed = self.run_command("export", "--format", "csv")
         target = self.folder / "visits.csv"
         target.write_text("older")
@@ -356,7 +356,7 @@ class ExportTest(TerminalCase):
         self.assertEqual(target.read_bytes(), printed.encode())
         self.assertEqual(stat.S_IMODE(target.stat().st_mode), 0o600)
 
-    def test_a_file_that_cannot_be_written_leaves_what_was_there(self):
+    def test_a_file_that_cannot_be_written_leaves_the_old_file(self):
         place = self.folder / "closed"
         place.mkdir()
         target = place / "visits.csv"
@@ -371,7 +371,7 @@ class ExportTest(TerminalCase):
                          status=FAILURE)
         self.run_command("export", "--format", "csv", "--output", "/dev/null", status=USAGE)
 
-    def test_what_cannot_be_printed_is_said(self):
+    def test_a_failed_write_is_reported(self):
         with open("/dev/full", "wb") as full:
             self.run_command("export", "--format", "json", status=FAILURE, stdout=full)
         self.assertEqual(self.noted,
@@ -381,21 +381,21 @@ class ExportTest(TerminalCase):
         self.assertEqual(self.noted,
                          "quorvel: The output could not be written: Bad file descriptor.\n")
 
-    def test_a_reader_that_has_read_enough_is_not_complained_of(self):
+    def test_a_closed_pipe_is_not_reported(self):
         reading, writing = os.pipe()
         os.close(reading)
         with os.fdopen(writing, "wb") as gone:
             self.run_command("export", "--format", "json", status=FAILURE, stdout=gone)
         self.assertEqual(self.noted, "")
 
-    def test_a_format_is_needed(self):
+    def test_a_format_is_required(self):
         for arguments in ((), ("--format", "xml"), ("--format",), ("--fromat", "csv"), ("csv",)):
             self.assertEqual(self.run_command("export", *arguments, status=USAGE), "")
             self.assertIn("Try “quorvel export --help”.", self.noted)
 
 
 class BesideTest(unittest.TestCase):
-    """A running program goes on as if nothing were, and no second icon comes."""
+    """A running program goes on undisturbed, and no second icon appears."""
 
     def test_the_commands_work_beside_a_running_program(self):
         with VirtualDesktop() as desktop, World(desktop):
@@ -427,12 +427,12 @@ class BesideTest(unittest.TestCase):
             self.wait_for(desktop, window, "No check-ins yet")
             self.check_in(desktop)
             self.wait_for(desktop, window, "1 visits · 1 cafés this week")
-            # The panel comes back, and knows of it, too.
+            # The panel opens again, and also knows of the visit.
             desktop.run_program(PROGRAM)
             self.wait_for(desktop, window, REFUSAL)
 
     def open_panel(self, desktop):
-        """Where there is no tray, it opens by itself."""
+        """Starts the program. It opens the panel by itself, because there is no tray."""
         program = desktop.start_program(PROGRAM, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         desktop.wait_for_window("Quorvel")
         window = AccessibleProgram(desktop.bus_address, program.pid)

@@ -1,7 +1,7 @@
-"""A district of cafés in a box: buses, services of the system and of the web, all of its own.
+"""A self-contained district of cafés: buses, system services and web services of its own.
 
 usage: world.py [PART.VERB[=VALUE] ...] -- COMMAND [ARGUMENT ...]
-Runs the command inside the district; for example `world.py places.fail=429 weather.slow=5 --
+Runs the command inside the district. For example, `world.py places.fail=429 weather.slow=5 --
 build/dev/bin/quorvel`. Ends with the command's status.
 """
 
@@ -12,7 +12,7 @@ import subprocess
 import sys
 import tempfile
 
-# Run by hand, nobody has set the path to what the tests share.
+# If this is run by hand, the path to the modules that the tests share is not set yet.
 TESTS = pathlib.Path(__file__).resolve().parent.parent
 for folder in ("Support/Session", "World/Daemons", "World/Web"):
     sys.path.append(str(TESTS / folder))
@@ -32,11 +32,12 @@ USAGE_ERROR = 2
 
 
 class World:
-    """A context manager: nothing of the district outlives it, and nothing outside is touched.
+    """A context manager. Nothing of the district outlives it, and it touches nothing outside.
 
     Each part (`places`, `weather`, `location`, `keyring`, `wifi`) can be told to be slow, to fail,
-    to vanish, to come back and to recover. `environment` is what a program needs to live here.
-    Around a virtual desktop, the session is the desktop's, and its programs live in the district.
+    to vanish, to come back and to recover. `environment` leads a program to the district's
+    services. If a virtual desktop is given, the district joins its session, and programs of the
+    desktop use the district.
     """
 
     PARTS = ("places", "weather", "location", "keyring", "wifi")
@@ -66,24 +67,25 @@ class World:
         self._processes.end_all()
         self._temporary.cleanup()
 
-    # What happens in it
+    # Orders
 
     def start(self, name, command, stdin=subprocess.DEVNULL, **environment):
-        """Starts a program of the district, with more in its environment."""
+        """Starts a program in the district, with these additions to its environment."""
         own = {**self.environment, **environment}
         return self._processes.start(name, command, own, stdin=stdin)
 
     def run(self, command, environment):
-        """Runs a command to its end, with what it prints; what it leaves running ends as well."""
+        """Runs a command to its end, and returns its status. Processes that it leaves behind end
+        with the district."""
         own = self._processes.marked({**environment, **self.environment})
         return subprocess.run(command, env=own, check=False).returncode
 
     def logs(self):
-        """What every process has printed, each under its name."""
+        """The output of every process, each under its name."""
         return f"{self._processes.logs()}\n{self.location.logs()}"
 
     def recover(self):
-        """Everything is as on the first day."""
+        """Brings every part back, and ends all its failures."""
         for part in self._started:
             part.come_back()
             part.recover()
@@ -141,7 +143,8 @@ def number_or_word(text):
 
 
 def display_of(environment):
-    """What leads to the screen of whoever runs a command by hand, in spite of a new home."""
+    """The variables that lead a command to the screen of the person who runs it, in spite of its
+    new home."""
     kept = {name: environment[name] for name in ("DISPLAY", "TERM") if name in environment}
     if "DISPLAY" in environment:
         own = pathlib.Path(environment.get("HOME", "/"), ".Xauthority")

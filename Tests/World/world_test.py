@@ -1,4 +1,4 @@
-"""The district stands: every part is up, can be told to misbehave, and recovers."""
+"""Every part of the district works, can be told to misbehave, and recovers."""
 
 import contextlib
 import os
@@ -20,7 +20,7 @@ from world import World
 
 HERE = pathlib.Path(__file__).parent
 WORLD = [sys.executable, "-B", str(HERE / "world.py")]
-# For an answer that never comes.
+# How long to wait for an answer that never comes.
 SILENCE_SECONDS = 2
 LOOKS = 20
 
@@ -51,7 +51,7 @@ class WorldCase(unittest.TestCase):
 
     @contextlib.contextmanager
     def assert_silence(self):
-        """What is called inside does not answer."""
+        """Checks that a call inside gets no answer."""
         self.call_seconds = SILENCE_SECONDS
         with self.assertRaises(dbus.DBusException) as refused:
             yield
@@ -81,7 +81,7 @@ class LocationTest(WorldCase):
         return client
 
     def fix(self, client=None):
-        """Latitude, longitude and accuracy, as that client hears of them or a new one."""
+        """Latitude, longitude and accuracy, as the given client or a new one gets them."""
         client = client or self.start_client()
         path = wait_for(lambda: self.found(client), "a fix")
         found = self.ask(path, dbus.PROPERTIES_IFACE, "GetAll", "s", f"{LOCATION}.Location")
@@ -143,7 +143,7 @@ class LocationTest(WorldCase):
         wait_for(lambda: self.world.location.answers > answered, "the answer to the daemon")
         self.assert_never_found(client)
 
-    def test_it_can_be_too_vague_to_be_of_use(self):
+    def test_it_can_be_too_vague_to_use(self):
         self.world.location.fail("blurred")
         self.assertGreater(self.fix()[2], 1000)
 
@@ -186,7 +186,7 @@ class KeyringTest(WorldCase):
         self.world.keyring.recover()
         self.assertFalse(self.is_locked())
 
-    def test_it_has_no_keyring_and_then_one(self):
+    def test_it_can_lack_a_keyring_and_recover(self):
         self.world.keyring.fail("no keyring")
         self.assertEqual(self.collection(), "/")
         self.world.keyring.recover()
@@ -199,11 +199,11 @@ class KeyringTest(WorldCase):
         self.world.keyring.recover()
         self.assertFalse(self.is_locked())
 
-    def test_a_slow_one_answers_in_the_end(self):
+    def test_a_slow_keyring_answers_in_the_end(self):
         self.world.keyring.slow(1)
         self.assertFalse(self.is_locked())
 
-    def test_a_slow_one_answers_nobody_until_it_recovers(self):
+    def test_a_slow_keyring_answers_nobody_until_it_recovers(self):
         self.world.keyring.slow(PATIENCE_SECONDS)
         with self.assert_silence():
             self.collection()
@@ -233,7 +233,7 @@ class WifiTest(WorldCase):
                   dbus.Dictionary({}, signature="sv"))
 
     def scan(self):
-        """To its end."""
+        """Scans, and waits for the end of the scan."""
         before = self.last_scan()
         self.begin_scan()
         wait_for(lambda: self.last_scan() != before, "the end of the scan")
@@ -244,7 +244,7 @@ class WifiTest(WorldCase):
     def test_it_hears_what_the_district_broadcasts(self):
         self.assertEqual(self.heard(), self.names())
 
-    def test_it_is_joined(self):
+    def test_it_is_joined_to_the_network_of_the_district(self):
         point = self.read(self.radio(), WIRELESS, "ActiveAccessPoint")
         ssid = self.read(point, f"{NETWORK}.AccessPoint", "Ssid")
         self.assertEqual(bytes(ssid).decode(), self.world.district.networks["joined"])
@@ -269,7 +269,7 @@ class WifiTest(WorldCase):
         with self.assertRaisesRegex(dbus.DBusException, "PermissionDenied"):
             self.scan()
 
-    def test_the_radio_can_be_taken_out(self):
+    def test_the_radio_can_be_removed(self):
         self.world.wifi.fail("no radio")
         self.assertIsNone(self.radio())
         self.world.wifi.recover()
@@ -294,7 +294,7 @@ class WebTest(WorldCase):
     VARIABLES = {"places": "QUORVEL_PLACES_ENDPOINT", "weather": "QUORVEL_WEATHER_ENDPOINT"}
 
     def status(self, part):
-        """The status of a request that says nothing; none when nobody listens."""
+        """The status of an empty request, or None if nobody listens."""
         try:
             endpoint = self.world.environment[self.VARIABLES[part]]
             urllib.request.urlopen(endpoint, timeout=PATIENCE_SECONDS).close()
@@ -305,7 +305,8 @@ class WebTest(WorldCase):
         return 200
 
     def test_the_environment_leads_to_both_servers(self):
-        # To the map server a client that does not say who it is, to the other one its bare root.
+        # The map server refuses a client without a name. The weather server has nothing at its
+        # root.
         self.assertEqual((self.status("places"), self.status("weather")), (406, 404))
 
     def test_each_fails_and_vanishes_without_the_other(self):
@@ -354,7 +355,7 @@ class CommandTest(unittest.TestCase):
             check=False,
         )
 
-    def test_it_runs_a_command_inside_and_ends_as_it_does(self):
+    def test_it_runs_a_command_and_ends_with_its_status(self):
         finished = self.run_world("--", "sh", "-c", "echo $HOME $QUORVEL_PLACES_ENDPOINT; exit 3")
         self.assertEqual(finished.returncode, 3)
         self.assertRegex(finished.stdout, "quorvel-world-.* http://127.0.0.1:")
@@ -365,7 +366,7 @@ class CommandTest(unittest.TestCase):
         finished = self.run_world("weather.fail=503", "--", sys.executable, "-c", ask)
         self.assertIn("HTTP Error 503", finished.stderr)
 
-    def test_what_it_does_not_understand_is_refused(self):
+    def test_arguments_that_it_does_not_understand_are_refused(self):
         for arguments in ((), ("true",), ("--",), ("moon.vanish", "--", "true"),
                           ("wifi.burn", "--", "true"), ("wifi.fail=dragons", "--", "true"),
                           ("--", "/nonexistent")):
@@ -379,7 +380,7 @@ class CommandTest(unittest.TestCase):
         self.assert_leaves_nothing(signal.SIGTERM, lambda world: world.terminate())
 
     def test_nothing_is_left_when_it_is_interrupted_in_a_terminal(self):
-        # The terminal tells everybody in the foreground.
+        # The terminal signals every process in the foreground.
         interrupt = signal.SIGINT
         self.assert_leaves_nothing(interrupt, lambda world: os.killpg(world.pid, interrupt))
 

@@ -1,4 +1,5 @@
-"""A program that keeps passwords, watched from outside: where they show, and what it survives."""
+"""Watches a program that stores passwords, from outside. It must not reveal them, and it must
+survive the loss of its services."""
 
 import base64
 import os
@@ -14,12 +15,12 @@ CLIENT = os.environ["QUORVEL_KEYCHAIN_CLIENT"]
 SECRET = "Mật-khẩu-0fR4nge-Tr33s"
 SECOND = "Zw3iter-Schlüss3l-9931"
 NO_KEYCHAIN = "No keychain is available. You may need to restart your computer."
-# What the libraries underneath say when asked to say everything.
+# Makes the libraries underneath log as much as they can.
 TALKATIVE = {"G_DBUS_DEBUG": "all", "G_MESSAGES_DEBUG": "all"}
 
 
 def traces_of(secret):
-    """The bytes by which a secret would give itself away."""
+    """The byte sequences in which a secret could show."""
     utf8 = secret.encode()
     return [utf8, utf8.hex().encode(), base64.b64encode(utf8)[:-4], secret.encode("utf-16-le")]
 
@@ -32,7 +33,7 @@ def command_line_of(pid):
 
 
 class Client:
-    """The program, spoken to line by line; everything else that it says goes to a log."""
+    """The program, which answers each order with one line. All its other output goes to a log."""
 
     def __init__(self, session, environment):
         heard, orders = os.pipe()
@@ -52,7 +53,7 @@ class Client:
         return self.answers[-1]
 
     def end(self):
-        """Its exit status, once it has heard that no more orders come."""
+        """Tells the program that no more orders come. Returns its exit status."""
         self._orders.close()
         self._answers.close()
         return self._process.status()
@@ -70,7 +71,7 @@ class KeychainClientTest(unittest.TestCase):
         return client
 
     def watch_bus(self):
-        """Everything that is said on the bus, in a file once this has returned."""
+        """Records everything that is said on the bus from now on."""
         monitor = self.session.start("monitor", ["dbus-monitor", "--session"])
         wait_for(lambda: "NameLost" in monitor.output(), "the monitor listens")
         return monitor
@@ -117,7 +118,7 @@ class KeychainClientTest(unittest.TestCase):
         for path in self.files():
             self.assert_untraced(path.read_bytes(), path.name)
 
-    def test_what_looks_for_secrets_finds_them(self):
+    def test_the_search_for_secrets_finds_them(self):
         for number, trace in enumerate(traces_of(SECRET)):
             with self.assertRaises(AssertionError):
                 self.assert_untraced(b"before " + trace + b" after", f"trace {number}")
@@ -134,14 +135,14 @@ class KeychainClientTest(unittest.TestCase):
         monitor = self.watch_bus()
         for order in (f"save {SECOND}", "read", "delete"):
             self.assertIn("(-25308): User interaction is not allowed.", client.tell(order))
-        # The monitor is behind the client; what it sees of this call comes after all of that.
+        # The monitor lags behind the client. It sees this call after everything that came before.
         self.keyring.collections()
         wait_for(lambda: "member=GetAll" in monitor.output(), "the monitor has seen all")
         self.assertGreaterEqual(monitor.output().count("member=SearchItems"), 3)
         for member in ("Unlock", "Prompt", "CreateCollection", "PromptAtDBus"):
             self.assertNotIn(f"member={member}\n", monitor.output())
 
-    def test_no_keyring_is_made_where_there_is_none(self):
+    def test_no_keyring_is_created_where_none_exists(self):
         self.keyring.start_without_keyring()
         client = self.start_client()
         monitor = self.watch_bus()
@@ -181,7 +182,7 @@ class KeychainClientTest(unittest.TestCase):
                                  f"Keychain delete failed (-25291): {NO_KEYCHAIN}")
         self.assertFalse(launched.exists(), "a bus was launched")
 
-    def test_a_bus_that_goes_away_does_not_take_the_program_along(self):
+    def test_the_program_survives_the_loss_of_its_bus(self):
         self.keyring.start()
         client = self.start_client()
         self.assertEqual(client.tell(f"save {SECRET}"), "saved")

@@ -1,4 +1,4 @@
-"""Screens of more pixels: the icon is as sharp as they are, and the panel is wholly on them."""
+"""Screens with a scale above one: the icon is sharp, and the whole panel is on the screen."""
 
 import unittest
 
@@ -6,8 +6,8 @@ from desktop_case import PANEL, DesktopCase
 from virtual_desktop import TRAY_HEIGHT, VirtualDesktop
 from wayland_desktop import WaylandDesktop
 
-# How high the larger dot is where its picture has the pixels of the scale. One that was drawn for
-# scale one and enlarged is blurred: its edge has other colours, or runs into what is beside it.
+# The height of the larger dot if its picture is drawn for the scale. If a picture for scale one is
+# enlarged instead, the dot is blurred: its edge has other colours, or merges with its surroundings.
 SHARP_DOT_HEIGHTS = {1.5: 8, 2: 10}
 STEP_BETWEEN_HOSTS = 1
 WIDTH, HEIGHT = 1280, 1500
@@ -35,26 +35,26 @@ class X11ScaleTest(ScaleCase):
         self.desktop.start_tray(tray, height=round(TRAY_HEIGHT * scale), **of_tray)
         self.start_program(QT_SCALE_FACTOR=str(scale))
 
-    def test_an_xembed_tray_at_one_and_a_half(self):
+    def test_icon_and_panel_are_right_in_an_xembed_tray_at_one_and_a_half(self):
         self.start_at(1.5, "trayer")
         self.assert_sharp(1.5)
         self.assert_panel_is_whole()
         self.assertEqual(self.panel_size(), (510, 999))
 
-    def test_an_xembed_tray_at_two(self):
+    def test_icon_and_panel_are_right_in_an_xembed_tray_at_two(self):
         self.start_at(2, "trayer")
         self.assert_sharp(2)
         self.assert_panel_is_whole()
         self.assertEqual(self.panel_size(), (680, 1332))
 
-    def test_a_status_notifier_host_at_two(self):
+    def test_icon_and_panel_are_right_in_a_status_notifier_host_at_two(self):
         self.start_at(2, "xfce4-panel", toolkit_scale=2)
         self.assert_sharp(2)
         self.assert_panel_is_whole()
 
 
 class LowX11Test(ScaleCase):
-    def test_the_panel_is_no_higher_than_what_the_scale_leaves(self):
+    def test_the_panel_is_no_higher_than_the_scaled_screen(self):
         self.desktop.start_tray("trayer", height=TRAY_HEIGHT * 2)
         self.start_program(QT_SCALE_FACTOR="2")
         self.assert_panel_is_whole()
@@ -66,7 +66,7 @@ class WaylandScaleTest(ScaleCase):
     def make_desktop(self):
         return WaylandDesktop(WIDTH, HEIGHT, scales=(self.scale,))
 
-    def test_icon_and_panel(self):
+    def test_icon_and_panel_are_right_in_the_bar(self):
         self.start_shown_program("swaybar")
         self.assert_sharp(self.scale)
         self.assert_panel_is_whole()

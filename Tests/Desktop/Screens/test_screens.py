@@ -1,4 +1,5 @@
-"""Several screens: the panel opens where its icon was clicked, and does not go with a screen."""
+"""Several screens: the panel opens on the screen whose icon was clicked, and survives the loss of a
+screen."""
 
 import unittest
 
@@ -21,16 +22,16 @@ class X11ScreensTest(DesktopCase):
         self.desktop.wait_for_focused_window(PANEL)
         return self.desktop.windows(PANEL)[0]
 
-    def test_the_panel_ends_with_the_left_screen_whose_icon_was_clicked(self):
+    def test_an_icon_on_the_left_screen_opens_the_panel_at_the_edge_of_that_screen(self):
         panel = self.open_on(0)
         self.assertEqual(panel.left + panel.width, WIDTH)
         self.assertLess(self.desktop.icon().top, panel.top)
 
-    def test_the_panel_ends_with_the_right_screen_whose_icon_was_clicked(self):
+    def test_an_icon_on_the_right_screen_opens_the_panel_at_the_edge_of_that_screen(self):
         panel = self.open_on(1)
         self.assertEqual(panel.left + panel.width, 2 * WIDTH)
 
-    def test_an_open_panel_leaves_a_screen_that_goes_away(self):
+    def test_an_open_panel_moves_off_a_removed_screen(self):
         self.open_on(1)
         self.desktop.remove_monitor("right")
         self.desktop.wait_until(self._is_on_the_left, "the panel is on the screen that is left")
@@ -40,12 +41,12 @@ class X11ScreensTest(DesktopCase):
 
 
 class WaylandScreensTest(DesktopCase):
-    """The right one has half the points, since each has twice the pixels."""
+    """The right screen has scale two, so that it has half as many points as pixels across."""
 
     def make_desktop(self):
         return WaylandDesktop(width=WIDTH, scales=(1, 2))
 
-    def test_the_panel_opens_wholly_on_the_screen_whose_icon_was_clicked(self):
+    def test_the_whole_panel_opens_on_the_screen_whose_icon_was_clicked(self):
         self.start_shown_program("swaybar")
         self.desktop.click(2 * WIDTH - TRAY_HEIGHT, TRAY_HEIGHT)
         self.desktop.wait_for_focused_window(PANEL)

@@ -1,4 +1,5 @@
-"""The program under a Wayland compositor: its icon in the bar, and windows that are put for it."""
+"""The program under a Wayland compositor, which shows the icon in its bar and places the
+windows."""
 
 import unittest
 
@@ -19,7 +20,7 @@ class PanelTest(WaylandCase):
         super().setUp()
         self.start_shown_program("swaybar")
 
-    def test_a_click_on_the_icon_opens_all_of_it_and_the_next_closes_it(self):
+    def test_a_click_on_the_icon_opens_the_whole_panel_and_the_next_closes_it(self):
         panel = self.open_panel()
         (screen,) = self.desktop.outputs()
         self.assertLess(panel.left + panel.width, screen.width)
@@ -29,13 +30,13 @@ class PanelTest(WaylandCase):
         self.desktop.click_icon()
         self.desktop.wait_for_no_window(PANEL)
 
-    def test_a_second_start_opens_it(self):
+    def test_a_second_start_opens_the_panel(self):
         self.assertEqual(self.start_program_again(), 0)
         self.desktop.wait_for_window(PANEL)
 
 
 class FocusTest(WaylandCase):
-    """Here, the focus follows the pointer, and something lies between the icon and the panel."""
+    """The focus follows the pointer, and another window lies between the icon and the panel."""
 
     def setUp(self):
         super().setUp()
@@ -49,7 +50,8 @@ class FocusTest(WaylandCase):
         self.desktop.point(self.panel.left - 100, self.panel.top)
 
     def leave_the_panel(self):
-        """As often as it takes: the panel's own wish for the focus may be heard last."""
+        """Repeats the move until it works: the compositor may handle the panel's own request for
+        the focus after a move."""
         def leaves():
             self.desktop.point(self.panel.left - 100, BAR_Y)
             self.point_beside_the_panel()
@@ -70,7 +72,7 @@ class FocusTest(WaylandCase):
         self.point_beside_the_panel()
         self.desktop.wait_for_no_window(PANEL)
 
-    def test_a_panel_that_nobody_goes_to_closes_in_the_end(self):
+    def test_a_panel_closes_if_the_pointer_does_not_reach_it(self):
         self.leave_the_panel()
         self.desktop.wait_for_no_window(PANEL)
 

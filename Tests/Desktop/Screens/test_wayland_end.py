@@ -1,4 +1,5 @@
-"""How the program ends under a Wayland compositor: with whole stacks, which are slow."""
+"""The program ends well under a Wayland compositor. This test is apart because it needs whole
+stacks, which are slow."""
 
 import unittest
 

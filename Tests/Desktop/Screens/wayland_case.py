@@ -1,4 +1,4 @@
-"""What the tests under a Wayland compositor share."""
+"""The base of the tests under a Wayland compositor."""
 
 from desktop_case import PANEL, DesktopCase
 from wayland_desktop import WaylandDesktop

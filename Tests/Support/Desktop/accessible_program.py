@@ -18,7 +18,7 @@ STATES = {"checked": 4, "enabled": 8, "focused": 12, "sensitive": 24, "visible":
 
 
 class Control:
-    """One object of the tree. Everything is asked of the program each time: nothing goes stale."""
+    """One object of the tree. It asks the program each time, so that no answer is out of date."""
 
     def __init__(self, bus, name, path):
         self._bus = bus
@@ -44,7 +44,7 @@ class Control:
         return {state for state, bit in STATES.items() if bits >> bit & 1}
 
     def text(self):
-        """What stands in a field."""
+        """The text in a field."""
         return str(self._call(TEXT, "GetText", "ii", dbus.Int32(0), dbus.Int32(-1)))
 
     def children(self):
@@ -57,7 +57,7 @@ class Control:
         return tuple(int(value) for value in extents)
 
     def press(self):
-        """What a screen reader does instead of a click."""
+        """Performs the control's first action, as a screen reader does instead of a click."""
         if not self._call(ACTION, "DoAction", "i", dbus.Int32(0)):
             raise AssertionError(f"{self.name} has no action")
 
@@ -67,14 +67,15 @@ class Control:
         self._call(ACTION, "DoAction", "i", dbus.Int32(names.index(action)))
 
     def all(self):
-        """The control and everything in it that shows, if only after scrolling."""
+        """The control and everything visible in it, even if it has to be scrolled into view."""
         yield self
         for child in self.children():
             if child.has_size():
                 yield from child.all()
 
     def has_size(self):
-        """The states do not tell what is hidden from what is scrolled away; its size does."""
+        """Whether the control has a size. A hidden one has none. Its states do not tell whether it
+        is hidden or only scrolled out of view."""
         _, _, width, height = self.box()
         return width > 0 and height > 0
 
@@ -108,19 +109,19 @@ class AccessibleProgram:
         self._bus.close()
 
     def find(self, name, role=None):
-        """The first visible control of that name, and role; none when there is none."""
+        """The first visible control with that name and role, or None."""
         for control, found in self._named_controls():
             if found == name and (role is None or control.role == role):
                 return control
         return None
 
     def texts(self):
-        """What a person reads, from the top."""
+        """The visible texts, from the top."""
         return [name for _, name in self._named_controls() if name]
 
     def _named_controls(self):
-        """Every visible control. A tree that changes while it is read is read as far as it goes:
-        whoever waits for something asks again."""
+        """Every visible control with its name. If the tree changes while it is read, the rest is
+        left out: a caller that waits for something asks again."""
         try:
             for application in Control(self._bus, REGISTRY, ROOT).children():
                 if self._belongs(application):

@@ -1,9 +1,9 @@
-"""A session manager of the X kind that a test scripts: a process that logs a session out when told.
+"""A session manager for X that a test controls. It is a process that logs the session out on
+request.
 
 usage: fake_session_manager.py DESCRIPTOR
-Writes where it can be reached to that descriptor, as one line. Tells on its output what each client
-says of itself. On SIGUSR1 it asks every client to save itself, since the session ends, and has it
-die once that is done.
+Writes its address to that descriptor, as one line. Prints what each client tells it. On SIGUSR1 it
+announces the end of the session: it asks every client to save itself, and then tells it to end.
 """
 
 import atexit
@@ -61,7 +61,8 @@ class SessionManager:
         self._clients = []
         self._connections = []
         self._allow = ALLOW(lambda _host: 1)
-        # In the order of the library's table. Kept, since the library holds them by their address.
+        # In the order of the library's table. They have to stay alive: the library holds only
+        # addresses.
         self._callbacks = [
             REGISTER(self.register), WITH_NUMBER(lambda *_: say("asks to interact")),
             WITH_NUMBER(lambda *_: None), SAVE_REQUEST(lambda *_: say("asks to save")),
@@ -82,7 +83,7 @@ class SessionManager:
         if not ICE.IceListenForConnections(
                 ctypes.byref(count), ctypes.byref(listeners), 256, error):
             sys.exit(error.value.decode())
-        # Its sockets lie where everybody's do.
+        # Its sockets lie in a shared folder, so that they have to be removed.
         atexit.register(ICE.IceFreeListenObjs, count, listeners)
         self._listeners = [Pointer(listeners[index]) for index in range(count.value)]
         for listener in self._listeners:
@@ -115,7 +116,7 @@ class SessionManager:
         for client in self._clients:
             SM.SmsSaveYourself(Pointer(client), SAVE_BOTH, 1, INTERACT_ANY, 0)
 
-    # What clients say
+    # Messages from clients
 
     def welcome(self, _client, _data, mask, table, _reason):
         mask[0] = ALL_CALLBACKS

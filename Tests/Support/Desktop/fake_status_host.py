@@ -1,4 +1,4 @@
-"""The test's hand on a fake StatusNotifierItem host: what registered there, and clicks on it."""
+"""Controls a fake StatusNotifierItem host: lists the items that registered, and clicks on them."""
 
 import pathlib
 
@@ -41,7 +41,7 @@ class FakeStatusHost:
         return [str(name) for name in names]
 
     def activate(self, item, x=0, y=0):
-        """A click on the item, at that point of the screen."""
+        """Clicks on the item, at that point of the screen."""
         self._item(item, ITEM).Activate(x, y, timeout=PATIENCE_SECONDS)
 
     def pictures(self, item):

@@ -1,7 +1,7 @@
-"""A StatusNotifierItem watcher that a test scripts: run as a process, so that it can hang.
+"""A StatusNotifierItem watcher that a test controls. It is a process, so that it can hang.
 
 With --host it claims to have a host from the start. Otherwise it has none until somebody calls
-RegisterStatusNotifierHost, as a host that starts late does.
+RegisterStatusNotifierHost, like a host that starts late.
 """
 
 import sys

@@ -1,4 +1,4 @@
-"""What the virtual screen shows, read from the X server's own frame buffer."""
+"""Pictures of the virtual screen, read from the X server's own frame buffer."""
 
 import collections
 import mmap
@@ -8,7 +8,8 @@ import zlib
 
 Box = collections.namedtuple("Box", "left top width height")
 
-# The dot of the status icon, and how far a host's own scaling may move each part of its colour.
+# The colour of the status icon's dot. A host's scaling may change each of its parts by the
+# tolerance.
 DOT_COLOUR = (224, 138, 60)
 DOT_TOLERANCE = 6
 
@@ -52,7 +53,7 @@ class Picture:
         return Box(min(columns), min(rows), width, height)
 
     def line_around(self):
-        """The colour of a line along all four edges; None where there is none, or not all of it."""
+        """The colour of the line along all four edges, or None if there is no complete line."""
         edges = [Box(0, row, self.width, 1) for row in (0, self.height - 1)]
         edges += [Box(column, 0, 1, self.height) for column in (0, self.width - 1)]
         colours = {self.crop(edge)._prevailing_colour() for edge in edges}
@@ -72,7 +73,7 @@ class Picture:
         return path
 
     def _prevailing_colour(self):
-        """That of nearly all pixels: a pointer may lie over some."""
+        """The colour of nearly all pixels, or None. The pointer may cover some of them."""
         colours = collections.Counter(zip(*(self.pixels[part::4] for part in range(3))))
         (colour, count), = colours.most_common(1)
         return colour if count >= PREVAILING_SHARE * self.width * self.height else None

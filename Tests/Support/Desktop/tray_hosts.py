@@ -31,7 +31,7 @@ XFCE_PANEL_SETTINGS = """<?xml version="1.0" encoding="UTF-8"?>
 
 
 def start_trayer(desktop, height, monitor=0):
-    """An XEmbed tray, nothing else."""
+    """Starts an XEmbed tray and nothing else."""
     return desktop.start(
         "trayer",
         ["trayer", "--edge", "top", "--align", "right", "--widthtype", "request"]
@@ -41,8 +41,8 @@ def start_trayer(desktop, height, monitor=0):
 
 
 def start_xfce_panel(desktop, height, toolkit_scale=1):
-    """A panel of a common desktop: a StatusNotifierItem host that is an XEmbed tray as well. Its
-    toolkit knows whole scales alone."""
+    """Starts the panel of a common desktop: a StatusNotifierItem host that is also an XEmbed tray.
+    Its toolkit supports only whole scales."""
     settings = desktop.config_home / "xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"
     settings.parent.mkdir(parents=True, exist_ok=True)
     settings.write_text(XFCE_PANEL_SETTINGS.format(height=height // toolkit_scale))
@@ -52,7 +52,8 @@ def start_xfce_panel(desktop, height, toolkit_scale=1):
 
 
 def start_swaybar(desktop, height):
-    """The bar of a Wayland compositor, as high as that says: a StatusNotifierItem host."""
+    """Starts the bar of a Wayland compositor, a StatusNotifierItem host. The compositor sets its
+    height."""
     return desktop.start("swaybar", ["swaybar", "--bar_id", "bar-0"])
 
 

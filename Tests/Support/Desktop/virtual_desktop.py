@@ -21,10 +21,10 @@ TRAY_HEIGHT = 26
 BUS_NAME = "org.freedesktop.DBus"
 BUS_PATH = "/org/freedesktop/DBus"
 SESSION_BUS = "session-bus"
-# How often the dot changes while a double click surely ends: a pulse takes longer than one.
+# After this many changes of the dot, a double click is over: a pulse takes longer than one.
 CHANGES_BEYOND_A_DOUBLE_CLICK = 3
 TYPING_MILLISECONDS = 25
-# Function keys that no program waits for.
+# Function keys that no program uses.
 SPARE_KEYS = [f"FK{number}" for number in range(13, 25)]
 FOCUS_FOLLOWS_POINTER = """<openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>yes</followMouse></focus>
@@ -40,7 +40,7 @@ KEYMAP = """xkb_keymap {
 
 
 def process_id(bus, name):
-    """The process that owns the name on the bus; none when it has just let go of it."""
+    """The process that owns the name on the bus, or None if it has just released the name."""
     try:
         return bus.call_blocking(
             BUS_NAME, "/", BUS_NAME, "GetConnectionUnixProcessID", "s", (name,)
@@ -50,10 +50,10 @@ def process_id(bus, name):
 
 
 class VirtualDesktop:
-    """A context manager: nothing of the desktop outlives it, and nothing outside is touched.
+    """A context manager. Nothing of the desktop outlives it, and it touches nothing outside.
 
-    Only the named services of the machine can be started by a call on its bus: a test sees the
-    same desktop everywhere. Pictures of what went wrong go to `pictures`, if that is given.
+    A call on its bus can start only the named services of the machine, so that a test sees the same
+    desktop everywhere. If `pictures` is given, that folder gets a picture of each failure.
     """
 
     def __init__(self, width=1280, height=900, services=("org.xfce.Xfconf",), pictures=None,
@@ -91,7 +91,7 @@ class VirtualDesktop:
         )
 
     def start_announcing(self, name, command):
-        """As the processes do: what the server says once it can be reached."""
+        """Starts a server. Returns the line that it writes once it can be reached."""
         return self._processes.start_announcing(name, command, self.environment)
 
     def process(self, name):
@@ -105,7 +105,8 @@ class VirtualDesktop:
         return self._program
 
     def run_program(self, path, *arguments):
-        """A further start of the program, to its end; returns its status, None if it hangs."""
+        """Starts the program once more and waits for its end. Returns its status, or None if it
+        hangs."""
         process = self.start("another-program", [str(path), *arguments])
         return process.status()
 
@@ -115,8 +116,8 @@ class VirtualDesktop:
         self._tray = STARTERS[kind](self, height, **options)
 
     def wait_for_trayer(self):
-        """Until its window is made. It may take the focus as it shows itself, which it sometimes
-        does at once, and sometimes with the first icon."""
+        """Waits until the tray has made its window. The window may take the focus when it shows:
+        sometimes that is at once, and sometimes with the first icon."""
         self.wait_until(
             lambda: self._ask("xdotool", "search", "--classname", "^panel$"), "trayer has a window"
         )
@@ -125,7 +126,7 @@ class VirtualDesktop:
         self._tray.end()
 
     def divide_screen(self, *names):
-        """Makes it several monitors of equal width, from the left."""
+        """Divides the screen into monitors of equal width, named from the left."""
         width, height = self._size[0] // len(names), self._size[1]
         for index, name in enumerate(names):
             place = f"{width}/{width}x{height}/{height}+{index * width}+0"
@@ -138,8 +139,8 @@ class VirtualDesktop:
         return FakeStatusHost(self, has_host)
 
     def add_service(self, name, text):
-        """Has a call to that name on the bus start what the text of a service file says, with the
-        variables of this session, as a desktop tells them to its bus."""
+        """Adds a service file, so that a call to that name on the bus starts its program. Tells the
+        bus the variables of this session, as a desktop does."""
         services_folder(self.folder, SESSION_BUS).joinpath(f"{name}.service").write_text(text)
         bus = dbus.bus.BusConnection(self.bus_address)
         environment = dbus.Dictionary(self._processes.marked(self.environment), signature="ss")
@@ -150,7 +151,7 @@ class VirtualDesktop:
         bus.close()
 
     def is_reachable(self, program):
-        """Whether the program can be found on the bus, as a second start of it looks for it."""
+        """Whether the program owns its name on the bus, by which a second start finds it."""
         bus = dbus.bus.BusConnection(self.bus_address)
         names = [name for name in bus.list_names() if not name.startswith((":", ITEM))]
         pids = [process_id(bus, name) for name in names]
@@ -160,13 +161,13 @@ class VirtualDesktop:
     def wait_until_reachable(self, program):
         self.wait_until(lambda: self.is_reachable(program), "the program has its bus name")
 
-    # What the user sees
+    # Seeing
 
     def picture(self):
         return self._frame_buffer.picture()
 
     def settled_picture(self):
-        """The screen once what is below the tray rests."""
+        """The screen, once the part below the tray no longer changes."""
         below = Box(0, self._tray_height, self._size[0], self._size[1] - self._tray_height)
         return wait_for_rest(self.picture, lambda picture: picture.crop(below))
 
@@ -178,40 +179,41 @@ class VirtualDesktop:
         return self.picture().crop(self.tray_box()).dot()
 
     def on_screen(self, box):
-        """Where in the picture a window of that box is."""
+        """The place in the picture of a window with that box."""
         return box
 
     def windows(self, title):
-        """The visible windows of that title, as boxes; the tray's own small windows left out."""
+        """The boxes of the visible windows with that title, without the small windows of the
+        tray."""
         found = self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
         boxes = [self._window_box(window) for window in found]
         return [box for box in boxes if box and box.height > 2 * TRAY_HEIGHT]
 
     def window_properties(self, title, *names):
-        """What the visible window of that title tells the window manager, as xprop prints it."""
+        """The properties of the visible window with that title, as xprop prints them."""
         window = self._ask("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()[-1]
         return self._ask("xprop", "-id", window, *names)
 
-    # What the user does
+    # Acting
 
     def move_focused_window(self, left, top):
         self._ask("xdotool", "getactivewindow", "windowmove", "--sync", str(left), str(top))
 
     def click_icon(self):
-        """A click just beside the icon's dot, so that the pointer does not cover the dot."""
+        """Clicks just beside the icon's dot, so that the pointer does not cover the dot."""
         dot = self.wait_for_icon()
         x, y = dot.left + dot.width, dot.top + dot.height
         self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
 
     def point(self, x, y):
-        """Moves the pointer there; it arrives in a small step, as from a hand."""
+        """Moves the pointer there. The last step is a small one, as from a hand."""
         self._ask("xdotool", "mousemove", str(x - 1), str(y), "mousemove", str(x), str(y))
 
     def click(self, x, y):
         self._ask("xdotool", "mousemove", str(x), str(y), "click", "1")
 
     def turn_wheel(self, x, y, notches):
-        """Over that point; downwards when `notches` is positive."""
+        """Turns the wheel over that point, downwards if `notches` is positive."""
         button = "5" if notches > 0 else "4"
         repeated = ["click", "--repeat", str(abs(notches)), "--delay", "20", button]
         self._ask("xdotool", "mousemove", str(x), str(y), *repeated)
@@ -221,7 +223,8 @@ class VirtualDesktop:
 
     def add_letters(self, text):
         """Gives the keyboard keys for the letters that it lacks, at most one for each spare key.
-        Before a program starts: one that runs can miss a letter while it learns of a new key."""
+        Has to be called before a program starts: a running program can miss a letter while it
+        learns of a new key."""
         letters = sorted({letter for letter in text if not letter.isascii()})
         assert len(letters) <= len(SPARE_KEYS)
         keys = [f"key <{key}> {{ [ U{ord(letter):04X} ] }};"
@@ -234,7 +237,7 @@ class VirtualDesktop:
         self._ask("xdotool", "type", "--delay", str(TYPING_MILLISECONDS), text)
 
     def let_double_click_time_pass(self):
-        """Until the next click counts as a new one."""
+        """Waits until the next click no longer counts as part of a double click."""
         for _ in range(CHANGES_BEYOND_A_DOUBLE_CLICK):
             height = self.wait_for_icon().height
             self.wait_for_dot(lambda dot: dot.height != height, "the dot changes its size")
@@ -242,7 +245,7 @@ class VirtualDesktop:
     # Waiting
 
     def wait_until(self, condition, what):
-        """Returns the condition's first true value; fails with a picture when none comes."""
+        """Waits for the condition, and returns its first true value. A failure leaves a picture."""
         def come_or_over():
             value = condition()
             if not value and self._program and self._program.has_failed():
@@ -252,7 +255,8 @@ class VirtualDesktop:
         return wait_for(come_or_over, what, lambda: self._evidence(what))
 
     def wait_for_dot(self, is_wanted, what):
-        """The icon's dot once it is as wanted. It may be covered, or painted just then."""
+        """Waits until the icon's dot is as wanted, and returns it. It may be covered or half
+        painted before."""
         return self.wait_until(lambda: (dot := self.icon()) and is_wanted(dot) and dot, what)
 
     def wait_for_icon(self):
@@ -294,7 +298,7 @@ class VirtualDesktop:
 
     def _start_screen(self):
         width, height = self._size
-        # Without -noreset the server starts over, refusing clients, whenever its last one leaves.
+        # Without -noreset, the server restarts and refuses clients whenever its last client leaves.
         number = self._processes.start_announcing(
             "screen", lambda end: ["Xvfb", "-displayfd", str(end), "-noreset", "-nolisten", "tcp"]
             + ["-screen", "0", f"{width}x{height}x24", "-fbdir", str(self.folder / "screen")],

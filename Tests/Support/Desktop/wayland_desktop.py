@@ -1,5 +1,5 @@
-"""A virtual desktop whose windows live under a Wayland compositor: the X screen is only its glass,
-so that pointer, keyboard and pictures stay those of every other desktop."""
+"""A virtual desktop with a Wayland compositor, which draws on the X screen. So the pointer, the
+keyboard and the pictures work as on every other desktop."""
 
 import json
 import os
@@ -7,8 +7,8 @@ import os
 from picture import Box
 from virtual_desktop import TRAY_HEIGHT, VirtualDesktop
 
-# What a user of this compositor has without a configuration of their own, but for the bar, which
-# comes when a test asks for it.
+# Like this compositor's configuration for a new user, except that the bar starts only when a test
+# asks for it.
 CONFIGURATION = """xwayland disable
 output * background #56646e solid_color
 bar {{
@@ -25,7 +25,7 @@ bar {{
 }}
 """
 OUTPUT = "output {name} mode --custom {width}x{height}@60Hz position {left} 0 scale {scale}\n"
-# It refuses to run as somebody who could become root again.
+# The compositor refuses to run for a user who could become root again.
 NOBODY_IN_PARTICULAR = ["unshare", "--user", "--map-user=1000", "--map-group=1000"]
 
 
@@ -45,7 +45,7 @@ def right_of(box):
 
 
 class WaylandDesktop(VirtualDesktop):
-    """Has as many outputs as scales are given, side by side, each of that size in pixels.
+    """Has one output for each given scale, side by side, each of that size in pixels.
 
     The boxes of windows and outputs are in the compositor's own points.
     """
@@ -55,13 +55,13 @@ class WaylandDesktop(VirtualDesktop):
         self._output_width = width
         self._scales = scales
 
-    # What the user sees
+    # Seeing
 
     def windows(self, title):
         return [box_of(node) for node in self._nodes() if node["name"] == title]
 
     def outputs(self):
-        """The boxes of those that are on, from the left."""
+        """The boxes of the active outputs, from the left."""
         nodes = [node for node in self._nodes() if node["type"] == "output"]
         return sorted(box_of(node) for node in nodes if not node["name"].startswith("__"))
 
@@ -87,7 +87,7 @@ class WaylandDesktop(VirtualDesktop):
         socket = self.wait_until(self._command_socket, "the compositor is up")
         self.environment |= {"SWAYSOCK": str(socket), "WAYLAND_DISPLAY": "wayland-1",
                              "XDG_SESSION_TYPE": "wayland", "QT_QPA_PLATFORM": "wayland"}
-        # A program of this desktop knows of no X server.
+        # Programs of this desktop must not know the X server.
         del self.environment["DISPLAY"]
         self.wait_until(lambda: len(self.outputs()) == len(self._scales), "the outputs are on")
         self._lay_out_screen()
@@ -105,7 +105,8 @@ class WaylandDesktop(VirtualDesktop):
         return next((self.folder / "run").glob("sway-ipc.*.sock"), None)
 
     def _lay_out_screen(self):
-        """Each output is a nameless window of the X screen, all of them in its corner at first."""
+        """Moves the outputs side by side. Each is a nameless window of the X screen, at first in
+        its corner."""
         listed = self._ask("xwininfo", "-root", "-children").split()
         windows = sorted({int(word, 16) for word in listed if word.startswith("0x")})
         for index, window in enumerate(windows[-len(self._scales):]):

@@ -1,12 +1,11 @@
-"""Waiting for facts. No test waits for a time to pass, or measures one."""
+"""Waits for facts. No test waits for time to pass, and none measures time."""
 
 import time
 
-# Only a hang lasts so long. A fact that comes early costs nothing of it.
+# Only a hang lasts this long. A fact that comes early costs none of it.
 PATIENCE_SECONDS = 180
 POLL_SECONDS = 0.02
-# A picture rests once it was the same at so many looks in a row. One that never rests is taken as
-# it is after the larger number.
+# A picture rests if this many looks in a row see the same. If it never rests, the last look counts.
 LOOKS_AT_REST = 8
 MOST_LOOKS = 50
 
@@ -16,7 +15,8 @@ class NotSeen(AssertionError):
 
 
 def wait_for(fact, what, evidence=lambda: ""):
-    """Returns the fact's first true value. When none comes, `evidence` says what there is."""
+    """Waits for the fact, and returns its first true value. If none comes, `evidence` explains the
+    failure."""
     deadline = time.monotonic() + PATIENCE_SECONDS
     while not (value := fact()):
         if time.monotonic() > deadline:
@@ -26,7 +26,7 @@ def wait_for(fact, what, evidence=lambda: ""):
 
 
 def wait_for_rest(look, part=lambda seen: seen):
-    """Returns what `look` sees once that part of it rests."""
+    """Returns the result of `look` once `part` of it no longer changes."""
     seen = look()
     rested = 0
     for _ in range(MOST_LOOKS):

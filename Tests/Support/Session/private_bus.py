@@ -1,4 +1,4 @@
-"""A message bus of a test's own, on which every client may do everything."""
+"""A message bus for one test, on which every client may do everything."""
 
 import pathlib
 
@@ -17,12 +17,13 @@ INSTALLED_SERVICES = pathlib.Path("/usr/share/dbus-1/services")
 
 
 def services_folder(folder, name):
-    """Where the files of the services are that the bus of that name starts."""
+    """The folder of the service files for the bus of that name."""
     return folder / name / "services"
 
 
 def start_bus(processes, name, folder, environment, services=()):
-    """The address of a new bus; a call starts only those of the machine's services."""
+    """Starts a bus, and returns its address. Calls on it can start only the given services of the
+    machine."""
     own = folder / name
     own_services = services_folder(folder, name)
     own_services.mkdir(parents=True, mode=0o700)

@@ -1,4 +1,4 @@
-"""Folders of a test's own in the place of the user's."""
+"""Folders for one test, in place of the user's."""
 
 import os
 
@@ -12,7 +12,7 @@ FOLDERS = {
 
 
 def private_home(folder):
-    """Makes the folders; returns the environment in which a program finds nothing else."""
+    """Makes the folders. Returns the environment in which a program finds only them."""
     for name in FOLDERS.values():
         (folder / name).mkdir(mode=0o700)
     kept = {name: value for name, value in os.environ.items() if name.endswith("SAN_OPTIONS")}

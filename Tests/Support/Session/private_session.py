@@ -1,4 +1,4 @@
-"""What a session consists of without a screen: folders and a bus that nobody else has."""
+"""A session without a screen: folders and a bus for one test."""
 
 import pathlib
 import tempfile
@@ -9,9 +9,9 @@ from processes import ProcessGroup
 
 
 class PrivateSession:
-    """A context manager: nothing of the session outlives it, and nothing outside is touched.
+    """A context manager. Nothing of the session outlives it, and it touches nothing outside.
 
-    No service can be started by a call on its bus: what answers is what was started on purpose.
+    A call on its bus cannot start a service. Only services that the test has started can answer.
     """
 
     def __enter__(self):
@@ -33,7 +33,7 @@ class PrivateSession:
         self._temporary.cleanup()
 
     def start(self, name, command, environment=None, **options):
-        """The environment is added to the session's, and overrules it."""
+        """The given environment is added to the session's, and overrides it."""
         return self.processes.start(
             name, command, {**self.environment, **(environment or {})}, **options
         )

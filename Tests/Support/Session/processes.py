@@ -7,7 +7,7 @@ import subprocess
 
 from patience import PATIENCE_SECONDS, NotSeen, wait_for
 
-# For a process that a test leaves behind to end by itself, before it is made to.
+# How long a process may take to end by itself after a test, before it is killed.
 GRACE_SECONDS = 20
 
 
@@ -18,8 +18,8 @@ class Process:
         self.name = name
         self.log = log
         with open(log, "ab") as output:
-            # The kernel ends the child even when this interpreter itself is killed. A Ctrl-C in the
-            # terminal is for this interpreter: it ends its children in their order.
+            # The kernel ends the child even if this interpreter is killed. A Ctrl-C in the terminal
+            # reaches only this interpreter, which ends its children in their order.
             self._child = subprocess.Popen(
                 ["setpriv", "--pdeathsig", "KILL", *command],
                 env=environment,
@@ -38,9 +38,9 @@ class Process:
         return self._child.poll() is None
 
     def freeze(self):
-        """Stops the process where it is: it keeps its names and answers nobody."""
+        """Stops the process. It keeps its names on the bus, and answers nobody."""
         self._child.send_signal(signal.SIGSTOP)
-        # The signal takes its time, in which another thread can answer.
+        # The signal takes effect with a delay, in which another thread could still answer.
         os.waitid(os.P_PID, self.pid, os.WSTOPPED | os.WEXITED | os.WNOWAIT)
 
     def thaw(self):
@@ -50,7 +50,7 @@ class Process:
         self._child.send_signal(signal.SIGTERM)
 
     def has_failed(self):
-        """Whether it has ended, and badly."""
+        """Whether the process has ended with an error."""
         return bool(self._child.poll())
 
     def status(self):
@@ -76,7 +76,8 @@ class Process:
 
 
 class ProcessGroup:
-    """Starts processes that carry a common mark, so that their own children are found as well."""
+    """Starts processes with a common mark in their environment, so that their children are found as
+    well."""
 
     MARK = "QUORVEL_VIRTUAL_DESKTOP"
 
@@ -91,11 +92,13 @@ class ProcessGroup:
         return process
 
     def marked(self, environment):
-        """The environment of a process that is to end with these, whoever started it."""
+        """The environment with the mark of this group: the process ends with it, whoever starts
+        it."""
         return {**environment, self.MARK: str(self._folder)}
 
     def start_announcing(self, name, command, environment):
-        """Starts a server that writes one line on a descriptor once it can be reached."""
+        """Starts a server, and returns the line that it writes to a descriptor once it can be
+        reached."""
         reading, writing = os.pipe()
         with os.fdopen(reading) as lines:
             self.start(name, command(writing), environment, pass_fds=[writing])
@@ -106,7 +109,7 @@ class ProcessGroup:
         return line
 
     def named(self, name):
-        """The newest of that name."""
+        """The newest process with that name."""
         return [process for process in self._started if process.name == name][-1]
 
     def end(self, name):
@@ -120,7 +123,7 @@ class ProcessGroup:
         wait_for(self._are_strays_gone, "the end of what the processes have started")
 
     def logs(self):
-        """What every process has printed, each under its name."""
+        """The output of every process, each under its name."""
         texts = {process.name: process.output().strip() for process in self._started}
         return "\n".join(f"--- {name}\n{text}" for name, text in texts.items() if text)
 

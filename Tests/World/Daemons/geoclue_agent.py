@@ -28,7 +28,7 @@ class Agent(dbus.service.Object):
         bus.watch_name_owner(DAEMON, self._register)
 
     def _register(self, owner):
-        """Each daemon has to be told anew; none is started for it."""
+        """Registers with each new daemon. It never starts one."""
         self.is_registered = False
         if owner:
             manager = self._bus.get_object(owner, MANAGER_PATH, introspect=False)

@@ -1,7 +1,7 @@
-"""The real GeoClue daemon with all that it needs, each part of which a test can break.
+"""The real GeoClue daemon and everything that it needs. A test can break each part.
 
-Started by itself it obeys one line of its input at a time: the name of one of the world's COMMANDS
-with its arguments, answered with a line "done" or "failed: ...".
+Run as a program, it reads one command a line: a name from COMMANDS with its arguments. It answers
+each with a line "done" or "failed: ...".
 """
 
 import os
@@ -58,7 +58,8 @@ EXACT_LEVEL = 8
 class GeoClueWorld:
     """The daemon on a bus, its agent, and the endpoint that knows the position.
 
-    `with GeoClueWorld() as world:` has a bus of its own; given an address, it joins that bus.
+    `with GeoClueWorld() as world:` starts a bus of its own. If an address is given, the world uses
+    that bus.
     """
 
     COMMANDS = ("start_daemon", "stop_daemon", "kill_daemon", "freeze_daemon", "thaw_daemon",
@@ -117,7 +118,7 @@ class GeoClueWorld:
         wait_for(lambda: not self._bus.name_has_owner(DAEMON_NAME), "the daemon to end")
 
     def kill_daemon(self):
-        """Ends it without a chance to take leave, and does not wait for it."""
+        """Kills the daemon, which cannot clean up any more, and does not wait for its end."""
         os.kill(self._daemon.pid, 9)
 
     def freeze_daemon(self):
@@ -157,7 +158,7 @@ class GeoClueWorld:
         self._configure(False)
 
     def mend(self):
-        """Has everything be as it was at the start, whatever a test has broken."""
+        """Restores everything that a test has broken to its state at the start."""
         self.endpoint.stand_at(*HOME)
         self._is_allowed = True
         self.thaw_daemon()
@@ -168,7 +169,7 @@ class GeoClueWorld:
         self.start_daemon()
 
     def await_request(self):
-        """Returns once the daemon has asked where it is since it was started."""
+        """Returns once the daemon has asked for its position after its start."""
         wait_for(lambda: self.endpoint.requests > self._requests_before, "the daemon's request")
 
     def expect_no_clients(self):
@@ -201,7 +202,7 @@ def obey(world, line):
         return f"failed: there is no command {name}"
     try:
         getattr(world, name)(*arguments)
-    except Exception as error:  # Whatever it is, the other side has to hear of it.
+    except Exception as error:  # The other side has to hear of every error.
         return f"failed: {error!r}"
     return "done"
 

@@ -1,4 +1,4 @@
-"""The server that knows where networks are, as the GeoClue daemon asks it."""
+"""The server that the GeoClue daemon asks for the position of the networks around it."""
 
 import http.server
 import json
@@ -9,7 +9,7 @@ HOME = (10.7769, 106.7009, 25.0)
 
 
 class GeolocationEndpoint:
-    """Answers every request with one position, or as badly as it was told to."""
+    """Answers every request with one position, or fails as it was told to."""
 
     def __init__(self):
         self._delay = 0
@@ -48,11 +48,11 @@ class GeolocationEndpoint:
         self._open.set()
 
     def hang(self):
-        """Requests stay open until it stands somewhere or fails."""
+        """Holds every request open until `stand_at` or `fail` is called."""
         self._open.clear()
 
     def slow(self, seconds):
-        """Every answer takes so much longer, until it is told otherwise."""
+        """Delays every answer by so many seconds, until the next call."""
         hurry, self._hurry = self._hurry, threading.Event()
         self._delay = seconds
         hurry.set()

@@ -1,4 +1,4 @@
-"""The district's keyring: the real daemon, with a keyring that is thrown away."""
+"""The district's keyring: the real daemon with a keyring in a temporary folder."""
 
 import threading
 
@@ -19,7 +19,7 @@ class KeyringPart:
         self._world.absent()
 
     def slow(self, seconds):
-        """Answers nobody for so long, and then everybody."""
+        """Answers nobody for so many seconds, and then everybody."""
         self._end_wait()
         self._world.stop()
         self._thaw = threading.Timer(seconds, self._world.resume)
@@ -27,7 +27,8 @@ class KeyringPart:
         self._thaw.start()
 
     def fail(self, how):
-        """Is "locked", has "no keyring", or answers nobody ("silence")."""
+        """The keyring is "locked", there is "no keyring", or the daemon answers nobody
+        ("silence")."""
         if how == "locked":
             self._world.lock()
             self._undo.append(self._world.unlock)
@@ -47,7 +48,7 @@ class KeyringPart:
         self._undo.append(self._world.start)
 
     def recover(self):
-        """Comes back, too, if it had vanished; what was kept before is still there."""
+        """Undoes every failure. A daemon that had vanished comes back with what it kept."""
         self._end_wait()
         while self._undo:
             self._undo.pop()()

@@ -1,7 +1,7 @@
-"""The real keyring daemon on a bus of the tests' own, with a keyring that is thrown away.
+"""The real keyring daemon on a bus of its own, with a keyring in a temporary folder.
 
-Started by itself it writes the address of its bus, then obeys one line of its input at a time: one
-of the world's COMMANDS, answered with a line "done" or "failed: ...". At first there is no daemon.
+Run as a program, it prints the address of its bus, and then reads one command a line, from
+COMMANDS. It answers each with a line "done" or "failed: ...". At first, no daemon runs.
 """
 
 import os
@@ -21,12 +21,13 @@ SERVICE = "org.freedesktop.Secret.Service"
 UNPROMPTED = "org.gnome.keyring.InternalUnsupportedGuiltRiddenInterface"
 COLLECTION = "org.freedesktop.Secret.Collection"
 NO_COLLECTION = ("", "/")
-# What a person types at login: the keyring is made with it, and unlocked.
+# The password that a person types at login. It makes the keyring and unlocks it.
 PASSWORD = b"correct horse\n"
 
 
 class KeyringWorld:
-    """Starts the daemon and plays what can become of it. Ends with the processes it is given.
+    """Starts the daemon, and brings it into the states that a client may meet. Ends with the
+    processes it is given.
 
     `environment` names the bus and the folders, and `processes` is a ProcessGroup.
     """
@@ -41,22 +42,22 @@ class KeyringWorld:
         self._processes = processes
         self._daemon = None
 
-    # What it can be told
+    # Orders
 
     def start(self):
-        """A daemon whose keyring is there and unlocked, as after a login."""
+        """Starts a daemon with an unlocked keyring, as after a login."""
         self._launch(["--unlock"], PASSWORD)
         self._wait_until(self.default_collection, "has a keyring")
 
     def start_without_keyring(self):
-        """A daemon that has never seen a login: there is no place for new items."""
+        """Starts a daemon that has never seen a login. It has no keyring for new items."""
         self._launch([], b"")
 
     def lock(self):
         self._call("Lock", "ao", dbus.Array([self._collection_there()], signature="o"))
 
     def unlock(self):
-        """As with the right password typed, without a prompt."""
+        """Unlocks the keyring with the right password, without a prompt."""
         bus = self._bus()
         nothing = dbus.String("", variant_level=1)
         _, session = bus.call_blocking(NAME, PATH, SERVICE, "OpenSession", "sv", ("plain", nothing))
@@ -68,30 +69,30 @@ class KeyringWorld:
         bus.close()
 
     def stop(self):
-        """It keeps its name and answers nobody."""
+        """Freezes the daemon. It keeps its name and answers nobody."""
         self._daemon.freeze()
 
     def resume(self):
         self._daemon.thaw()
 
     def kill(self):
-        """It dies in the middle of whatever it does."""
+        """Kills the daemon in the middle of its work."""
         os.kill(self._daemon.pid, signal.SIGKILL)
         self.absent()
 
     def absent(self):
-        """No daemon, as on a machine without one. The keyring's file stays."""
+        """Ends the daemon, as on a machine without one. The keyring's file stays."""
         if self._daemon:
             self._daemon.end()
             self._daemon = None
             self._wait_until(lambda: not self.is_present(), "is off the bus")
 
     def forget(self):
-        """No daemon, and none of what an earlier one kept."""
+        """Ends the daemon, and deletes everything that it kept."""
         self.absent()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    # What can be seen of it
+    # State
 
     @property
     def folder(self):
@@ -105,7 +106,7 @@ class KeyringWorld:
             bus.close()
 
     def default_collection(self):
-        """Where new items go; none where the user has no such place."""
+        """The collection for new items, or None if the user has none."""
         path = str(self._call("ReadAlias", "s", "default"))
         return path if path not in NO_COLLECTION else None
 
@@ -118,7 +119,8 @@ class KeyringWorld:
     # Parts
 
     def _collection_there(self):
-        """Right after an item was stored, the daemon may name none for a moment."""
+        """Waits for the default collection. Right after an item was stored, the daemon may name
+        none for a moment."""
         return self._wait_until(self.default_collection, "has a keyring")
 
     def _launch(self, options, typed):

@@ -1,4 +1,4 @@
-"""The district's location service: the real daemon, told where it is by a local endpoint."""
+"""The district's location service: the real daemon. It gets its position from a local endpoint."""
 
 from geoclue_world import EXACT_LEVEL, GeoClueWorld
 
@@ -24,20 +24,20 @@ class LocationPart:
 
     @property
     def requests(self):
-        """How often the daemon has asked where it is."""
+        """How often the daemon has asked for its position."""
         return self._world.endpoint.requests
 
     @property
     def answers(self):
-        """How often it was told, or refused."""
+        """How often the daemon has got an answer or an error."""
         return self._world.endpoint.answers
 
     def slow(self, seconds):
-        """Finding out where it is takes so much longer."""
+        """Delays every position by so many seconds."""
         self._world.endpoint.slow(seconds)
 
     def fail(self, how):
-        """A status of at least 400 of the endpoint, or one of the words below."""
+        """An HTTP status of at least 400 for the endpoint, or one of the words below."""
         world = self._world
         if isinstance(how, int) and how >= 400:
             world.fail(how)
@@ -62,7 +62,7 @@ class LocationPart:
         self._undo.append(self._world.start_daemon)
 
     def recover(self):
-        """Comes back, too, if it had vanished."""
+        """Undoes every failure. A daemon that had vanished comes back."""
         while self._undo:
             self._undo.pop()()
         self._stand_still()

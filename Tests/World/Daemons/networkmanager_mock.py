@@ -1,12 +1,12 @@
-"""NetworkManager with radios that live, as a template for python-dbusmock.
+"""A NetworkManager whose radios change, as a template for python-dbusmock.
 
-The stock template serves objects that stand still. This one adds what a Wi-Fi client meets: scans
-that take their time, connections that walk through the states of a device and end well or badly,
-profiles that are temporary until saved, and secrets that are given out or refused.
+The objects of the stock template never change. This one adds the behaviour that a Wi-Fi client
+meets: scans take time, connections pass through the states of a device and succeed or fail,
+profiles are temporary until they are saved, and secrets are given or refused.
 
     python3 -m dbusmock --template Tests/World/Daemons/networkmanager_mock.py
 
-A test drives it through the methods of org.freedesktop.DBus.Mock at /org/freedesktop: AddRadio,
+A test controls it through the methods of org.freedesktop.DBus.Mock at /org/freedesktop: AddRadio,
 AddNetwork, AddProfile, JoinNetwork and Script, which decides what happens next; see DEFAULTS.
 """
 
@@ -26,7 +26,7 @@ MAIN_OBJ = stock.MAIN_OBJ
 SYSTEM_BUS = stock.SYSTEM_BUS
 IS_OBJECT_MANAGER = stock.IS_OBJECT_MANAGER
 
-# dbusmock looks for the methods of a template among its names.
+# dbusmock finds the methods of a template among its global names.
 globals().update({name: value for name, value in vars(stock).items()
                   if hasattr(value, "_dbus_interface")})
 
@@ -36,17 +36,17 @@ SECURITY = "802-11-wireless-security"
 SECRETS = ("psk", "wep-key0")
 PERMISSION = "org.freedesktop.NetworkManager.settings.modify."
 
-# What Script may change. A time in milliseconds that is negative means never.
+# The values that Script can change. A negative time in milliseconds means never.
 DEFAULTS = {
-    "objects-ms": 0,  # for which the description of all objects is on its way, ageing
+    "objects-ms": 0,  # until the list of all objects is sent, which is not renewed meanwhile
     "join": "ok",  # or a key of WALKS or of JOIN_REFUSALS
-    "join-answer-ms": 0,  # until a join is let begin, as when an administrator is asked
+    "join-answer-ms": 0,  # until a join may begin, for example while an administrator is asked
     "step-ms": 20,  # between two states of a device
-    "last-word": "device",  # who tells first of a failure: the device or the connection
+    "last-word": "device",  # which of them reports a failure first: the device or the connection
     "scan": "ok",  # or a key of SCAN_REFUSALS
     "scan-answer-ms": 0,
-    "scan-ms": 60,  # until the radio has listened
-    "secrets": "ok",  # or a key of SECRET_REFUSALS, or "bytes" for something that is no text
+    "scan-ms": 60,  # until the radio has scanned
+    "secrets": "ok",  # or a key of SECRET_REFUSALS, or "bytes" for bytes that are no text
     "secrets-ms": 0,
     "update": "ok",  # or "denied"
     "save": "ok",  # or "denied"
@@ -54,7 +54,7 @@ DEFAULTS = {
     "modify-system": "yes",
 }
 
-# The states of the device and their reasons on the way of one connection.
+# The states of the device through which one connection passes, with their reasons.
 WALKS = {
     "ok": [(40, 0), (50, 0), (70, 0), (80, 0), (90, 0), (100, 0)],
     "wrong-password": [(40, 0), (50, 0), (120, 7)],
@@ -67,7 +67,7 @@ WALKS = {
     "hang": [(40, 0), (50, 0)],
 }
 
-# What a connection that fails says for its own part, by the reason of the device.
+# The reason that a failed connection reports, by the reason of the device.
 ACTIVE_REASONS = {5: 5, 7: 9, 11: 6}
 
 NM = "org.freedesktop.NetworkManager"
@@ -89,7 +89,7 @@ SECRET_REFUSALS = {
 }
 
 script = dict(DEFAULTS)
-# What is to be done after a time, by its source in the main loop.
+# The delayed actions, by their source in the main loop.
 waiting = {}
 numbers = itertools.count(1)
 
@@ -107,7 +107,7 @@ def load(mock, parameters):
 
 
 def serve(target, method):
-    """Has one object answer a method that may take its time, which AddMethod has no way to say."""
+    """Gives one object a method that may answer later. AddMethod cannot add such a method."""
     target.methods.setdefault(method._dbus_interface, {})[method.__name__] = (
         method._dbus_in_signature, method._dbus_out_signature, "", method)
 
@@ -118,7 +118,7 @@ def refusal(reason, **values):
 
 
 def after(milliseconds, action):
-    """Does it then, and once; now where that is no time, and never where that is negative."""
+    """Runs the action once after that time: at once if it is zero, and never if it is negative."""
     def act():
         del waiting[source]
         action()
@@ -132,7 +132,7 @@ def after(milliseconds, action):
 
 
 def new_path(folder):
-    """A path that no other object ever had: the service does not use one twice."""
+    """A path that no object ever had: the service does not use one twice."""
     return f"{ROOT}/{folder}/{next(numbers)}"
 
 
@@ -166,7 +166,7 @@ def remove(path):
 
 @dbus.service.method(MOCK_IFACE, in_signature="s", out_signature="s")
 def AddRadio(self, name):
-    """Adds a radio that is ready and joined to nothing; gives its path."""
+    """Adds a radio that is ready and not connected. Returns its path."""
     path = self.AddWiFiDevice(name, name, stock.DeviceState.DISCONNECTED)
     radio = dbusmock.get_object(path)
     serve(radio, RequestScan)
@@ -183,7 +183,7 @@ def RemoveRadio(_self, radio):
 
 @dbus.service.method(MOCK_IFACE, in_signature="sayyuuu", out_signature="s")
 def AddNetwork(self, radio, ssid, percent, flags, wpa_flags, rsn_flags):
-    """Adds an access point that the radio hears; gives its path."""
+    """Adds an access point in the reach of the radio. Returns its path."""
     path = new_path("AccessPoint")
     self.AddObject(path, stock.ACCESS_POINT_IFACE,
                    {"Ssid": dbus.ByteArray(bytes(ssid)), "Strength": dbus.Byte(percent),
@@ -213,7 +213,8 @@ def Change(_self, path, interface, values):
 
 @dbus.service.method(MOCK_IFACE, in_signature="ss")
 def JoinNetwork(_self, radio, network):
-    """Has the radio be on the network, by a profile made for it, without the way there."""
+    """Connects the radio to the network at once, without the states in between, by a new
+    profile."""
     profile = add_profile({"connection": {"id": "joined", "type": "802-11-wireless"},
                            "802-11-wireless": {
                                "ssid": value(network, stock.ACCESS_POINT_IFACE, "Ssid")}})
@@ -231,13 +232,13 @@ def Script(_self, key, what):
 
 @dbus.service.method(MOCK_IFACE, out_signature="u")
 def CountWaiting(_self):
-    """How much is to be done after a time."""
+    """The number of delayed actions."""
     return len(waiting)
 
 
 @dbus.service.method(MOCK_IFACE)
 def Hurry(_self):
-    """Does all of that now."""
+    """Runs all delayed actions now."""
     while waiting:
         source, action = waiting.popitem()
         GLib.source_remove(source)
@@ -246,7 +247,7 @@ def Hurry(_self):
 
 @dbus.service.method(MOCK_IFACE)
 def Clear(_self):
-    """Takes everything away that was added, and every script."""
+    """Removes everything that was added, and resets the script."""
     script.update(DEFAULTS)
     while waiting:
         GLib.source_remove(waiting.popitem()[0])
@@ -313,7 +314,7 @@ def set_active_state(active, state, reason):
 
 
 def add_active(profile, radio, network):
-    """Puts a new connection on the radio in the place of the one that it may have had."""
+    """Gives the radio a new connection, and ends the one that it had."""
     current = value(radio, stock.DEVICE_IFACE, "ActiveConnection")
     if current != NOWHERE:
         end_active(current, 60, 2)
@@ -338,7 +339,7 @@ def arrive(active, radio, network):
 
 
 def fail_active(active, radio, reason):
-    """The radio gives up, and its connection with it."""
+    """Makes the radio and its connection fail."""
     own_reason = ACTIVE_REASONS.get(reason, 0)
     if script["last-word"] == "device":
         set_device_state(radio, stock.DeviceState.FAILED, reason)
@@ -351,7 +352,7 @@ def fail_active(active, radio, reason):
 
 
 def end_active(active, device_reason, active_reason):
-    """Takes a connection from its radio; a profile that was only for it goes as well."""
+    """Ends the connection of a radio, and removes its profile if that is temporary."""
     radio = value(active, stock.ACTIVE_CONNECTION_IFACE, "Devices")[0]
     profile = value(active, stock.ACTIVE_CONNECTION_IFACE, "Connection")
     if device_reason:
@@ -366,7 +367,7 @@ def end_active(active, device_reason, active_reason):
 
 
 def walk(active, radio, network, states):
-    """Takes the radio through the states, one a step, as long as its connection is there."""
+    """Takes the radio through the states, one a step, as long as its connection exists."""
     def step():
         if not states or not exists(active):
             return False
@@ -482,13 +483,13 @@ def save(profile):
 
 @dbus.service.method(MOCK_IFACE, in_signature="a{sa{sv}}", out_signature="s")
 def AddProfile(_self, settings):
-    """Adds a profile that the user has; gives its path."""
+    """Adds a profile of the user. Returns its path."""
     return add_profile(settings)
 
 
 @dbus.service.method(MOCK_IFACE, out_signature="aa{sa{sv}}")
 def Profiles(_self):
-    """What is remembered for good, with the secrets."""
+    """The saved profiles, with their secrets."""
     kept = [dbusmock.get_object(path) for path in profiles()]
     return dbus.Array([profile.settings for profile in kept if not profile.is_temporary],
                       signature="a{sa{sv}}")
@@ -496,7 +497,7 @@ def Profiles(_self):
 
 @dbus.service.method(MOCK_IFACE, out_signature="u")
 def CountProfiles(_self):
-    """How many profiles there are, temporary ones included."""
+    """The number of profiles, with the temporary ones."""
     return len(profiles())
 
 

@@ -1,10 +1,10 @@
-"""Runs a command beside the real NetworkManager, which sees nothing of the machine.
+"""Runs a command with the real NetworkManager, which sees nothing of the machine.
 
     real_network_manager.py COMMAND [ARGUMENTS...]
 
-The daemon has a network of its own, with a cable between two ends and no radio, and its files lie
-in folders that are gone afterwards. The command finds it on a private bus, by the usual variable.
-Needs root; ends with status 77 and a reason where that cannot be had.
+The daemon has a network of its own: a cable with two ends, and no radio. Its files lie in temporary
+folders. The command finds it on a private bus, by the usual variable. Needs root and namespaces.
+Without them, it prints a reason and ends with status 77.
 """
 
 import os
@@ -24,9 +24,9 @@ INSIDE = "QUORVEL_INSIDE_OWN_NETWORK"
 OWN_FOLDERS = ("/etc/NetworkManager", "/var/lib/NetworkManager", "/run",
                "/usr/lib/NetworkManager/conf.d")
 
-# Without the daemon that would be asked for permissions, root has them all.
+# Without the daemon that grants permissions, root has them all.
 SETTINGS = "[main]\nplugins=keyfile\nauth-polkit=root-only\nno-auto-default=*\n"
-# Profiles of one network, and when each was last used; the daemon believes only its own files.
+# When each profile of one network was last used. The daemon takes this only from its own files.
 USED_OFTEN = (100, 300, 0, 200)
 PROFILE = """[connection]
 id=used {time}
@@ -47,7 +47,7 @@ def skip(reason):
 
 
 def enter():
-    """Starts this program anew in a network and a view of the files of its own."""
+    """Restarts this program with a network and a view of the files of its own."""
     if os.geteuid() != 0:
         skip("needs root, for a network of its own")
     for program in ("NetworkManager", "ip", "unshare", "dbus-daemon"):
@@ -61,7 +61,7 @@ def enter():
 
 
 def furnish():
-    """An empty machine: a cable, and folders that only this process sees."""
+    """Sets up an empty machine: a cable, and folders that only this process sees."""
     for folder in OWN_FOLDERS:
         if pathlib.Path(folder).is_dir():
             subprocess.run(["mount", "-t", "tmpfs", "none", folder], check=True)

@@ -1,4 +1,4 @@
-"""The district's networks, as a network service tells of them that has a radio for the purpose."""
+"""The district's Wi-Fi networks: a mock of the network service, with one radio."""
 
 import pathlib
 import sys
@@ -14,14 +14,14 @@ SERVICE = "org.freedesktop.NetworkManager"
 ROOT = "/org/freedesktop"
 MANAGER = "/org/freedesktop/NetworkManager"
 MOCK = "org.freedesktop.DBus.Mock"
-# As the service counts how far the machine can reach.
+# The service's numbers for its state and for its connectivity.
 DISCONNECTED, CONNECTED = 20, 70
 NO_CONNECTIVITY, FULL_CONNECTIVITY = 1, 4
 USUAL_SCAN_MS = 60
 DELAYS = {"scan-ms": USUAL_SCAN_MS, "join-answer-ms": 0, "secrets-ms": 0}
-# The flags of an access point: those of its own, of WPA and of RSN.
+# The flags of an access point: its own, those of WPA and those of RSN.
 SECURITY = {"open": (0, 0, 0), "wpa2": (1, 0, 0x188), "wpa3": (1, 0, 0x488)}
-# What to script for a failure, and what it is otherwise.
+# For each failure: the key to script, its value, and its usual value.
 FAILURES = {
     "scan denied": ("scan", "denied", "ok"),
     "scan unavailable": ("scan", "unavailable", "ok"),
@@ -54,13 +54,15 @@ class WifiPart:
         self._bus.close()
 
     def slow(self, seconds):
-        """Every scan, join and look-up of a secret takes so much longer, until it recovers."""
+        """Delays every scan, join and look-up of a secret by so many seconds, until `recover` is
+        called."""
         self._undo.append(lambda: self._call("Hurry", ""))
         for delay, usual in DELAYS.items():
             self._with_undo(delay, int(1000 * seconds), usual)
 
     def fail(self, how):
-        """One of FAILURES, has "no radio" or "no network", or answers nobody ("silence")."""
+        """One of FAILURES, or there is "no radio" or "no network", or nobody gets an answer
+        ("silence")."""
         if how in FAILURES:
             self._with_undo(*FAILURES[how])
         elif how == "no radio":
@@ -80,18 +82,18 @@ class WifiPart:
         self._undo = [self._launch]
 
     def recover(self):
-        """Comes back, too, if it had vanished; what was learned since the start is forgotten."""
+        """Undoes every failure. A service that had vanished comes back as it was at the start."""
         while self._undo:
             self._undo.pop()()
 
     come_back = recover
 
     def count_waiting(self):
-        """How many scans, joins and look-ups go on."""
+        """The number of scans, joins and look-ups that have not ended yet."""
         return int(self._call("CountWaiting", ""))
 
     def profiles(self):
-        """What the service remembers for good, with the secrets."""
+        """The profiles that the service has saved, with their secrets."""
         return self._call("Profiles", "")
 
     def _launch(self):
@@ -106,7 +108,8 @@ class WifiPart:
         return self._bus.name_has_owner(SERVICE)
 
     def _furnish(self):
-        """One radio, what it hears, what the machine remembers, and where it is joined."""
+        """Sets up one radio, the networks in its reach, the saved profiles and the joined
+        network."""
         self._call("Clear", "")
         self._radio = self._call("AddRadio", "s", "wlan0")
         for name in self._networks["remembered"]:
@@ -135,7 +138,7 @@ class WifiPart:
         }
 
     def _reach(self, state, connectivity):
-        """Says so in two signals, one after the other."""
+        """Changes the state and the connectivity, with one signal for each."""
         for name, value in (("State", state), ("Connectivity", connectivity)):
             self._call("Change", "ssa{sv}", MANAGER, SERVICE, {name: dbus.UInt32(value)})
 

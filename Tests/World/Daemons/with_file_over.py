@@ -1,4 +1,4 @@
-"""Runs a command that sees one file in the place of another; nobody else does.
+"""Runs a command that sees one file in place of another. No other process sees this.
 
 usage: with_file_over.py SHOWN HIDDEN COMMAND...
 """
@@ -31,7 +31,7 @@ def enter_private_mounts():
     user, group = os.getuid(), os.getgid()
     check(libc.unshare(CLONE_NEWNS if user == 0 else CLONE_NEWNS | CLONE_NEWUSER))
     if user != 0:
-        # The user stays who they are, so that the bus knows them.
+        # The process keeps its user, whom the bus knows.
         pathlib.Path("/proc/self/setgroups").write_text("deny")
         pathlib.Path("/proc/self/uid_map").write_text(f"{user} {user} 1")
         pathlib.Path("/proc/self/gid_map").write_text(f"{group} {group} 1")

@@ -1,7 +1,7 @@
-"""What the district consists of: a quarter of Saigon that exists in district.json alone.
+"""The contents of the district: an invented quarter of Saigon, stored in district.json.
 
-No entry of the map is without an identifier, as its type and number always are one; the poorest
-has nothing but its category.
+Every entry of the map has an identifier, made of its type and number. The poorest entry has only a
+category besides.
 """
 
 import dataclasses
@@ -32,7 +32,7 @@ class Place:
 
     @property
     def centre(self):
-        """The middle of the box around the place, in the seven decimals that the map keeps."""
+        """The middle of the box around the place, rounded to the seven decimals of the map."""
         latitudes, longitudes = zip(*self.points)
         return tuple(round((min(side) + max(side)) / 2, 7) for side in (latitudes, longitudes))
 
@@ -57,7 +57,7 @@ class District:
         return geodesic_meters(self.position, place.centre)
 
     def cafes_within(self, meters):
-        """What the program is to find, nearest first."""
+        """The cafés that the program has to find, nearest first."""
         cafes = [place for place in self.places if place.tags["amenity"] == "cafe"]
         return sorted((c for c in cafes if self.distance(c) <= meters), key=self.distance)
 

@@ -1,4 +1,4 @@
-"""A service of the web on this machine alone, which can be told to misbehave."""
+"""A web service on this machine alone, which can be told to misbehave."""
 
 import dataclasses
 import http.server
@@ -29,7 +29,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
     do_POST = do_GET
 
     def log_message(self, *_):
-        """What was asked is kept in `requests`."""
+        """Logs nothing: `requests` keeps every request."""
 
     def read_request(self):
         parts = urllib.parse.urlsplit(self.path)
@@ -75,10 +75,10 @@ class Server(http.server.ThreadingHTTPServer):
         super().shutdown_request(request)
 
     def handle_error(self, *_):
-        """A client that went away in the middle is part of the game."""
+        """Ignores clients that go away in the middle of an answer."""
 
     def cut(self):
-        """Ends what is being said: the peer sees the connection break."""
+        """Breaks all connections."""
         for connection in list(self.connections):
             try:
                 connection.shutdown(socket.SHUT_RDWR)
@@ -87,9 +87,9 @@ class Server(http.server.ThreadingHTTPServer):
 
 
 class DistrictServer:
-    """Answers as its service does, until told otherwise; `requests` holds what it was asked.
+    """Answers like its service until it is told to misbehave. `requests` holds all requests.
 
-    Whatever it was told to do ends with `recover`, also for those who are waiting.
+    `recover` ends every misbehaviour, also for clients that are waiting.
     """
 
     FAILURES = (
@@ -109,7 +109,7 @@ class DistrictServer:
         self.most_at_once = 0
 
     def start(self):
-        # Bound, but never listening: keeps the port for the time in which the service is away.
+        # This socket never listens. It keeps the port while the service is away.
         self._claim = socket.socket()
         self._claim.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEPORT, 1)
         self._claim.bind((HOST, 0))
@@ -124,14 +124,14 @@ class DistrictServer:
     def endpoint(self):
         return f"http://{HOST}:{self.port}{self._service.path}"
 
-    # What it can be told
+    # Orders
 
     def slow(self, seconds):
-        """Every answer takes so much longer."""
+        """Delays every answer by so many seconds."""
         self._tell(delay=seconds)
 
     def fail(self, how):
-        """A status of at least 400, or one of `FAILURES`."""
+        """An HTTP status of at least 400, or one of `FAILURES`."""
         if how not in self.FAILURES and not (isinstance(how, int) and 400 <= how < 600):
             raise ValueError(f"no such failure: {how}")
         if how == "remark" and not hasattr(self._service, "remark"):
@@ -142,7 +142,7 @@ class DistrictServer:
         self._tell()
 
     def vanish(self):
-        """Nobody listens any more, and what is being said breaks off."""
+        """Stops listening, and breaks all connections."""
         if self._server:
             server, self._server = self._server, None
             server.shutdown()
@@ -160,7 +160,7 @@ class DistrictServer:
         self._failure, self._delay = failure, delay
         told.set()
 
-    # How it answers
+    # Answers
 
     def handle(self, handler):
         request = handler.read_request()
@@ -219,7 +219,7 @@ class DistrictServer:
         handler.send_reply(self._service.strange(float("nan")))
 
     def _play_infinite(self, handler, _):
-        """Numbers that are written well, and that no variable holds."""
+        """Numbers that are well-formed, but too large for any variable."""
         reply = self._service.strange(float("inf"))
         body = reply.body.replace(b"Infinity", b"1e999")
         handler.send_reply(dataclasses.replace(reply, body=body))
@@ -229,7 +229,7 @@ class DistrictServer:
         handler.close_connection = True
 
     def _play_drip(self, handler, told):
-        """Never silent, and never done."""
+        """Sends a byte now and then, and never ends."""
         handler.send_head(Reply(200, JSON, b""), HUGE_BYTES)
         for _ in range(MOST_DRIPS):
             if told.wait(DRIP_SECONDS):

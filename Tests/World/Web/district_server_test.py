@@ -1,4 +1,4 @@
-"""The district's two web services answer as the real ones do, and misbehave when told to."""
+"""The district's two web services answer like the real ones, and misbehave when told to."""
 
 import http.client
 import json
@@ -14,7 +14,7 @@ from open_meteo import OpenMeteo
 from overpass import Overpass
 from patience import PATIENCE_SECONDS, wait_for
 
-# How many answers of another server a held one outlasts.
+# The number of answers of another server during which a held answer has to stay open.
 ANSWERS_MEANWHILE = 20
 AGENT = "Quorvel-Test/1"
 QUERY = "[out:json][timeout:15];nwr[amenity=cafe](around:101,10.7769,106.7009);out tags center;"
@@ -78,12 +78,12 @@ class MapTest(ServerCase):
         query = QUERY.replace("amenity=cafe", '"amenity" = "cafe"').replace(";", " ;\n")
         self.assertEqual(self.names(query), self.names(QUERY))
 
-    def test_what_is_not_asked_for_is_not_printed(self):
+    def test_only_the_requested_fields_are_printed(self):
         self.query = QUERY.replace(" center", "")
         for element in self.json()["elements"]:
             self.assertEqual(set(element), {"type", "id", "tags"})
 
-    def test_a_query_that_it_does_not_read_is_refused(self):
+    def test_a_malformed_query_is_refused(self):
         for query in ("", "nonsense", QUERY.replace("[out:json]", ""), QUERY.replace("nwr", "nwrx"),
                       QUERY.replace("around:101", "around:x"), QUERY + "out;",
                       QUERY.replace("tags", "meta")):
@@ -93,7 +93,7 @@ class MapTest(ServerCase):
                 self.assertEqual(status, 400)
                 self.assertIn(b"parse error", body)
 
-    def test_a_program_that_does_not_say_who_it_is_gets_nothing(self):
+    def test_a_program_that_does_not_name_itself_is_refused(self):
         for agent in ("Mozilla/5.0", "", "curl/7.88", "Python-urllib/3.11"):
             with self.subTest(agent=agent):
                 self.assertEqual(self.ask(agent=agent)[0], 406)
@@ -118,12 +118,12 @@ class WeatherTest(ServerCase):
         query = urllib.parse.urlencode(getattr(self, "query", FORECAST))
         return urllib.request.Request(f"{self.server.endpoint}/v1/forecast?{query}")
 
-    def test_it_tells_what_it_is_asked_for(self):
+    def test_it_returns_the_requested_values(self):
         current = self.json()["current"]
         self.assertEqual(set(current), {"time", "interval", "temperature_2m", "is_day"})
         self.assertEqual(current["temperature_2m"], self.district.weather["temperature_2m"])
 
-    def test_a_parameter_that_it_does_not_take_is_refused(self):
+    def test_an_invalid_parameter_is_refused(self):
         for change in ({"latitude": "91"}, {"longitude": "-180.1"}, {"latitude": "x"},
                        {"current": "rain"}, {"current": ""}, {"extra": "1"}):
             with self.subTest(change=change):
@@ -132,7 +132,7 @@ class WeatherTest(ServerCase):
                 self.assertEqual(status, 400)
                 self.assertTrue(json.loads(body)["error"])
 
-    def test_its_errors_are_its_own(self):
+    def test_an_error_comes_in_its_own_format(self):
         self.server.fail(429)
         status, body = self.ask()
         self.assertEqual(status, 429)
@@ -148,7 +148,7 @@ class MisbehaviourTest(ServerCase):
     request = MapTest.request
 
     def asked(self):
-        """A thread that asks, once the server has heard it."""
+        """Starts a thread that asks. Returns it once the server has the request."""
         asking = threading.Thread(target=self.ends_in_any_way)
         before = len(self.server.requests)
         asking.start()
@@ -177,7 +177,7 @@ class MisbehaviourTest(ServerCase):
             ).close()
         self.assertTrue(asking.is_alive())
 
-    def test_a_slow_answer_comes_in_the_end_and_right(self):
+    def test_a_slow_answer_is_right(self):
         self.server.slow(0.5)
         self.assertEqual(self.ask()[0], 200)
 
@@ -189,7 +189,7 @@ class MisbehaviourTest(ServerCase):
         self.assert_ends(asking)
         self.assertEqual(self.status, 200)
 
-    def test_bodies_are_as_bad_as_they_are_called(self):
+    def test_each_bad_body_is_as_bad_as_its_name_says(self):
         def body(how):
             self.server.fail(how)
             return self.ask()[1]
@@ -237,12 +237,12 @@ class MisbehaviourTest(ServerCase):
         self.assert_ends(asking)
         self.assertIsNone(self.status)
 
-    def test_what_it_was_asked_is_kept(self):
+    def test_it_keeps_the_requests(self):
         self.ask()
         self.assertEqual(self.server.requests[0].form["data"], QUERY)
         self.assertEqual(self.server.requests[0].agent, AGENT)
 
-    def test_a_failure_that_nobody_knows_is_refused(self):
+    def test_an_unknown_failure_is_refused(self):
         for how in ("dragons", 200, 600):
             with self.assertRaises(ValueError):
                 self.server.fail(how)

@@ -1,4 +1,4 @@
-"""The district's data is what its notes say it is."""
+"""The district's data has the properties that its notes describe."""
 
 import unittest
 
@@ -12,7 +12,7 @@ MICROMETRE = 1e-6
 class GeodesyTest(unittest.TestCase):
     def test_distances_are_those_of_the_ellipsoid(self):
         here = (10.7769, 106.7009)
-        # As the GeographicLib library gives them.
+        # The distances come from the GeographicLib library.
         for there, meters in (((10.77835, 106.7009), 160.38901485),
                               ((10.7769, 106.7019), 109.36891763),
                               ((21.03, 105.85), 1138251.20853904), (here, 0)):
@@ -33,28 +33,28 @@ class DistrictTest(unittest.TestCase):
     def place(self, name):
         return next(place for place in self.district.places if place.name == name)
 
-    def test_the_nearest_cafes_come_in_their_order(self):
+    def test_the_nearest_cafes_come_in_the_order_of_their_distance(self):
         self.assertEqual(
             [cafe.name for cafe in self.district.cafes_within(RADIUS)],
             ["Cà phê Gió Sông", None, None, 'Tiệm "Góc" \\ <b>47</b> & Bạn',
              "Sân Trong – Cà phê & Sách", "Trăm Mét"],
         )
 
-    def test_one_lies_at_exactly_a_hundred_metres(self):
+    def test_one_cafe_lies_at_exactly_a_hundred_metres(self):
         meters = self.district.distance(self.place("Trăm Mét"))
         self.assertLessEqual(meters, RADIUS)
         self.assertAlmostEqual(meters, RADIUS, delta=MICROMETRE)
 
-    def test_one_lies_a_centimetre_beyond(self):
+    def test_one_cafe_lies_a_centimetre_beyond_a_hundred_metres(self):
         meters = self.district.distance(self.place("Hụt Một Gang"))
         self.assertAlmostEqual(meters, RADIUS + 0.01, delta=MICROMETRE)
 
-    def test_one_reaches_into_the_circle_with_its_centre_beyond(self):
+    def test_one_cafe_reaches_into_the_circle_but_has_its_centre_outside(self):
         house = self.place("Nhà Dài")
         self.assertTrue(house.reaches(self.district.position, RADIUS))
         self.assertGreater(self.district.distance(house), RADIUS)
 
-    def test_several_lie_beyond_what_the_map_service_is_asked_for(self):
+    def test_several_places_lie_outside_the_requested_circle(self):
         beyond = [place for place in self.district.places
                   if not place.reaches(self.district.position, RADIUS + 1)]
         self.assertGreaterEqual(len(beyond), 3)

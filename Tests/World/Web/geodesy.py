@@ -12,7 +12,7 @@ SPHERE_METERS = 40_000_000 / (2 * 3.141592653589793)
 
 
 def spherical_meters(one, other):
-    """As the map service measures; up to half a per cent off."""
+    """The distance as the map service measures it. It is up to half a per cent off."""
     latitude, beyond = radians(one[0]), radians(other[0])
     width = sin(radians(other[1] - one[1]) / 2)
     height = sin((beyond - latitude) / 2)
@@ -21,7 +21,8 @@ def spherical_meters(one, other):
 
 
 def geodesic_meters(one, other):
-    """On the WGS-84 ellipsoid, by Vincenty's inverse solution; for points that are not opposite."""
+    """The distance on the WGS-84 ellipsoid, by Vincenty's inverse solution, for points that are not
+    opposite."""
     u1 = atan((1 - FLATTENING) * tan(radians(one[0])))
     u2 = atan((1 - FLATTENING) * tan(radians(other[0])))
     apart = angle = radians(other[1] - one[1])
@@ -46,7 +47,7 @@ def geodesic_meters(one, other):
 
 
 def arc_meters(arc, sin_arc, cos_arc, cos2_azimuth, middle):
-    """The length of an arc on the auxiliary sphere, back on the ellipsoid."""
+    """Converts an arc on the auxiliary sphere into its length on the ellipsoid."""
     u2 = cos2_azimuth * (EQUATOR_METERS**2 - POLE_METERS**2) / POLE_METERS**2
     a = 1 + u2 / 16384 * (4096 + u2 * (-768 + u2 * (320 - 175 * u2)))
     b = u2 / 1024 * (256 + u2 * (-128 + u2 * (74 - 47 * u2)))

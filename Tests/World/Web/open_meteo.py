@@ -1,4 +1,5 @@
-"""The weather service of the district: one weather everywhere, asked for as Open-Meteo is."""
+"""The weather service of the district, with the interface of Open-Meteo and one weather
+everywhere."""
 
 import datetime
 
@@ -19,11 +20,11 @@ REASONS = {
 
 
 class QueryError(ValueError):
-    """A parameter that the service does not take."""
+    """A parameter is missing, unknown or invalid."""
 
 
 class OpenMeteo:
-    # Programs are told the server; the path below it is theirs to know.
+    # Programs get the address of the server, and add the path themselves.
     path = ""
 
     def __init__(self, district):
@@ -42,7 +43,7 @@ class OpenMeteo:
         return refusal(status, REASONS.get(status, "Service unavailable"))
 
     def strange(self, value):
-        """The usual reply with one value in the place of every measurement."""
+        """The usual reply with one value in place of every measurement."""
         return json_reply({"current": dict.fromkeys(UNITS, value)})
 
     def _forecast(self, where, variables):

@@ -1,4 +1,4 @@
-"""The map service of the district: reads a query as an Overpass server does, and answers it."""
+"""The map service of the district. It reads and answers queries like an Overpass server."""
 
 import html
 import re
@@ -15,7 +15,7 @@ SEARCH = re.compile(
 OUTPUT = re.compile(r"out((?:\w+)*);")
 OUTPUT_WORDS = ("tags", "center")
 TYPES = {"nwr": ("node", "way", "relation"), "rel": ("relation",)}
-# Programs that do not say who they are get nothing.
+# Programs that do not name themselves are refused.
 STOCK_AGENT = re.compile(r"$|mozilla|curl|wget|python|qt\b|java", re.IGNORECASE)
 BUSY = {
     429: "runtime error: open64: 0 Success /osm3s_osm_base Dispatcher_Client::"
@@ -34,7 +34,7 @@ PAGE = """<?xml version="1.0" encoding="UTF-8"?>
 
 
 class QueryError(ValueError):
-    """The query is not one that can be answered."""
+    """The query cannot be answered."""
 
 
 class Overpass:
@@ -57,12 +57,13 @@ class Overpass:
         return error_page(status, BUSY.get(status, "runtime error"))
 
     def remark(self):
-        """A search that failed while it ran: well-formed, with status 200, and without result."""
+        """The reply to a search that failed while it ran: well-formed, with status 200 and without
+        a result."""
         sentence = 'runtime error: Query timed out in "query" at line 1 after 16 seconds.'
         return json_reply({**self._envelope([]), "remark": sentence})
 
     def strange(self, value):
-        """The usual reply with one value in the place of a coordinate, a name and a number."""
+        """The usual reply with one value in place of a coordinate, a name and a number."""
         entry = {"type": "node", "id": value, "lat": value, "lon": value}
         return json_reply(self._envelope([{**entry, "tags": {"amenity": "cafe", "name": value}}]))
 
@@ -111,7 +112,8 @@ def take(pattern, text, what):
 
 
 def element(place, words):
-    """A place as it is printed; where it lies is told only to who asks for the centre."""
+    """A place as the service prints it. Its position is printed only if the query asks for the
+    centre."""
     printed = {"type": place.type, "id": place.id}
     if "center" in words:
         latitude, longitude = place.centre

@@ -1,4 +1,4 @@
-"""What a local service says to a request."""
+"""Requests to a local service, and its replies."""
 
 import dataclasses
 import json
