@@ -1,4 +1,4 @@
-# What bash completes behind "quorvel".
+# The completions of bash for "quorvel".
 
 _quorvel_options() {
   case $1 in
@@ -12,7 +12,7 @@ _quorvel_options() {
   esac
 }
 
-# _quorvel_values COMMAND OPTION: the values to choose from; fails where the option takes none.
+# _quorvel_values COMMAND OPTION: prints the possible values; fails if the option takes none.
 _quorvel_values() {
   case $1:$2 in
     export:--format) echo json csv geojson ;;
@@ -23,7 +23,7 @@ _quorvel_values() {
   esac
 }
 
-# _quorvel_unused WORD...: those that the line does not have yet.
+# _quorvel_unused WORD...: prints the words that are not yet in the line.
 _quorvel_unused() {
   local word
   for word in "$@"; do
@@ -33,7 +33,7 @@ _quorvel_unused() {
 
 _quorvel() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} values
-  # Bash takes "--format=csv" for three words.
+  # Bash splits "--format=csv" into three words.
   [[ $before != '=' ]] || before=${COMP_WORDS[COMP_CWORD - 2]}
   [[ $word != '=' ]] || word=''
   COMPREPLY=()
@@ -47,7 +47,7 @@ _quorvel() {
     fi
   else
     values=$(_quorvel_options "${COMP_WORDS[1]}")
-    # shellcheck disable=SC2086 # They are words of ours.
+    # shellcheck disable=SC2086 # The words are our own.
     mapfile -t COMPREPLY < <(compgen -W "$(_quorvel_unused $values)" -- "$word")
   fi
 }

@@ -1,4 +1,4 @@
-# What fish completes behind "quorvel".
+# The completions of fish for "quorvel".
 
 set -l commands locate history export check-in
 set -l none "not __fish_seen_subcommand_from $commands"
@@ -27,16 +27,16 @@ for command in locate history check-in
     __quorvel_option $command json -d 'Print one JSON object, for programs'
 end
 
-__quorvel_option history since -x -d 'Only from that day on, as in 2026-03-01'
+__quorvel_option history since -x -d 'Only visits from this day on, as in 2026-03-01'
 
-__quorvel_option export format -x -a 'json csv geojson' -d 'How they are written'
+__quorvel_option export format -x -a 'json csv geojson' -d 'The format of the visits'
 __quorvel_option export output -r -F -d 'Write this file instead of printing'
 
-__quorvel_option check-in cafe -x -d 'Another one nearby, by name or identifier'
+__quorvel_option check-in cafe -x -d 'Another café nearby, by name or identifier'
 __quorvel_option check-in wifi-speed -x -a $scores -d 'Score the Wi-Fi'
 __quorvel_option check-in outlets -x -a $scores -d 'Score the power outlets'
 __quorvel_option check-in noise -x -a $scores -d 'Score the noise, lower is quieter'
-__quorvel_option check-in quiet-for-calls -x -a $scores -d 'Score if it is quiet enough for calls'
+__quorvel_option check-in quiet-for-calls -x -a $scores -d 'Score whether it is quiet enough for calls'
 __quorvel_option check-in note -x -d 'A note on the visit'
 
 functions -e __quorvel_option

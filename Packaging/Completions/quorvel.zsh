@@ -1,5 +1,5 @@
 #compdef quorvel
-# What zsh completes behind "quorvel".
+# The completions of zsh for "quorvel".
 
 _quorvel_commands() {
   local -a commands=(
@@ -17,16 +17,16 @@ _quorvel_options() {
   case $1 in
     locate) _arguments $json $help ;;
     history)
-      _arguments $json $help '--since=[only from that day on]:day, as in 2026-03-01: '
+      _arguments $json $help '--since=[only visits from this day on]:day, as in 2026-03-01: '
       ;;
     export)
       _arguments $help \
-        '--format=[how they are written]:format:(json csv geojson)' \
+        '--format=[the format of the visits]:format:(json csv geojson)' \
         '--output=[write this file instead of printing]:file:_files'
       ;;
     check-in)
       _arguments $json $help \
-        '--cafe=[another one nearby]:name or identifier: ' \
+        '--cafe=[another café nearby]:name or identifier: ' \
         '--wifi-speed=[score the Wi-Fi]:score:(1 2 3 4 5)' \
         '--outlets=[score the power outlets]:score:(1 2 3 4 5)' \
         '--noise=[score the noise, lower is quieter]:score:(1 2 3 4 5)' \

@@ -1,10 +1,10 @@
-# Read as the settings of an interactive zsh: writes what it would offer behind $LINE to $OFFERS.
+# An interactive zsh reads this as its settings. It writes its completions of $LINE to $OFFERS.
 
 fpath=($COMPLETIONS $fpath)
 autoload -Uz compinit
 compinit -D -u
 
-# Calls that ask for the matches are the completion system's own; the others offer them.
+# The completion system itself calls compadd to ask for matches. All other calls offer words.
 compadd() {
   if [[ " ${(j: :)@[1,(i)(-|--)]} " == *' '-[OAD]' '* ]]; then
     builtin compadd "$@"
