@@ -1,8 +1,8 @@
-# How a folder of views is built: one QML module and its C++ in one static library.
+# Builds a folder of views: one QML module and its C++ in one static library.
 
 set(QT_QML_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/qml)
 
-# A view compiled with the tree opens sooner; the tree builds more slowly.
+# Compiled views make a start faster and a build slower. Otherwise, the engine compiles them itself.
 option(QUORVEL_COMPILE_QML "Compile the views ahead of time" ON)
 set(QUORVEL_QML_OPTIONS)
 if(NOT QUORVEL_COMPILE_QML)
@@ -10,10 +10,10 @@ if(NOT QUORVEL_COMPILE_QML)
 endif()
 
 # quorvel_qml_module(NAME URI Quorvel.X QML_FILES ... [SOURCES ...] [IMPORTS ...] [LINKS ...])
-# Whoever links NAME can import the URI: its types and files are inside the program.
+# A target that links NAME can import the URI: the types and files of the module are in the program.
 function(quorvel_qml_module name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "QML_FILES;SOURCES;IMPORTS;LINKS")
-  # A module is flat to those who import it, whatever folders its files stand in.
+  # An importer sees a flat module, in whatever folders its files are.
   foreach(view ${arg_QML_FILES})
     cmake_path(GET view FILENAME file_name)
     set_source_files_properties(${view} PROPERTIES QT_RESOURCE_ALIAS ${file_name})
@@ -22,7 +22,7 @@ function(quorvel_qml_module name)
   qt_add_qml_module(${name}
     URI ${arg_URI}
     VERSION 1.0
-    RESOURCE_PREFIX /qt-project.org/imports # where every engine looks by itself
+    RESOURCE_PREFIX /qt-project.org/imports # where every engine looks
     IMPORT_PATH ${QT_QML_OUTPUT_DIRECTORY}
     DEPENDENCIES QtQuick
     IMPORTS ${arg_IMPORTS}
@@ -32,7 +32,7 @@ function(quorvel_qml_module name)
   # Byte code is the same in each build. The C++ that Qt would make is not; it is 0.5 MB larger, and
   # opens no sooner.
   set_target_properties(${name} PROPERTIES QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
-  # The generated registration names its headers without their folder.
+  # The generated registration includes its headers without their folders.
   set(folders ${arg_SOURCES})
   list(TRANSFORM folders REPLACE "[^/]+$" "")
   list(REMOVE_DUPLICATES folders)

@@ -6,13 +6,14 @@ target_compile_features(quorvel_options INTERFACE cxx_std_20)
 target_include_directories(quorvel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(quorvel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-# Where several files are read as one, gcc takes what each has to itself for a header's.
+# A unity build reads several files as one. gcc then takes a file's private types for those of a
+# header.
 if(CMAKE_UNITY_BUILD)
   target_compile_options(quorvel_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
-# What is shipped is kept small: people wait for the screen, the disk and the web, and for our own
-# code only where it loops over all visits. Each function in a section of its own can be left out.
+# A release is small: people wait for the screen, the disk and the web, and for our own code only
+# where it loops over all visits. The linker can leave out a function that has a section of its own.
 set(optimised_for_size $<AND:$<CONFIG:Release>,$<CXX_COMPILER_ID:Clang>>)
 target_compile_options(quorvel_options INTERFACE
   $<$<CONFIG:Release>:-ffunction-sections;-fdata-sections>
@@ -27,16 +28,16 @@ if(QUORVEL_SANITIZERS)
   add_compile_options(-fsanitize=${QUORVEL_SANITIZERS} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${QUORVEL_SANITIZERS})
-  # What clang 14 puts in front of a function for this check, it cannot for a coroutine.
+  # For this check, clang 14 puts data in front of each function. It cannot do so for a coroutine.
   add_compile_options($<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
 endif()
 
-# A test runs once or twice: what counts is how soon it is built. The code it tests is optimised.
+# A test runs once or twice, so that a fast build counts more than fast code.
 set(QUORVEL_TEST_OPTIONS -O0)
-# Only a hang takes so long, on a busy machine and with sanitizers, too.
+# Only a hang takes this long, even on a busy machine and with sanitizers.
 set(QUORVEL_TEST_SECONDS 1200)
 
-# What a test's environment adds in a sanitized build: a leak fails the test, too.
+# Additions to a test's environment in a sanitized build. A leak fails the test, too.
 set(QUORVEL_TEST_ENVIRONMENT)
 if(QUORVEL_SANITIZERS)
   # Where clang 14 looks for leaks in the memory of a thread that is ending, it crashes now and
@@ -62,7 +63,7 @@ set(QUORVEL_COMMON_HEADERS
   <algorithm> <chrono> <functional> <map> <memory> <optional> <variant> <vector>)
 
 # quorvel_precompile(NAME)
-# Has the target make them for others.
+# Makes the target precompile them for other targets.
 function(quorvel_precompile name)
   target_link_libraries(${name} PRIVATE quorvel_options Qt6::Core QCoro6::Core)
   target_compile_options(${name} PRIVATE
@@ -86,9 +87,10 @@ function(quorvel_use_precompiled name)
 endfunction()
 
 # quorvel_moc(NAME source...)
-# What AUTOMOC does, for a target whose sources are known: each header, and each test's own file,
-# which includes its "*.moc". AUTOMOC looks for them in two programs of its own a target, and with
-# this many targets that is a quarter of the build. What comes of the headers is compiled as one.
+# Does the work of AUTOMOC for a target whose sources are known: moc reads each header, and each
+# test's own file, which includes its "*.moc". AUTOMOC runs two programs for each target to find
+# them, which takes a quarter of a build with this many targets. The output for the headers is
+# compiled as one file.
 function(quorvel_moc name)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/${name}_moc)
   file(MAKE_DIRECTORY ${folder})
@@ -149,7 +151,7 @@ function(quorvel_library name)
 endfunction()
 
 # quorvel_tests_library(NAME SOURCES ... [LINKS ...])
-# What several tests share, compiled once and with their options.
+# Code that several tests share. It is compiled once, with the options of tests.
 function(quorvel_tests_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_library(${name} STATIC ${arg_SOURCES})
@@ -186,13 +188,13 @@ endfunction()
 # Always the system's Python: the one first on PATH may lack the modules that Debian installs.
 set(QUORVEL_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with the dbus and gi modules")
 
-# Where the tests' own modules of Python stand.
+# The folders of the tests' own Python modules.
 set(QUORVEL_PYTHON_FOLDERS
   Support/Desktop Support/Session World World/Daemons World/Web Desktop)
 list(TRANSFORM QUORVEL_PYTHON_FOLDERS PREPEND ${PROJECT_SOURCE_DIR}/Tests/)
 list(JOIN QUORVEL_PYTHON_FOLDERS ":" QUORVEL_PYTHONPATH)
 
-# Has a test start a daemon, a real one or a mock, from the tests' own world.
+# Lets a test start a daemon of the tests' world, a real one or a mock.
 function(quorvel_beside_daemon name)
   target_compile_definitions(${name} PRIVATE
     QUORVEL_PYTHON="${QUORVEL_PYTHON}" QUORVEL_DAEMONS="${PROJECT_SOURCE_DIR}/Tests/World/Daemons")
@@ -213,9 +215,9 @@ function(quorvel_python_test name)
 endfunction()
 
 # quorvel_program_test(NAME SCRIPT file ... [WHOLE_STACKS]), otherwise as quorvel_python_test.
-# Needs nothing built but the program and what is packaged with it. Some libraries keep no frame
-# pointers. WHOLE_STACKS trace a leak through those, too, so that a known one is recognised, and
-# make the program several times slower.
+# The test needs only the program and the files that are packaged with it. Some libraries keep no
+# frame pointers. With WHOLE_STACKS, leaks are traced through those, too, so that a known leak is
+# recognised. This makes the program several times slower.
 function(quorvel_program_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg WHOLE_STACKS "" "")
   quorvel_python_test(${name} ${arg_UNPARSED_ARGUMENTS})
