@@ -90,7 +90,7 @@ CommandLine refusal(const QString &reason)
             .exitStatus = usageError};
 }
 
-/// The first argument alone can name one.
+/// Only the first argument can name a command.
 bool isCommand(const QStringList &arguments)
 {
     return !arguments.isEmpty() &&
@@ -108,7 +108,7 @@ bool isOption(const QString &argument)
     return argument.startsWith(u'-') && argument.size() > 1;
 }
 
-/// The toolkit takes its options with one dash or two.
+/// Qt accepts its options with one dash or two.
 QStringView nameOf(const QString &option)
 {
     return QStringView(option).sliced(option.startsWith("--"_L1) ? 2 : 1);

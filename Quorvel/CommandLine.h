@@ -7,12 +7,11 @@
 
 namespace quorvel {
 
-/// What the arguments of a start ask for, for `main` to carry out before there is an application
-/// object or a display.
+/// Parses the arguments of a start, for `main`, before there is an application object or a display.
 struct CommandLine
 {
     enum class Opening {
-        /// The panel of a program that runs already; this one's own only where no icon shows.
+        /// The panel of a running program. A first start opens its own only if no icon shows.
         AsNeeded,
         /// As at a login.
         Nothing,
@@ -25,15 +24,15 @@ struct CommandLine
     QString output = {};
     /// For standard error.
     QString errors = {};
-    /// A command of the terminal with its own arguments, which its module reads.
+    /// A command of the terminal with its arguments, which its module reads.
     QStringList command = {};
-    /// What the program opens when it runs, or has the one that runs already open.
+    /// What this program, or the one that already runs, should open.
     Opening opening = Opening::AsNeeded;
-    /// Nothing: the program is to run, or the command.
+    /// Absent if the program or the command should run.
     std::optional<int> exitStatus = {};
 
-    /// Reads the arguments, without the program's name. The toolkit's options for every platform
-    /// pass in the forms that an application object takes out of its arguments.
+    /// Parses the arguments, without the program's name. Qt's options for every platform pass, in
+    /// the forms that an application object removes.
     [[nodiscard]] static CommandLine parse(const QStringList &arguments);
 
     friend bool operator==(const CommandLine &, const CommandLine &) = default;

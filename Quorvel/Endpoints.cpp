@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array loopbackHosts{"localhost"_L1, "127.0.0.1"_L1, "::1"_L1};
 
-/// By the name alone: what a resolver says of another name can change.
+/// By name only: what a resolver answers for another name can change.
 bool isOnThisMachine(const QString &host)
 {
     return std::find(loopbackHosts.begin(), loopbackHosts.end(), host) != loopbackHosts.end();
@@ -37,8 +37,8 @@ std::optional<QUrl> readEndpoint(const QProcessEnvironment &environment, const Q
     return url;
 }
 
-/// What was typed, but for a password: whoever wrote one into the address does not want to read it
-/// in a log. Where it cannot be told apart, it stands before the last “@”.
+/// The typed address without its password, which must not appear in a log. If the password cannot
+/// be told apart, everything before the last “@” counts as one.
 QString withoutUser(const QString &address)
 {
     const QUrl url(address);

@@ -10,7 +10,7 @@ class QProcessEnvironment;
 
 namespace quorvel {
 
-/// An address that a variable names and that the program does not send the user's position to.
+/// A variable names an address that must not get the user's position.
 class EndpointError final : public LocalizedError
 {
 public:
@@ -23,19 +23,18 @@ private:
     QString m_address;
 };
 
-/// Where the services of the web are reached, for whoever builds the program: a mirror, or a server
-/// on this machine, that the environment names. Only https is accepted, and http that does not
-/// leave the machine.
+/// The addresses of the web services. The environment may name a mirror or a server on this
+/// machine. Only https is accepted, and http that stays on this machine.
 struct Endpoints
 {
-    /// Where an Overpass server answers queries. Absent: the public servers.
+    /// The address where an Overpass server answers queries. Absent: the public servers.
     std::optional<QUrl> places;
     /// An Open-Meteo server, without the path of the forecast. Absent: the public server.
     std::optional<QUrl> weather;
 
-    /// As QUORVEL_PLACES_ENDPOINT and QUORVEL_WEATHER_ENDPOINT say; a variable that is empty says
-    /// nothing. Throws an EndpointError for an address that is not accepted: whoever names a server
-    /// of their own does not want the public one to be asked instead.
+    /// Reads QUORVEL_PLACES_ENDPOINT and QUORVEL_WEATHER_ENDPOINT. An empty variable counts as
+    /// unset. Throws EndpointError for a refused address: a user with their own server does not
+    /// want the public one to be asked instead.
     [[nodiscard]] static Endpoints read(const QProcessEnvironment &environment);
 
     friend bool operator==(const Endpoints &, const Endpoints &) = default;

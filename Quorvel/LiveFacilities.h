@@ -10,8 +10,8 @@ namespace quorvel {
 
 struct Endpoints;
 
-/// The operating system and the web that the program runs on, for the scenes and for the commands
-/// of a terminal. None of it needs a display, and an icon that nobody clicks asks none of it.
+/// The live operating system and web, for the scenes and for the commands of a terminal. It needs
+/// no display. An icon that nobody clicks uses none of it.
 class LiveFacilities final
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] const Facilities &facilities() const { return m_facilities; }
 
-    /// Calls back once the radio is known, or that there is none to be known.
+    /// Calls back when the radio's state is known, or when it is known that there is none.
     void whenRadioIsRead(QObject *context, std::function<void()> action);
 
 private:

@@ -4,15 +4,15 @@
 
 namespace quorvel {
 
-/// A part of the program in a library of its own, brought in when it is first needed: whatever the
-/// icon alone can do without.
+/// A part of the program in a library of its own, loaded on first use: everything that the icon
+/// alone does not need.
 class ProgramModule final
 {
 public:
-    /// The path from the program's own folder.
+    /// The path relative to the program's folder.
     explicit ProgramModule(const QString &path);
 
-    /// Throws LocalizedError when the module is missing or does not fit.
+    /// Throws LocalizedError if the module is missing or does not fit.
     template <class Plugin>
     [[nodiscard]] Plugin &plugin()
     {

@@ -26,7 +26,7 @@ QuorvelApp::QuorvelApp()
     connect(&m_statusItem, &StatusItem::openRequested, this, &QuorvelApp::openPanel);
     connect(&m_traylessOpening, &TraylessOpening::openRequested, this, &QuorvelApp::openPanel);
     connect(&m_statusItem, &StatusItem::quitRequested, qApp, &QCoreApplication::quit);
-    // Once the icon is up: by the first click the desktop has told whether it is dark.
+    // After the icon is up. By the first click the desktop has told whether it is dark.
     connect(&m_statusItem, &StatusItem::isShownChanged, this, [this] { appearance(); });
 }
 
@@ -40,7 +40,7 @@ void QuorvelApp::waitUntilAsked()
 void QuorvelApp::open(const Activation &activation)
 {
     m_traylessOpening.cancel();
-    // The toolkit takes the token from here when it next asks a Wayland desktop for focus.
+    // Qt reads the token from here when it next asks a Wayland desktop for focus.
     if (!activation.token.isEmpty())
         qputenv("XDG_ACTIVATION_TOKEN", activation.token.toUtf8());
     switch (activation.request) {
@@ -68,7 +68,7 @@ void QuorvelApp::togglePanel()
     withScenes([this](Scenes &scenes) { scenes.toggleMenuBarPanel(m_statusItem.geometry()); });
 }
 
-/// A program whose scenes cannot be shown says why and goes on: its store and icon still work.
+/// If the scenes cannot be shown, the program says why and goes on: its store and icon still work.
 template <class Action>
 void QuorvelApp::withScenes(Action action)
 {

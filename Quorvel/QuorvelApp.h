@@ -16,8 +16,8 @@ namespace quorvel {
 
 class Appearance;
 
-/// The program: its one environment, the icon, and the three scenes that open from it. The only
-/// place that picks live backends.
+/// The program: its one environment, the icon, and the three scenes that open from it. Only
+/// `Quorvel/` picks live backends.
 class QuorvelApp final : public QObject
 {
     Q_OBJECT
@@ -26,10 +26,10 @@ public:
     QuorvelApp();
     ~QuorvelApp() override;
 
-    /// Opens no panel by itself, not even where no status area shows the icon.
+    /// Never opens the panel by itself, even if no status area shows the icon.
     void waitUntilAsked();
 
-    /// Shows what the desktop, or this or a later start of the program, asked for.
+    /// Shows what the desktop, or a start of the program, asked for.
     void open(const Activation &activation);
 
 private:

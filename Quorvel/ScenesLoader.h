@@ -9,14 +9,14 @@
 
 namespace quorvel {
 
-/// Brings in the module that holds the scenes, at the first of them: a program that only shows its
-/// icon is spared the QML engine and its libraries, 8 MB and a quarter of the time to start.
+/// Loads the module of the scenes with the first scene. Without it, the icon alone saves the QML
+/// engine and its libraries: 8 MB and a quarter of the start time.
 class ScenesLoader final
 {
 public:
     ScenesLoader();
 
-    /// Throws LocalizedError when the module is missing or does not fit.
+    /// Throws LocalizedError if the module is missing or does not fit.
     [[nodiscard]] std::unique_ptr<Scenes> makeScenes(AppEnvironment &environment,
                                                      Appearance &appearance);
 

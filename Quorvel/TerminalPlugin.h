@@ -7,14 +7,14 @@ namespace quorvel {
 
 class Terminal;
 
-/// The way into the module of the terminal's commands, which an icon does without.
+/// The entry of the module with the terminal's commands, which the icon does not need.
 class TerminalPlugin
 {
 public:
     virtual ~TerminalPlugin() = default;
 
-    /// Runs the command that the first argument names with the others, and gives the process's exit
-    /// status. Needs an application object, and no display.
+    /// Runs the command that the first argument names, with the other arguments. Returns the exit
+    /// status. Needs an application object, but no display.
     [[nodiscard]] virtual int run(const QStringList &arguments, Terminal &terminal) = 0;
 };
 

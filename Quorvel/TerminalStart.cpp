@@ -15,8 +15,8 @@ namespace quorvel::TerminalStart {
 
 namespace {
 
-/// Every text of ours is UTF-8. In a locale that is not, as that of a timer's job, the toolkit
-/// would choose this one itself, and complain of it among the command's output.
+/// All our texts are UTF-8. In another locale, such as that of a timer's job, Qt would choose this
+/// locale itself and complain about it in the command's output.
 void useUtf8()
 {
     const QByteArrayView codeset =
@@ -32,7 +32,7 @@ void useUtf8()
 
 int run(const QStringList &command, int &argc, char **argv)
 {
-    // Order: the streams are there before the application opens its first file.
+    // Order: create the streams before the application opens its first file.
     StandardTerminal terminal;
     useUtf8();
     const QCoreApplication application(argc, argv);

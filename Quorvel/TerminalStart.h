@@ -2,11 +2,11 @@
 
 #include <QStringList>
 
-/// A start of the program that shows nothing: no display is asked for, no icon, and no session is
-/// claimed, so that it works beside a program that runs.
+/// Runs a command of the terminal. It needs no display, shows no icon and claims no session, so it
+/// works beside a running program.
 namespace quorvel::TerminalStart {
 
-/// Runs the command with its arguments and gives the exit status of the process.
+/// Runs the command with its arguments and returns the exit status of the process.
 [[nodiscard]] int run(const QStringList &command, int &argc, char **argv);
 
 } // namespace quorvel::TerminalStart

@@ -39,8 +39,8 @@ int refuse(const char *sentence)
     return EXIT_FAILURE;
 }
 
-/// Why the program may not go on the web as it is told to; absent when it may. Said at the start,
-/// not at the first click, for whoever set the variable is watching then.
+/// Why an address in the environment is refused; absent if none is. It is reported at the start,
+/// not at the first click, because the user who set the variable is watching then.
 std::optional<EndpointError> endpointMistake()
 {
     try {
@@ -51,7 +51,7 @@ std::optional<EndpointError> endpointMistake()
     }
 }
 
-/// What a program that runs already is to open.
+/// What a running program should open.
 std::optional<Request> requestOf(CommandLine::Opening opening)
 {
     switch (opening) {
@@ -68,7 +68,7 @@ std::optional<Request> requestOf(CommandLine::Opening opening)
     Q_UNREACHABLE();
 }
 
-/// Qt ends the process with a core dump where there is no display; a sentence is kinder.
+/// Without a display Qt ends the process with a core dump. A sentence is better.
 bool hasDisplay()
 {
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
@@ -76,7 +76,7 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
-/// What the first start opens itself. Unasked, the panel opens only where no icon does.
+/// What the first start opens. Without a request, the panel opens only if no icon shows.
 void openFirst(QuorvelApp &app, CommandLine::Opening opening)
 {
     const auto request = requestOf(opening);
@@ -98,7 +98,7 @@ int runAsPrimary(SingleInstance &instance, CommandLine::Opening opening)
 
 int run(CommandLine::Opening opening)
 {
-    // Order: whoever finds the program on the bus may already ask it to end.
+    // Order: as soon as the program is on the bus, it may be asked to end.
     const TerminationListener termination;
     QObject::connect(&termination, &TerminationListener::terminationRequested, qApp,
                      &QCoreApplication::quit);

@@ -47,7 +47,7 @@ QuickScenes::QuickScenes(AppEnvironment &environment, const Facilities &faciliti
     , m_windowFacilities(windowFacilities)
 {
     // Order: before the first window. Flat shapes and text need no graphics processor, and a
-    // context on one would more than double the memory of the whole program.
+    // context on one would more than double the program's memory.
     if (QQuickWindow::sceneGraphBackend() != "software"_L1)
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     followAppearance();
@@ -77,7 +77,7 @@ bool QuickScenes::openWindow(const QString &identifier)
     return true;
 }
 
-/// Such as the QML engine, which no exception may pass.
+/// For callers such as the QML engine, which exceptions must not pass.
 void QuickScenes::openRequestedWindow(const QString &identifier)
 {
     try {

@@ -23,13 +23,13 @@ class MenuBarScene;
 class ProbeViewModel;
 struct Facilities;
 
-/// The three scenes in Qt Quick: the panel and the two windows, on one engine.
+/// The three scenes in Qt Quick, on one engine: the panel and the two windows.
 class QuickScenes final : public QObject, public Scenes
 {
     Q_OBJECT
 
 public:
-    /// All of these outlive the scenes.
+    /// All of these must outlive the scenes.
     QuickScenes(AppEnvironment &environment, const Facilities &facilities,
                 const WindowFacilities &windowFacilities);
     ~QuickScenes() override;
@@ -38,19 +38,19 @@ public:
     void openMenuBarPanel(const QRect &anchor) override;
     [[nodiscard]] bool openWindow(const QString &identifier) override;
 
-    /// Built on first use, as the windows are. Throws ViewError.
+    /// Built on first use, like the windows. Throws ViewError.
     [[nodiscard]] MenuBarPanel &menuBarPanel();
-    /// Null when no window has this identifier. Throws ViewError.
+    /// Null if no window has this identifier. Throws ViewError.
     [[nodiscard]] QQuickWindow *window(const QString &identifier);
 
-    /// The same for whoever cannot hear that it failed: the log does.
+    /// Like `openWindow`, but logs a failure instead of throwing it.
     void openRequestedWindow(const QString &identifier);
 
 signals:
     void quitRequested();
 
 private:
-    /// What the window's view requires.
+    /// The required properties of the window's view.
     [[nodiscard]] QVariantMap propertiesOf(const QString &identifier);
     [[nodiscard]] QVariant makeHistory();
     [[nodiscard]] QVariant makeProbe();
@@ -60,7 +60,7 @@ private:
     const Facilities &m_facilities;
     WindowFacilities m_windowFacilities;
     QQmlEngine m_engine;
-    // Order: what a view is bound to outlives it, and what a view model asks outlives that.
+    // Order: a view is destroyed before its view model, and a view model before its services.
     std::unique_ptr<LoopServices> m_menuBarServices;
     std::unique_ptr<MenuBarScene> m_menuBarScene;
     std::unique_ptr<MenuBarPanel> m_menuBarPanel;

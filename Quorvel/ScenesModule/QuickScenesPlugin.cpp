@@ -25,7 +25,7 @@
 namespace quorvel {
 namespace {
 
-/// What lists of windows show, in their sizes: on X11 each window carries all of it.
+/// The icon in lists of windows, in their sizes. On X11 each window carries all of them.
 QIcon windowIcon()
 {
     const QIcon installed = QIcon::fromTheme(applicationId);
@@ -35,7 +35,7 @@ QIcon windowIcon()
     return icon;
 }
 
-/// The scenes of the program, with the system that they run on.
+/// The scenes of the program, with their live facilities.
 class LiveScenes final : public Scenes
 {
 public:
@@ -58,7 +58,7 @@ public:
     {
         if (identifier != u"probe8")
             return m_scenes.openWindow(identifier);
-        // It tells at once which network there is, and a radio that is not read yet has none.
+        // The window shows the network at once, so wait until the radio is known.
         m_live.whenRadioIsRead(&m_scenes,
                                [this, identifier] { m_scenes.openRequestedWindow(identifier); });
         return true;

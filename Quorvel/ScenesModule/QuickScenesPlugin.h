@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// What the program finds when it loads the module of the scenes.
+/// The plugin object of the scenes' module.
 class QuickScenesPlugin final : public QObject, public ScenesPlugin
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A network service that takes longer than this to describe the radio is gone on without.
+/// If the network service takes longer to describe the radio, the command goes on without it.
 constexpr auto radioLimit = 1s;
 
 class SetupError final : public LocalizedError
@@ -79,13 +79,13 @@ NotificationCenter &LiveTerminal::notificationCenter()
     return NotificationCenter::standard();
 }
 
-/// A panel is there long before its user looks; a command would be done before the network service
-/// has said where the machine is joined.
+/// A panel opens long before its user looks. A command would be finished before the network service
+/// has reported the network.
 void LiveTerminal::waitForRadio()
 {
     QEventLoop wait;
     QTimer::singleShot(radioLimit, &wait, &QEventLoop::quit);
-    // Queued: the answer may be there before the loop is.
+    // Queued: the answer may come before the loop runs.
     m_live->whenRadioIsRead(&wait, [&wait] {
         QMetaObject::invokeMethod(&wait, &QEventLoop::quit, Qt::QueuedConnection);
     });

@@ -12,7 +12,7 @@
 
 namespace quorvel {
 
-/// What the commands work with on this machine. It tells the session of every visit that is saved.
+/// The live parts of the commands. It announces every stored visit to the session.
 class LiveTerminal final : public TerminalParts
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// What the program finds when it loads the module of the terminal's commands.
+/// The plugin object of the terminal's module.
 class LiveTerminalPlugin final : public QObject, public TerminalPlugin
 {
     Q_OBJECT

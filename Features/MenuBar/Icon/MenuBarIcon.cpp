@@ -17,7 +17,7 @@ namespace quorvel {
 
 namespace {
 
-// All lengths are points. The cup is drawn in its own 22 x 22; its long edges lie on whole points,
+// All lengths are points. The cup is drawn on a 22 x 22 grid. Its long edges lie on whole points,
 // so that they are sharp at scale 1.
 constexpr QPointF cupOrigin(3, 0);
 constexpr QRectF saucer(3, 19, 18, 2);
@@ -32,7 +32,7 @@ constexpr qreal dotOutline = 1.5;
 
 constexpr int faintestAlpha = 32;
 
-/// A status area takes no picture over 64 pixels wide.
+/// Status areas accept no picture wider than 64 pixels.
 constexpr qreal scales[] = {1.0, 1.5, 2.0};
 
 QPen roundPen(const QColor &colour, qreal width)
@@ -40,7 +40,7 @@ QPen roundPen(const QColor &colour, qreal width)
     return {colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
 
-/// Seen a little from above, from the far edge of its rim to its bottom.
+/// Seen slightly from above, from the far edge of its rim to its bottom.
 QPainterPath bowl(qreal halfWidth, qreal rimTop, qreal bottom)
 {
     constexpr qreal middle = 12;
@@ -49,7 +49,7 @@ QPainterPath bowl(qreal halfWidth, qreal rimTop, qreal bottom)
     constexpr qreal footInset = 3;
     const qreal left = middle - halfWidth;
     const qreal right = middle + halfWidth;
-    // A curve rises to three quarters of the way to its control points.
+    // A curve reaches three quarters of the way to its control points.
     const qreal control = rim - (rim - rimTop) * 4 / 3;
     QPainterPath path(QPointF(left, shoulder));
     path.lineTo(left, rim);
@@ -98,8 +98,8 @@ void paintDot(QPainter &painter, qreal radius)
     painter.drawEllipse(dotCentre, radius, radius);
 }
 
-/// There are status areas that show a pixel in its full colour however faint it is; of the
-/// faintest, that is not even the colour that was painted.
+/// Some status areas show even the faintest pixel in full colour. For the faintest pixels this is
+/// not even the painted colour.
 void clearFaintPixels(QImage &image)
 {
     for (int y = 0; y < image.height(); ++y) {
@@ -114,8 +114,8 @@ void clearFaintPixels(QImage &image)
 
 QPixmap MenuBarIcon::picture(qreal dotRadius, qreal scale)
 {
-    // Status areas know pixels, not points: a pixmap that says it is meant for a denser screen
-    // would be taken for another of the smallest size, and dropped.
+    // Status areas count in pixels, not points. They would take a pixmap with a device pixel ratio
+    // for another one of the smallest size, and drop it.
     QImage image((QSizeF(sizePoints) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);

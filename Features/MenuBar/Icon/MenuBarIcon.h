@@ -6,15 +6,15 @@
 
 namespace quorvel {
 
-/// Paints the picture in the status area, for `MenuBarLabel`: the coffee cup with its dot. It keeps
-/// its own colours on light and dark panels.
+/// Paints the picture in the status area, for `MenuBarLabel`: the coffee cup with its dot. Its
+/// colours are the same on light and dark panels.
 namespace MenuBarIcon {
 
 inline constexpr QSize sizePoints(28, 22);
 inline constexpr qreal normalDotRadius = 3.5;
 inline constexpr qreal largeDotRadius = normalDotRadius * 1.35;
 
-/// The picture at so many device pixels a point.
+/// The picture at this number of device pixels per point.
 [[nodiscard]] QPixmap picture(qreal dotRadius, qreal scale);
 
 /// The picture in every size that a status area asks for.

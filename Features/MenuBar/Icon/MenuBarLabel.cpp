@@ -54,8 +54,8 @@ void MenuBarLabel::showPicture()
 
 void MenuBarLabel::restWhileUnseen()
 {
-    // Deliberate: the ticker rests while no host shows the item, and while the session is locked.
-    // Nobody sees it, and the machine is spared 92 wake-ups a minute.
+    // Deliberate: the ticker rests while no host shows the item and while the session is locked.
+    // Nobody sees it then, and resting saves 92 wake-ups a minute.
     if (m_item.isShown() && !m_lock.isLocked())
         m_ticker->start();
     else

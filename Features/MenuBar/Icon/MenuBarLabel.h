@@ -9,20 +9,19 @@ namespace quorvel {
 class SessionLock;
 class StatusItem;
 
-/// The program's face in the status area: a cup whose orange dot pulses as long as somebody can
-/// see it, whatever the program does.
+/// The program in the status area: a cup with an orange dot that pulses while it is visible.
 class MenuBarLabel final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Both outlive the label.
+    /// Both must outlive the label.
     MenuBarLabel(StatusItem &item, const SessionLock &lock, QObject *parent = nullptr);
 
-    /// Which of the two pictures shows.
+    /// Which of the two pictures is shown.
     [[nodiscard]] bool enlarged() const { return m_enlarged; }
 
-    /// The two pictures; each is drawn once, on first use, and shared from then on.
+    /// The two pictures. Each is drawn once, on first use.
     [[nodiscard]] static const QIcon &normal();
     [[nodiscard]] static const QIcon &large();
 

@@ -10,7 +10,7 @@ TraylessOpening::TraylessOpening(const StatusItem &item, std::chrono::millisecon
 {
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &TraylessOpening::openRequested);
-    // An icon that was seen once will be looked for again, even if its host restarts.
+    // The user knows the icon and will look for it again, even if its host restarts.
     connect(&item, &StatusItem::isShownChanged, &m_patience, &QTimer::stop);
     if (!item.isShown())
         m_patience.start(delay);

@@ -9,21 +9,21 @@ namespace quorvel {
 
 class StatusItem;
 
-/// Asks for the panel, once, where no status area shows the icon after a start: otherwise a person
-/// who starts the program there would see nothing of it. Serves the program's entry.
+/// Asks once for the panel if no status area shows the icon after a start. Otherwise the user would
+/// see nothing. Serves the program's entry.
 class TraylessOpening final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Longer than a panel takes to register as a host, at a login with everything else going on.
+    /// Longer than a desktop's bar takes to register as a host during a busy login.
     static constexpr std::chrono::seconds patience{5};
 
-    /// The item outlives this.
+    /// The item must outlive this.
     explicit TraylessOpening(const StatusItem &item, std::chrono::milliseconds delay = patience,
                              QObject *parent = nullptr);
 
-    /// Asks no more: the person came in by another way, or wants nothing opened.
+    /// Never asks from now on: the user came in another way, or wants nothing to open.
     void cancel() { m_patience.stop(); }
 
 signals:

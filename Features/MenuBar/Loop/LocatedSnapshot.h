@@ -9,15 +9,15 @@
 
 namespace quorvel {
 
-/// What one round of the daily loop found out, for the check-in screen.
+/// The result of one round of the daily loop, for the check-in screen.
 struct LocatedSnapshot
 {
-    /// The café that the visit is about; absent when none could be found.
+    /// The café of the visit; absent if none was found.
     std::optional<PlaceCandidate> selectedCafe = {};
     std::vector<PlaceCandidate> nearbyCandidates = {}; ///< nearest first
-    /// At the café that was found nearest; absent when unavailable.
+    /// The weather at the nearest café; absent if unavailable.
     std::optional<WeatherSnapshot> weather = {};
-    /// The network that the machine is joined to, with its strength.
+    /// The network that the machine is on, with its strength.
     std::optional<QString> ssid = {};
     bool hasRememberedPassword = false; ///< whether our keychain has that network's password
     std::optional<WifiSignal> signal = {};

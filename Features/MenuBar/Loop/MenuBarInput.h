@@ -6,25 +6,25 @@
 
 namespace quorvel {
 
-/// What the panel's screens can ask of the daily loop.
+/// The panel's requests to the daily loop.
 class MenuBarInput final
 {
 public:
     enum class Case { SelectCafe, Start, Retry, Cancel };
 
-    /// The visit is about this café.
+    /// The user chose this café.
     [[nodiscard]] static MenuBarInput selectCafe(PlaceCandidate candidate)
     {
         return {Case::SelectCafe, std::move(candidate)};
     }
-    /// The panel opens: what is known may do.
+    /// The panel opened. A cached result is good enough.
     [[nodiscard]] static MenuBarInput start() { return {Case::Start, {}}; }
-    /// What is known will not do.
+    /// The user wants a new result.
     [[nodiscard]] static MenuBarInput retry() { return {Case::Retry, {}}; }
     [[nodiscard]] static MenuBarInput cancel() { return {Case::Cancel, {}}; }
 
     [[nodiscard]] Case kind() const { return m_kind; }
-    /// Empty but for `selectCafe`.
+    /// Empty unless the input is `selectCafe`.
     [[nodiscard]] const PlaceCandidate &candidate() const { return m_candidate; }
 
     friend bool operator==(const MenuBarInput &, const MenuBarInput &) = default;

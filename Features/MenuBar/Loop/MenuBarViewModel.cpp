@@ -40,19 +40,19 @@ Task<std::optional<Location>> locationOrNone(LocationService *service)
         const auto location = co_await service->currentLocation();
         co_return location;
     } catch (const AppError &) {
-        // Silent: the loop has a fallback for every place that it does not know.
+        // Silent: the loop has a fallback for an unknown position.
     }
     co_return std::nullopt;
 }
 
-/// Nearest first; none, too, when the search failed.
+/// Nearest first. Empty also if the search failed.
 Task<std::vector<PlaceCandidate>> cafesWithinRadius(PlacesService *service, Coordinate around)
 {
     try {
         auto found = co_await service->nearbyCafes(around, radiusMeters);
         co_return PlacesRanking::sortedWithinRadius(std::move(found), radiusMeters);
     } catch (const AppError &) {
-        // Silent: a search that failed is answered like one that found nothing.
+        // Silent: a failed search has the same result as one that finds nothing.
     }
     co_return std::vector<PlaceCandidate>();
 }
@@ -70,8 +70,8 @@ Task<std::optional<WeatherSnapshot>> weatherOrNone(WeatherService *service, Coor
 
 } // namespace
 
-/// A load under way. It holds its view model weakly and asks, after every wait, whether it is still
-/// the one to write.
+/// A running load. It holds its view model weakly. After every wait it checks whether it is still
+/// the newest load.
 struct MenuBarViewModel::Load
 {
     QPointer<MenuBarViewModel> viewModel;
@@ -79,7 +79,7 @@ struct MenuBarViewModel::Load
     bool needsFresh;
 
     [[nodiscard]] bool isOver() const { return !viewModel || stop.stop_requested(); }
-    /// Whether what is on screen is good enough when the load finds nothing better.
+    /// Whether the shown result may stay if the load finds nothing better.
     [[nodiscard]] bool keepsCache() const
     {
         return !needsFresh && viewModel->m_lastSnapshot.isLoaded();
@@ -187,7 +187,7 @@ Task<> MenuBarViewModel::loadDetails(Load load, std::vector<PlaceCandidate> cand
 {
     auto *service = &load.viewModel->m_services.weather;
     auto weatherTask = weatherOrNone(service, candidates.front().coordinate());
-    // Order: the name is read while the weather is on its way, the rest once it is there.
+    // Order: read the network's name while the weather is requested, and the rest after that.
     const auto ssid = load.viewModel->m_services.wifi.currentSSID();
     const auto weather = co_await weatherTask;
     if (load.isOver())
@@ -197,7 +197,7 @@ Task<> MenuBarViewModel::loadDetails(Load load, std::vector<PlaceCandidate> cand
     snapshot.selectedCafe = candidates.front();
     snapshot.nearbyCandidates = std::move(candidates);
     snapshot.weather = weather;
-    // Order: whoever hears of the new state may send at once, and finds the cache complete.
+    // Order: complete the cache first, since a receiver of the new state may send at once.
     self.m_lastSnapshot = State::loaded(std::move(snapshot));
     self.m_lastLocation = location;
     self.m_lastSnapshotAt = self.m_clock.now();
@@ -209,8 +209,8 @@ void MenuBarViewModel::selectCafe(const PlaceCandidate &candidate)
     const auto *shown = m_state.loadedValue();
     if (!shown)
         return;
-    // Deliberate: the weather stays the nearest café's, and a snapshot that was a fallback is as
-    // good as any from now on.
+    // Deliberate: the weather stays that of the nearest café. A fallback snapshot counts as a full
+    // one from now on.
     auto snapshot = *shown;
     snapshot.selectedCafe = candidate;
     m_lastSnapshot = State::loaded(std::move(snapshot));

@@ -16,24 +16,23 @@
 
 namespace quorvel {
 
-/// The daily loop behind the panel: where the user is, in which café, what the weather there is and
-/// which network they are on. Reuses what it found for ten minutes and a hundred metres, and falls
-/// back to a snapshot without a café. Main thread only.
+/// The daily loop behind the panel: the user's position, café, weather and network. It reuses a
+/// result for ten minutes and a hundred metres, and falls back to a snapshot without a café. Main
+/// thread only.
 class MenuBarViewModel final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The clock outlives the view model.
+    /// The clock must outlive the view model.
     MenuBarViewModel(const Services &services, const Clock &clock, QObject *parent = nullptr);
     ~MenuBarViewModel() override;
 
-    /// Ends the load that runs, and acts in a turn of the event loop of its own: the newest input
-    /// wins.
+    /// Ends the running load, and acts in its own turn of the event loop. The newest input wins.
     void send(const MenuBarInput &input);
 
     [[nodiscard]] const ViewState<LocatedSnapshot> &state() const { return m_state; }
-    /// Whether a load runs, also behind what is shown meanwhile.
+    /// Whether a load runs, even while an older result is shown.
     [[nodiscard]] bool isLocating() const { return m_isLocating; }
 
 signals:
@@ -67,8 +66,7 @@ private:
     std::stop_source m_loadTask;
     bool m_isLocating = false;
 
-    /// The last state with a snapshot that was no fallback, with the place and time of its making;
-    /// idle before.
+    /// The last state with a full snapshot, with its position and time; idle before.
     ViewState<LocatedSnapshot> m_lastSnapshot = ViewState<LocatedSnapshot>::idle();
     std::optional<Location> m_lastLocation;
     std::optional<Instant> m_lastSnapshotAt;

@@ -9,9 +9,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A network that is told of twice, or whose names cannot be looked up yet, gets so long.
+/// The wait for repeated signals, and for a network whose names cannot be resolved yet.
 constexpr std::chrono::milliseconds networkInterval = 1s;
-/// The network follows the radio, and the machine, after a while: that is one return.
+/// The network returns some time after the radio or the machine. All of that is one return.
 constexpr std::chrono::milliseconds radioInterval = 8s;
 
 std::chrono::milliseconds settlingAfter(Returning what)
@@ -54,7 +54,7 @@ void SecondLook::disappear()
 
 void SecondLook::reconsider()
 {
-    // Not at once: who leaves one field is often on the way to another.
+    // Not at once: a user who leaves a field is often on the way to another one.
     if (m_isDue && !m_settling->isActive())
         m_settling->start(networkInterval);
 }
@@ -82,7 +82,7 @@ void SecondLook::followWhileItMatters()
 
 void SecondLook::look()
 {
-    // What comes back during a load may have come too late for it, and waits for its end.
+    // A return during a load may be too late for that load, so it waits for the load's end.
     if (!m_isDue || m_viewModel.isLocating() || !m_mayInterrupt())
         return;
     m_isDue = false;
@@ -101,7 +101,7 @@ bool SecondLook::isLacking() const
         return false;
     if (!shown->selectedCafe)
         return true;
-    // A café that the user has chosen is not taken from them for the sake of its weather.
+    // Keep a café that the user has chosen, even if its weather is missing.
     const auto &candidates = shown->nearbyCandidates;
     return !shown->weather && !candidates.empty() && shown->selectedCafe == candidates.front();
 }

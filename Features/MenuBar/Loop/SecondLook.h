@@ -9,25 +9,24 @@
 
 namespace quorvel {
 
-/// Has the daily loop look again, when its result shows that something was missing and that comes
-/// back: once for each return, however often it is told. A closed panel needs none of it, since
-/// each opening looks anew.
+/// Makes the daily loop look again when something missing comes back: once per return, however
+/// often it is reported. A closed panel needs none of it, since each opening looks again.
 class SecondLook final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Whether the screen may give way to another, without taking from the user what they do in it.
+    /// Whether a new screen would not interrupt the user.
     using MayInterrupt = std::function<bool()>;
 
-    /// Both outlive this.
+    /// Both must outlive this.
     SecondLook(MenuBarViewModel &viewModel, SystemEvents &systemEvents, MayInterrupt mayInterrupt,
                QObject *parent = nullptr);
 
-    /// The panel opens, and closes.
+    /// Call them when the panel opens and closes.
     void appear();
     void disappear();
-    /// What kept it from interrupting may have ended.
+    /// The reason not to interrupt may have ended.
     void reconsider();
 
 private:
@@ -42,7 +41,7 @@ private:
     SystemEvents &m_systemEvents;
     MayInterrupt m_mayInterrupt;
     bool m_isShown = false;
-    /// Something came back that no look has been for.
+    /// Something came back, and no look has followed yet.
     bool m_isDue = false;
     QTimer *m_settling; ///< The child "settling": from the last that was told until the look.
 };
