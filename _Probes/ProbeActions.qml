@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.Probes
 
-// What can be asked of the services one by one.
+// The separate requests to the services.
 Flow {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.Probes
 
-// The diagnostics: the daily loop on top, then the actions, and below them what they answered.
+// The diagnostics: the daily loop on top, then the actions, then the log.
 FocusScope {
     id: root
 

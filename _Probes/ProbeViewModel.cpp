@@ -40,7 +40,7 @@ ProbeViewModel::ProbeViewModel(const Services &actions, const Services &loop,
     , m_loop(loop, facilities.clock)
     , m_authStatus(m_facilities.makeLocationManager()->authorizationStatus())
 {
-    // Order: the name before anything that has to do with the position.
+    // Order: read the name before anything about the position.
     m_ssidBefore = readSSID(u"before"_s);
     m_authStatus = m_facilities.makeLocationManager()->authorizationStatus();
     append(u"Auth status on launch: "_s + ProbeTexts::authorization(m_authStatus), Kind::Normal);
@@ -133,7 +133,7 @@ Task<> ProbeViewModel::search(QPointer<ProbeViewModel> self, Coordinate around)
     emit self->changed();
 }
 
-/// Tells it, too. "(nil)" without a network.
+/// Also writes it to the log. "(nil)" without a network.
 QString ProbeViewModel::readSSID(const QString &when)
 {
     const auto ssid = m_actions.wifi.currentSSID();

@@ -23,9 +23,9 @@ class CheckIn;
 class CheckInRepository;
 class Pasteboard;
 
-/// The diagnostics by hand, for their window: what the services know at the launch, and what they
-/// answer to each action, as lines of a log. It goes on when its window closes, and ends in silence
-/// when it is destroyed itself.
+/// The diagnostics for their window: what the services know at the start, and their answers to each
+/// action, as lines of a log. It continues after its window closes, and ends silently when it is
+/// destroyed.
 class ProbeViewModel final : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ class ProbeViewModel final : public QObject
     Q_PROPERTY(QObject *log READ log CONSTANT)
 
 public:
-    /// A café that was found.
+    /// A café of the last search.
     struct Row
     {
         QString id;
@@ -49,25 +49,22 @@ public:
     };
 
     /// Reads the network's name before anything asks for the position, so that `ssidAfter` can show
-    /// whether that makes a difference.
-    ///
-    /// The loop has services of its own: it and an action may ask for the position at the same
-    /// time. The repository is null when the store could not be opened, and then the error says
-    /// why. All of these outlive the view model.
+    /// a difference. The loop has its own services, since it and an action may ask for the position
+    /// at the same time. The repository is null if the store could not be opened; the error then
+    /// says why. All of these must outlive the view model.
     ProbeViewModel(const Services &actions, const Services &loop, CheckInRepository *repository,
                    const QString &setupError, const Facilities &facilities, Pasteboard &pasteboard,
                    QObject *parent = nullptr);
 
-    /// One position, and then the network's name again. Ignored while it is under way.
+    /// Asks for one position, then for the network's name again. Ignored while it runs.
     Q_INVOKABLE void locate();
-    /// The cafés around the last position, as the service gives them. Ignored while it is under
-    /// way.
+    /// Lists the cafés around the last position, in the service's order. Ignored while it runs.
     Q_INVOKABLE void searchCafes();
     Q_INVOKABLE void readCheckIns();
-    /// The log, as far as a stranger may read it, to be pasted.
+    /// Copies the log without private data.
     Q_INVOKABLE void copyLog();
 
-    /// The daily loop, driven by hand as well.
+    /// The daily loop under manual control.
     [[nodiscard]] MenuBarViewModelProbe *loop() { return &m_loop; }
     [[nodiscard]] AuthorizationStatus authStatus() const { return m_authStatus; }
     [[nodiscard]] const QString &coordinates() const { return m_coordinates; }
@@ -77,12 +74,12 @@ public:
     [[nodiscard]] const QList<Row> &cafes() const { return m_cafes; }
     [[nodiscard]] bool isLocating() const { return m_isLocating; }
     [[nodiscard]] bool isSearching() const { return m_isSearching; }
-    /// Whether locating made a difference to the network's name; empty before.
+    /// Whether locating changed the network's name; empty before.
     [[nodiscard]] const QString &verdict() const { return m_verdict; }
     [[nodiscard]] const QList<LogLine> &logLines() const { return m_log.records(); }
     [[nodiscard]] RecordListModel<LogLine> *log() { return &m_log; }
     [[nodiscard]] int checkInCount() const { return m_checkInCount; }
-    /// Newest first: when, and where.
+    /// Newest first: time and café.
     [[nodiscard]] const QStringList &recentCheckIns() const { return m_recentCheckIns; }
 
 signals:
@@ -121,7 +118,7 @@ private:
 
     bool m_isSearching = false;
     std::optional<Coordinate> m_position;
-    /// Of networks and cafés: no stranger is to read them.
+    /// Names of networks and cafés, which no stranger may read.
     QStringList m_names;
 };
 

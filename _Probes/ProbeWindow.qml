@@ -4,8 +4,8 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.Probes
 
-// The window that runs the daily loop step by step, and asks the services by hand. What is under
-// way when it closes goes on, and is in the log when it opens again.
+// The window that runs the daily loop step by step and asks each service. Work continues after the
+// window closes, and its log is there when the window opens again.
 Window {
     id: root
 
@@ -16,7 +16,7 @@ Window {
     minimumHeight: 400
     minimumWidth: 420
     objectName: "ProbeWindow"
-    // Deliberate: the trailing digit belongs to the name.
+    // Deliberate: the trailing digit is part of the name.
     title: "Probe8"
     width: 560
 

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// In front of what an option does.
+/// The indent of an option's description.
 constexpr int helpColumn = 26;
 
 const CommandSyntax::Option &helpOption()
@@ -34,7 +34,7 @@ const CommandSyntax::Option &optionNamed(const CommandSyntax &syntax, const QStr
     return *found;
 }
 
-/// "--option=value" as two.
+/// Splits "--option=value" into two arguments.
 struct Typed
 {
     QString name;

@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// Arguments that a command does not understand, in a line for whoever typed them.
+/// A command does not understand its arguments. The description is one line for the user.
 class UsageError final : public LocalizedError
 {
 public:
@@ -24,7 +24,7 @@ private:
     QString m_reason;
 };
 
-/// What a command takes, and what its help says.
+/// The arguments that a command accepts, with the texts of its help.
 struct CommandSyntax
 {
     struct Option
@@ -39,22 +39,22 @@ struct CommandSyntax
     QList<Option> options;
     QString details; ///< whole lines
 
-    /// The command's own page.
+    /// The help page of the command.
     [[nodiscard]] QString help() const;
 };
 
-/// The options of one start of a command, read by its syntax. QCommandLineParser forgets the order
-/// of the arguments, takes "--" and words its refusals itself.
+/// The options of one call of a command. QCommandLineParser forgets the order of the arguments,
+/// accepts "--", and has its own error messages.
 class CommandArguments final
 {
 public:
-    /// Reads up to "--help". Throws UsageError: for an option that is unknown or given twice, a
-    /// value that is missing or not wanted, and for anything that is no option.
+    /// Parses up to "--help". Throws UsageError for an unknown or repeated option, for a missing or
+    /// unwanted value, and for anything that is not an option.
     [[nodiscard]] static CommandArguments parse(const CommandSyntax &syntax,
                                                 const QStringList &arguments);
 
     [[nodiscard]] bool has(const QString &option) const { return m_values.contains(option); }
-    /// Nothing when the option was not given.
+    /// Nothing if the option was not given.
     [[nodiscard]] std::optional<QString> value(const QString &option) const;
 
 private:

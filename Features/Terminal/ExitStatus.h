@@ -6,19 +6,19 @@ namespace quorvel {
 
 class Terminal;
 
-/// How a command ended, for scripts: the numbers are a promise.
+/// How a command ended, for scripts. The numbers are a promise.
 enum class ExitStatus {
     Done = 0,
-    /// What went wrong stands on standard error.
+    /// Standard error says what went wrong.
     Failure = 1,
     Usage = 2,
     LocationDenied = 3,
-    /// None was found near, or the position or the map could not be had.
+    /// None within reach, or the position or the map is not available.
     NoCafe = 4,
     AlreadyCheckedIn = 5,
 };
 
-/// Says on standard error what went wrong, in one line that gives the terminal no orders.
+/// Reports a failure on standard error, in one printable line.
 void complain(Terminal &terminal, const QString &sentence);
 
 } // namespace quorvel

@@ -15,10 +15,10 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto progressStep = 1s;
-/// To the beginning of the line, which is emptied.
+/// Moves to the beginning of the line and clears it.
 constexpr auto takeLineBack = "\r\x1b[K";
 
-/// A line that says that something goes on, and for how long.
+/// A line that shows that the command is waiting, and for how long.
 class ProgressLine final
 {
 public:
@@ -55,7 +55,7 @@ private:
     int m_seconds = 0;
 };
 
-/// Sends, and waits for what becomes of it.
+/// Sends the input and waits for its result.
 ViewState<LocatedSnapshot> answerTo(const MenuBarInput &input, MenuBarViewModel &viewModel)
 {
     QEventLoop wait;

@@ -7,12 +7,12 @@ namespace quorvel {
 
 class Terminal;
 
-/// Runs the daily loop once, to its end, and returns what it published. Whoever watches the
-/// terminal sees that it goes on; nothing of that stays on the screen.
+/// Runs the daily loop once and returns its result. On a terminal it shows progress, and removes it
+/// at the end.
 [[nodiscard]] ViewState<LocatedSnapshot> locateOnce(MenuBarViewModel &viewModel,
                                                     Terminal &terminal);
 
-/// Has the loop choose a café other than the one it has, and returns what it published.
+/// Makes the loop choose another café, and returns its result.
 [[nodiscard]] ViewState<LocatedSnapshot> selectOnce(MenuBarViewModel &viewModel,
                                                     const PlaceCandidate &candidate);
 

@@ -8,11 +8,11 @@
 
 #include <optional>
 
-/// What the daily loop found, as other programs read it. The keys are a promise: what is there
-/// keeps its name and its kind, what is absent is null, and only new keys may come.
+/// The daily loop's result as JSON for other programs. The keys are a promise: a key keeps its name
+/// and type, an absent value is null, and we only add keys.
 namespace quorvel::LocatedJson {
 
-/// Of a loop that has ended.
+/// For a loop that has ended.
 [[nodiscard]] QJsonObject result(const ViewState<LocatedSnapshot> &state);
 
 [[nodiscard]] QJsonValue cafe(const std::optional<PlaceCandidate> &candidate);

@@ -6,11 +6,11 @@
 
 #include <QStringList>
 
-/// All that the program does in a terminal.
+/// All commands of the terminal.
 namespace quorvel::TerminalCommands {
 
-/// Runs the command that the first argument names with the others, and says on standard error what
-/// keeps it from its end.
+/// Runs the command that the first argument names, with the other arguments. Reports failures on
+/// standard error.
 [[nodiscard]] ExitStatus run(const QStringList &arguments, Terminal &terminal,
                              TerminalParts &parts);
 

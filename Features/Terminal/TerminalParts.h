@@ -9,16 +9,16 @@ class Clock;
 class FileManager;
 class NotificationCenter;
 
-/// The parts of the program that a command of the terminal works with. Each is made when a command
-/// first asks for it, so that the history waits for no service.
+/// The parts of the program that commands use. Each is made when a command first asks for it, so
+/// that the history waits for no service.
 class TerminalParts
 {
 public:
     virtual ~TerminalParts() = default;
 
-    /// Throws LocalizedError when the store cannot be opened.
+    /// Throws LocalizedError if the store cannot be opened.
     [[nodiscard]] virtual CheckInRepository &repository() = 0;
-    /// Once the machine's radio is known. Throws LocalizedError.
+    /// Returns once the radio's state is known. Throws LocalizedError.
     [[nodiscard]] virtual Services services() = 0;
     [[nodiscard]] virtual const FileManager &fileManager() = 0;
     [[nodiscard]] virtual const Clock &clock() = 0;

@@ -5,7 +5,7 @@
 
 namespace quorvel {
 
-/// One step that the diagnostics took, for their log.
+/// One line in the log of the diagnostics.
 struct LogLine
 {
     Q_GADGET
@@ -20,13 +20,13 @@ public:
     int number = 0; ///< from the launch on
     QString text = {};
     Kind kind = Kind::Normal;
-    /// The same for a stranger's eyes; see ShareableText.
+    /// The same text without private data; see ShareableText.
     QString shareableText = {};
 
     [[nodiscard]] int id() const { return number; }
     [[nodiscard]] bool isSuccess() const { return kind == Kind::Success; }
     [[nodiscard]] bool isError() const { return kind == Kind::Error; }
-    /// Stands above the steps of one action.
+    /// The heading of one action's steps.
     [[nodiscard]] bool isSeparator() const { return kind == Kind::Separator; }
 
     friend bool operator==(const LogLine &, const LogLine &) = default;

@@ -5,7 +5,7 @@ import QtQuick.Controls.Basic
 import Quorvel.DesignSystem
 import Quorvel.Probes
 
-// The log, line by line. It goes along with its end until somebody scrolls back to read.
+// The log, line by line. It follows its end until the user scrolls back.
 FocusScope {
     id: root
 
@@ -46,7 +46,7 @@ FocusScope {
         anchors.topMargin: 6
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        // None of its own: the list itself keeps the focus.
+        // The bar takes no focus; the list keeps it.
         currentIndex: -1
         focus: true
         keyNavigationEnabled: false
@@ -84,7 +84,7 @@ FocusScope {
             width: list.width - 12
         }
 
-        // How high new lines are is known only once they have been laid out.
+        // The height of new lines is known only after their layout.
         Timer {
             id: following
 

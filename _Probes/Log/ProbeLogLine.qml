@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// One step. Its kind is told by a mark, too, for whoever does not tell the colours apart.
+// One step. A mark shows its kind too, for users who cannot tell the colours apart.
 Item {
     id: root
 
@@ -13,7 +13,7 @@ Item {
     required property bool isSeparator
     readonly property real markWidth: 18
 
-    // Success is too pale a colour to read by: its mark has it, and its words stand out.
+    // The success colour is too pale for text, so only the mark has it.
     readonly property color plainColor: root.isSuccess ? Theme.color.textPrimary
                                                        : Theme.color.textSecondary
 

@@ -8,24 +8,24 @@
 
 #include <QStringList>
 
-/// What the diagnostics say, from what the services gave.
+/// The texts of the diagnostics.
 namespace quorvel::ProbeTexts {
 
-/// What stands for a network's name where there is none.
+/// The text for a missing network name.
 [[nodiscard]] QString noName();
 [[nodiscard]] QString authorization(AuthorizationStatus status);
-/// "10.77690, 106.70090", to about a metre.
+/// "10.77690, 106.70090", exact to about a metre.
 [[nodiscard]] QString position(Coordinate coordinate);
 /// "42 m"
 [[nodiscard]] QString meters(double distance);
-/// Whoever names a network or a café could otherwise write lines of their own.
+/// Otherwise a network's or a café's name could add lines of its own.
 [[nodiscard]] QString onOneLine(QString text);
-/// Whether locating made a difference to the network's name, of which either may be `noName`.
+/// Whether locating changed the network's name. Either name may be `noName`.
 [[nodiscard]] QString verdict(const QString &ssidBefore, const QString &ssidAfter);
 
-/// The state of the daily loop: in one line, or in four when something was found.
+/// The state of the daily loop: one line, or four lines with a result.
 [[nodiscard]] QString loop(const ViewState<LocatedSnapshot> &state);
-/// What the daily loop found, a line each: café, weather, network, and how many more cafés.
+/// The daily loop's result, one line each: café, weather, network, number of other cafés.
 [[nodiscard]] QStringList located(const LocatedSnapshot &snapshot);
 /// Why there is no result; empty without an error.
 [[nodiscard]] QString error(const LocalizedError *error);

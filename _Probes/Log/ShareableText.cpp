@@ -15,7 +15,7 @@ namespace {
 
 constexpr int sharedDecimals = 2;
 
-/// A coordinate just south or west of zero rounds to zero, which has no sign.
+/// A coordinate just south or west of zero rounds to zero, without a sign.
 QString rounded(double degrees)
 {
     const QString text = QString::number(degrees, 'f', sharedDecimals);
@@ -24,7 +24,7 @@ QString rounded(double degrees)
 
 QString withoutNames(QString text, QStringList names)
 {
-    // Order: a name may hold another one.
+    // Order: a name may contain another one.
     std::ranges::sort(names, std::ranges::greater(), &QString::size);
     for (const QString &name : names)
         if (!name.isEmpty())

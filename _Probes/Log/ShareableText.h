@@ -5,23 +5,23 @@
 
 #include <QStringList>
 
-/// What of the diagnostics may be sent to a stranger who helps: nothing that tells where somebody
-/// sits, or what the network there is called. Cafés have no names in it and no distances either,
-/// since three of those find the seat between them.
+/// The part of the diagnostics that may go to a stranger who helps. It does not tell where the user
+/// sits or which network is there. Cafés have neither names nor distances: three distances would
+/// reveal the seat.
 namespace quorvel::ShareableText {
 
-/// What stands where something was.
+/// The text in place of a removed one.
 [[nodiscard]] QString leftOut();
 
-/// "10.78, 106.70": a hundredth of a degree is about a kilometre, which tells the town, and whether
-/// the fix is in the right country, but no address.
+/// "10.78, 106.70": a hundredth of a degree is about a kilometre. It tells the town and whether the
+/// position is plausible, but no address.
 [[nodiscard]] QString position(Coordinate coordinate);
 
-/// A line of the log as it is copied. What is said in an error are often the system's own words.
+/// A line of the log for copying. Error texts often come from the system.
 [[nodiscard]] QString line(const LogLine &line, const QStringList &names);
 
-/// What the system said, without these names, the user's folder, the addresses of radios, and the
-/// exact digits of coordinates.
+/// The system's text without these names, the user's folder, the addresses of radios, and exact
+/// coordinates.
 [[nodiscard]] QString words(QString text, QStringList names);
 
 } // namespace quorvel::ShareableText

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.Probes
 
-// The state of one daily loop in words, and the inputs that it takes.
+// The state of one daily loop as text, and its inputs.
 FocusScope {
     id: root
 

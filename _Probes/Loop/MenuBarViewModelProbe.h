@@ -6,7 +6,7 @@
 
 namespace quorvel {
 
-/// The daily loop, driven by hand: what its state is, in words, and the inputs that it takes.
+/// One daily loop under manual control: its state as text, and its inputs.
 class MenuBarViewModelProbe final : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class MenuBarViewModelProbe final : public QObject
 public:
     MenuBarViewModelProbe(const Services &services, const Clock &clock, QObject *parent = nullptr);
 
-    /// As if the panel opened; pressed twice, the second ends the load of the first.
+    /// As if the panel opened. A second press ends the first load.
     Q_INVOKABLE void run();
     /// Offered while the state is an error.
     Q_INVOKABLE void retry();
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] bool isLoading() const { return m_vm.state().isLoading(); }
     [[nodiscard]] bool isError() const { return m_vm.state().isError(); }
     [[nodiscard]] bool isLoaded() const { return m_vm.state().isLoaded(); }
-    /// The state in one line; four when something was found.
+    /// The state in one line; in four with a result.
     [[nodiscard]] QString text() const;
 
 signals:

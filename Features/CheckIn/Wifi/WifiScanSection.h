@@ -20,10 +20,9 @@
 namespace quorvel {
 
 /// The Wi-Fi block of the check-in screen, for its view: the networks nearby, of which one row may
-/// be open, and what the user does with its password. Main thread only.
-///
-/// An answer that comes late never lands in another network's row. The keychain is asked once a
-/// network and scan, however often the rows are painted.
+/// be open, and the use of its password. Main thread only. A late answer never appears in another
+/// network's row. The keychain is asked once per network and scan, however often the rows are
+/// painted.
 class WifiScanSection final : public QObject
 {
     Q_OBJECT

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// While nothing is known yet.
+// Shown while nothing is known yet.
 Item {
     id: root
 

@@ -4,12 +4,12 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.MenuBar
 
-// The panel under the status item: header, what the state of the day calls for, footer.
+// The panel under the status item: header, content for the current state, footer.
 FocusScope {
     id: root
 
     required property MenuBarScene scene
-    // What the screen has room for.
+    // The height that the screen leaves.
     property real maximumHeight: 2000
     readonly property real contentHeight: 540
     readonly property real frameHeight: header.height + footer.height + 2
@@ -27,7 +27,7 @@ FocusScope {
 
     Keys.onEscapePressed: root.dismissRequested()
 
-    // Square and with a line around it: without a compositor anything else leaves black corners.
+    // Square, with a border: without a compositor, other shapes leave black corners.
     Rectangle {
         anchors.fill: parent
         border.color: Theme.color.borderStrong
@@ -51,7 +51,7 @@ FocusScope {
         ThemeDivider {
         }
 
-        // As high in every state: nothing moves under the pointer when one gives way to another.
+        // The same height in every state, so that nothing moves under the pointer.
         PanelContent {
             height: root.height - root.frameHeight
             scene: root.scene

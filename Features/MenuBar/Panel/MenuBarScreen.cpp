@@ -22,7 +22,7 @@ MenuBarScreen::Kind MenuBarScreen::kind() const
 {
     if (m_viewModel.state().isError())
         return Kind::Denied;
-    // Deliberate: what cannot be saved is not offered, so without a form it waits for ever.
+    // Deliberate: without a form a visit cannot be saved, so the screen stays waiting for ever.
     const bool isLocated = m_viewModel.state().isLoaded() && m_form == CheckInForm::Present;
     return isLocated ? Kind::Located : Kind::Waiting;
 }

@@ -7,8 +7,8 @@
 
 namespace quorvel {
 
-/// Which screen the panel's middle shows, for its view. The loop itself serves the terminal, too,
-/// and knows of no view.
+/// Chooses the screen in the panel's middle, for its view. The loop itself also serves the terminal
+/// and knows no view.
 class MenuBarScreen final : public QObject
 {
     Q_OBJECT
@@ -21,10 +21,10 @@ class MenuBarScreen final : public QObject
 public:
     enum class Kind { Waiting, Denied, Located };
     Q_ENUM(Kind)
-    /// Absent when there is no store to save visits in.
+    /// Absent if there is no store for visits.
     enum class CheckInForm { Absent, Present };
 
-    /// The view model outlives the screen.
+    /// The view model must outlive the screen.
     MenuBarScreen(MenuBarViewModel &viewModel, CheckInForm form, QObject *parent = nullptr);
 
     Q_INVOKABLE void retry();

@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.CheckIn
 import Quorvel.MenuBar
 
-// What the state of the daily loop calls for: waiting, the reason for nothing, or the visit.
+// The content for the state of the daily loop: waiting, an error, or the visit.
 FocusScope {
     id: root
 
@@ -20,7 +20,7 @@ FocusScope {
         visible: !root.showsDenied && !root.showsVisit
     }
 
-    // Made when it is called for; a Loader would refuse a component that is bound to its file.
+    // Created on demand. A Loader would refuse a component that is bound to its file.
     Repeater {
         model: root.showsDenied ? 1 : 0
 

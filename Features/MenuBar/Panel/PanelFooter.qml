@@ -4,7 +4,7 @@ import QtQuick
 import Quorvel.DesignSystem
 import Quorvel.MenuBar
 
-// The panel's last rows: what concerns the program, not the visit.
+// The panel's last rows, about the program and not the visit.
 Column {
     id: root
 

@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Quorvel.DesignSystem
 
-// The panel's first row: whose panel it is, and the way to the visits.
+// The panel's first row: the program's name, and the button to the visits.
 Item {
     id: root
 

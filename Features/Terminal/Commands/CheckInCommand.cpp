@@ -69,8 +69,7 @@ QString namesOf(const std::vector<PlaceCandidate> &candidates)
     return names.join(u", "_s);
 }
 
-/// The snapshot with the café that was asked for, the nearest of that name; nothing when it is not
-/// near.
+/// The snapshot with the requested café, the nearest of that name; nothing if it is not near.
 std::optional<LocatedSnapshot> choose(MenuBarViewModel &viewModel, const LocatedSnapshot &found,
                                       const std::optional<QString> &wanted)
 {
@@ -112,7 +111,7 @@ QString wordFor(ExitStatus status)
     Q_UNREACHABLE();
 }
 
-/// How the command ends, and at which café.
+/// How the command ended, and at which café.
 struct Ending
 {
     ExitStatus status;
@@ -120,7 +119,7 @@ struct Ending
     QString complaint = {};
 };
 
-/// Throws AppError when the visit cannot be stored.
+/// Throws AppError if the visit cannot be stored.
 Ending submit(CheckInViewModel &form, const LocatedSnapshot &snapshot)
 {
     form.refreshCheckedInTodayStatus(snapshot.selectedCafe);
@@ -137,7 +136,7 @@ Ending submit(CheckInViewModel &form, const LocatedSnapshot &snapshot)
 Ending checkIn(const WorkRatings &ratings, const CommandArguments &arguments, Terminal &terminal,
                TerminalParts &parts)
 {
-    // Order: what cannot be stored is not looked for.
+    // Order: open the store first. Without it there is no point in locating.
     CheckInRepository &repository = parts.repository();
     const auto services = parts.services();
     MenuBarViewModel viewModel(services, parts.clock());

@@ -5,7 +5,7 @@
 #include "Features/Terminal/TerminalParts.h"
 #include "Platform/Terminal/Terminal.h"
 
-/// "quorvel check-in": a visit from the terminal, as the form would store it.
+/// "quorvel check-in": stores a visit from the terminal, as the form does.
 namespace quorvel::CheckInCommand {
 
 [[nodiscard]] const CommandSyntax &syntax();

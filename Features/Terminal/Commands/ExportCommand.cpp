@@ -30,8 +30,8 @@ VisitExport::Format formatOf(const CommandArguments &arguments)
     return *format;
 }
 
-/// The absolute path; nothing for standard output. Only a file is ever replaced: a device or a
-/// folder is not ours to put one in its place.
+/// The absolute path; nothing for standard output. Only a file may be replaced, never a device or a
+/// folder.
 std::optional<QString> outputOf(const CommandArguments &arguments)
 {
     const auto path = arguments.value(u"--output"_s);
@@ -43,7 +43,7 @@ std::optional<QString> outputOf(const CommandArguments &arguments)
     return target.absoluteFilePath();
 }
 
-/// A file is written whole or not at all, so its text comes together first.
+/// Collects the text first, since a file is written as a whole or not at all.
 void writeFile(const Visits &visits, VisitExport::Format format, const QString &path,
                const FileManager &files)
 {

@@ -5,7 +5,7 @@
 #include "Features/Terminal/TerminalParts.h"
 #include "Platform/Terminal/Terminal.h"
 
-/// "quorvel export": all visits as a file for other programs.
+/// "quorvel export": writes all visits for other programs.
 namespace quorvel::ExportCommand {
 
 [[nodiscard]] const CommandSyntax &syntax();

@@ -28,13 +28,13 @@ namespace {
 
 constexpr auto dayFormat = "yyyy-MM-dd"_L1;
 
-/// The user's midnight at which the day begins. Noon is in the day wherever its clocks change.
+/// The midnight at which the user's day begins. Noon is in that day in every time zone.
 std::optional<Instant> startOf(const std::optional<QString> &day, const Calendar &calendar)
 {
     if (!day)
         return std::nullopt;
     const QDate date = QDate::fromString(*day, dayFormat);
-    // The format alone takes blanks and signs for digits.
+    // The format alone would accept blanks and signs as digits.
     if (!date.isValid() || date.toString(dayFormat) != *day)
         throw UsageError(u"“%1” is no day as in “2026-03-01”"_s.arg(*day));
     const qint64 inside = QDateTime(date, QTime(12, 0), calendar.timeZone()).toMSecsSinceEpoch();
@@ -50,7 +50,7 @@ HistoryViewModel::Sections sectionsOf(HistoryViewModel &viewModel)
     return *viewModel.state().loadedValue();
 }
 
-/// They are newest first, throughout.
+/// The visits are sorted newest first.
 void dropBefore(HistoryViewModel::Sections &sections, Instant start)
 {
     for (HistorySection &section : sections)

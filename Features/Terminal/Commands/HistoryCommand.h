@@ -5,7 +5,7 @@
 #include "Features/Terminal/TerminalParts.h"
 #include "Platform/Terminal/Terminal.h"
 
-/// "quorvel history": the visits, newest first.
+/// "quorvel history": lists the visits, newest first.
 namespace quorvel::HistoryCommand {
 
 [[nodiscard]] const CommandSyntax &syntax();

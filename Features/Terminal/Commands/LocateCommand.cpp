@@ -63,7 +63,7 @@ QString textOf(const LocatedSnapshot &snapshot)
     return cafeLines(snapshot) + weather + wifiLine(snapshot) + othersLines(snapshot);
 }
 
-/// What the loop's end means to a script.
+/// The exit status for the loop's result.
 ExitStatus statusOf(const ViewState<LocatedSnapshot> &state)
 {
     if (state.isError())

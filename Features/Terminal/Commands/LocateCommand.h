@@ -7,7 +7,7 @@
 #include "Features/Terminal/TerminalParts.h"
 #include "Platform/Terminal/Terminal.h"
 
-/// "quorvel locate": the daily loop without a window.
+/// "quorvel locate": runs the daily loop without a window.
 namespace quorvel::LocateCommand {
 
 [[nodiscard]] const CommandSyntax &syntax();

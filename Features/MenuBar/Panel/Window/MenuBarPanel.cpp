@@ -24,10 +24,10 @@ using namespace Qt::StringLiterals;
 namespace quorvel {
 namespace {
 
-/// Between the icon and the panel, and somewhat to the sides of that.
+/// The gap between the icon and the panel, and the margin at the sides.
 constexpr int wayPoints = 24;
 
-/// Wayland lets no program choose the place of its windows, nor tells it where the pointer is.
+/// On Wayland a program can neither place its windows nor know where the pointer is.
 bool isPlacedByDesktop()
 {
     return QGuiApplication::platformName().startsWith(u"wayland");
@@ -92,8 +92,8 @@ void MenuBarPanel::close()
 void MenuBarPanel::setUpWindow()
 {
     m_window->setTitle(u"Quorvel"_s);
-    // A popup would get neither the focus nor a grab from Qt, and so no Escape and no way to
-    // notice a click elsewhere.
+    // A popup would get neither the focus nor a grab from Qt, so it would miss Escape and clicks
+    // elsewhere.
     m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     const auto paint = [this] { m_window->setColor(Theme::shared().color()->background()); };
     connect(Theme::shared().color(), &ThemeColor::changed, this, paint);
@@ -105,7 +105,7 @@ void MenuBarPanel::setUpWindow()
     auto *watch = new PanelFocusWatch(
         *m_window, [this] { return isOnTheWay(); }, PanelFocusWatch::defaultPatience, this);
     connect(watch, &PanelFocusWatch::lost, this, &MenuBarPanel::closeOnFocusLoss);
-    // Queued: the toolkit moves the windows of a screen that goes away itself, and to any place.
+    // Queued: Qt itself moves the windows of a removed screen, and to any place.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &MenuBarPanel::placeAnew,
             Qt::QueuedConnection);
 }

@@ -15,21 +15,21 @@ namespace quorvel {
 
 class MenuBarScene;
 
-/// The window that drops down from the status item, with the scene in it: opens, places and closes
-/// it. Kept alive while hidden, so that opening again takes one frame.
+/// The window under the status item, with the scene in it: opens, places and closes it. It stays
+/// alive while hidden, so that opening it again takes one frame.
 class MenuBarPanel final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The scene outlives the panel. Throws ViewError.
+    /// The scene must outlive the panel. Throws ViewError.
     MenuBarPanel(QQmlEngine &engine, MenuBarScene &scene,
                  PanelToggleGuard guard = PanelToggleGuard());
     ~MenuBarPanel() override;
 
-    /// A click on the status item. `anchor` is where the item is, or empty.
+    /// A click on the status item. `anchor` is the item's place, or empty.
     void toggle(const QRect &anchor);
-    /// Shows the panel, or brings it to the front.
+    /// Shows the panel or brings it to the front.
     void open(const QRect &anchor);
     Q_SLOT void close();
 

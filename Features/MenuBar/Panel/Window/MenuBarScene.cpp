@@ -58,7 +58,7 @@ void MenuBarScene::setLaunchAtLogin(bool enabled)
     try {
         LaunchAtLogin::setEnabled(enabled, m_window.loginItem);
     } catch (const LocalizedError &) {
-        // Silent: the switch, which stays where it was, is the answer.
+        // Silent: the switch stays where it was, which tells the user enough.
     }
     readLoginItem();
 }

@@ -15,8 +15,8 @@
 
 namespace quorvel {
 
-/// What `MenuBarRootView` is made of but for its looks: the view models of the panel, and the
-/// screens that show them. Serves the panel; as long-lived as it.
+/// Everything in `MenuBarRootView` except its look: the panel's view models, and the screens that
+/// show them. It lives as long as the panel.
 class MenuBarScene final : public QObject
 {
     Q_OBJECT
@@ -29,27 +29,28 @@ class MenuBarScene final : public QObject
         bool launchAtLoginEnabled READ launchAtLoginEnabled NOTIFY launchAtLoginEnabledChanged)
 
 public:
-    /// The repository is null when the store could not be opened. All of these outlive the scene.
+    /// The repository is null if the store could not be opened. All of these must outlive the
+    /// scene.
     MenuBarScene(CheckInRepository *checkInRepository, const Services &services,
                  const WindowFacilities &window, const Clock &clock,
                  NotificationCenter &notificationCenter, QObject *parent = nullptr);
     ~MenuBarScene() override;
 
-    /// The panel opens: locates, and on the first time makes the form, if there is a store for it.
+    /// The panel opens: locates and, the first time, creates the form if there is a store.
     void appear();
-    /// It closes: nobody waits for anything any more.
+    /// The panel closes: nobody waits for anything any more.
     void disappear();
 
     Q_INVOKABLE void openSystemSettings();
-    /// Asks the desktop for the change, then shows what came of it.
+    /// Asks the desktop for the change, then shows the result.
     Q_INVOKABLE void setLaunchAtLogin(bool enabled);
 
     [[nodiscard]] MenuBarScreen *screen() { return &m_screen; }
     /// Null without a store, and before the first appearance.
     [[nodiscard]] LocatedScreen *located() { return m_located.get(); }
-    /// Whether the settings could not be opened since the panel was.
+    /// Whether opening the settings has failed since the panel opened.
     [[nodiscard]] bool lacksSettings() const { return m_lacksSettings; }
-    /// As the login item was when it was last read: at each opening, and after each change.
+    /// The login item's state when it was last read: at each opening and after each change.
     [[nodiscard]] bool launchAtLoginEnabled() const { return m_launchAtLoginEnabled; }
 
 signals:

@@ -9,7 +9,7 @@ namespace quorvel {
 
 namespace {
 
-/// What a window may take to be shown and to get the focus, on a machine that is busy.
+/// The time that a window may take to show and to get the focus, on a busy machine.
 constexpr int patiencesUntilFocus = 4;
 
 } // namespace
@@ -34,7 +34,7 @@ bool PanelFocusWatch::eventFilter(QObject *, QEvent *event)
     switch (event->type()) {
     case QEvent::Show:
         m_isReached = false;
-        // The focus can have come and gone before the toolkit looks, and then it tells of neither.
+        // The focus may come and go before Qt looks. Then Qt reports neither.
         if (m_isOnTheWay())
             m_patience->start(patiencesUntilFocus * m_limit);
         break;

@@ -11,9 +11,9 @@ class QWindow;
 
 namespace quorvel {
 
-/// Tells `MenuBarPanel` that its window has lost the focus for good. A focus that follows the
-/// pointer falls on whatever lies between the icon and the panel; so as long as somebody is on the
-/// way there, and has not been in it, it has some time to come back, and even more to come at all.
+/// Tells `MenuBarPanel` when its window has lost the focus for good. If the focus follows the
+/// pointer, it falls on any window between the icon and the panel. So a user on the way gets some
+/// time to come back, and even more time to arrive at all.
 class PanelFocusWatch final : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ class PanelFocusWatch final : public QObject
 public:
     static constexpr std::chrono::milliseconds defaultPatience{3000};
 
-    /// `window` lives as long as its events are wanted.
+    /// `window` must live as long as its events are wanted.
     PanelFocusWatch(QWindow &window, std::function<bool()> isOnTheWay,
                     std::chrono::milliseconds patience = defaultPatience,
                     QObject *parent = nullptr);

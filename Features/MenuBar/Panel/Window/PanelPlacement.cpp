@@ -18,7 +18,7 @@ const ScreenArea *screenAt(QPoint point, const QList<ScreenArea> &screens)
 
 QPoint clampedInto(const QRect &area, QSize panel, QPoint corner)
 {
-    // A panel larger than the screen keeps its top left, where its header is.
+    // A panel larger than the screen keeps its top left corner visible, where its header is.
     const int lastX = std::max(area.left(), area.left() + area.width() - panel.width());
     const int lastY = std::max(area.top(), area.top() + area.height() - panel.height());
     return {std::clamp(corner.x(), area.left(), lastX), std::clamp(corner.y(), area.top(), lastY)};

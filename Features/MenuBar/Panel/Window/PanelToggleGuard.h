@@ -7,9 +7,8 @@
 
 namespace quorvel {
 
-/// Tells a click that means something from one that only echoes what just happened to the panel:
-/// a double click counts once, and the click that took the focus from the panel, and closed it so,
-/// does not open it again.
+/// Tells real clicks from echoes of a recent change: a double click counts once, and the click that
+/// closed the panel by taking its focus does not open it again.
 class PanelToggleGuard final
 {
 public:
@@ -21,10 +20,10 @@ public:
         : m_now(std::move(now))
     {}
 
-    /// Whether a click now counts; when it does, the next ones are echoes of it.
+    /// Whether a click now counts. If it does, the next clicks are echoes of it.
     [[nodiscard]] bool admitClick();
 
-    /// The panel closed because it lost the focus, perhaps to a click that is still to arrive.
+    /// The panel closed because it lost the focus, perhaps to a click that is still to come.
     void noteFocusLoss() { m_last = m_now(); }
 
 private:
