@@ -6,7 +6,7 @@
 #include "Platform/SessionLock/ScreenSaverSessionLock.h"
 #include "Platform/SingleInstance/SingleInstance.h"
 #include "Platform/StatusItem/TrayStatusItem.h"
-#include "Quorvel/ScenesLoader.h"
+#include "Quorvel/ScenesModule/ScenesLoader.h"
 
 #include <QObject>
 

@@ -6,7 +6,7 @@
 #include "Quorvel/CommandLine.h"
 #include "Quorvel/Endpoints.h"
 #include "Quorvel/QuorvelApp.h"
-#include "Quorvel/TerminalStart.h"
+#include "Quorvel/TerminalModule/TerminalStart.h"
 
 #include <QApplication>
 #include <QCoreApplication>

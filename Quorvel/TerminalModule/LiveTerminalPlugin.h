@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/Terminal/Terminal.h"
-#include "Quorvel/TerminalPlugin.h"
+#include "Quorvel/TerminalModule/TerminalPlugin.h"
 
 #include <QObject>
 

@@ -1,9 +1,9 @@
-#include "Quorvel/TerminalStart.h"
+#include "Quorvel/TerminalModule/TerminalStart.h"
 
 #include "Platform/Errors/LocalizedError.h"
 #include "Platform/Terminal/StandardTerminal.h"
 #include "Quorvel/ProgramModule.h"
-#include "Quorvel/TerminalPlugin.h"
+#include "Quorvel/TerminalModule/TerminalPlugin.h"
 
 #include <QCoreApplication>
 

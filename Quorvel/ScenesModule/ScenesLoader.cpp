@@ -1,4 +1,4 @@
-#include "Quorvel/ScenesLoader.h"
+#include "Quorvel/ScenesModule/ScenesLoader.h"
 
 #include "Core/DI/AppEnvironment.h"
 #include "Platform/Appearance/Appearance.h"
