@@ -139,9 +139,10 @@ private slots:
         QVERIFY(m_panel->text(u"stored"_s));
         m_panel->press(u"Hide password"_s);
         QVERIFY(!m_panel->text(u"stored"_s));
+        QCOMPARE(m_panel->control(u"Copy"_s)->property("symbol"), QVariant(u"doc.on.doc"_s));
         m_panel->press(u"Copy"_s);
         QCOMPARE(world().pasteboard.secret, u"stored"_s);
-        QVERIFY(m_panel->control(u"Copied!"_s));
+        QCOMPARE(m_panel->control(u"Copied!"_s)->property("symbol"), QVariant(u"checkmark"_s));
     }
 
     void theSystemFillsInWhatItKnows()
