@@ -82,7 +82,8 @@ class PrefixTest(InstallCase):
                 self.assertEqual(re.findall(r"\((?:RPATH|RUNPATH)\).*\[(.*)\]", read), looked_for)
 
     def test_the_modules_take_classes_from_the_library(self):
-        self.assertIn(f" D {TYPE_OF_ERRORS}\n", self.names(LIBRARY))
+        # gcc marks this definition as weak, clang does not.
+        self.assertRegex(self.names(LIBRARY), rf"(?m) [DV] {TYPE_OF_ERRORS}$")
         for name in MODULES:
             with self.subTest(name):
                 self.assertIn(f" U {TYPE_OF_ERRORS}\n", self.names(name))
