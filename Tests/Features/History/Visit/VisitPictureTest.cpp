@@ -227,8 +227,10 @@ private:
         history().settle();
     }
     [[nodiscard]] QQuickItem *card() { return history().shown("objectName", u"VisitCardView"_s); }
+    /// The steam of the cup rises on screen. A picture shows its beginning.
     [[nodiscard]] QImage cardOnScreen()
     {
+        QuickTest::find(card(), "periodMilliseconds", 2880.0)->setProperty("phase", 0.0);
         const QRectF place = card()->mapRectToScene({{}, card()->size()});
         return history().window().grabWindow().copy(place.toRect());
     }
